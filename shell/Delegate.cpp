@@ -1,0 +1,32 @@
+#include "shell/Delegate.h"
+
+#include "shell/Failure.h"
+
+namespace veldrin {
+
+void Delegate::fillTable(ClassTable<Delegate>& table) {
+  table.method<&Delegate::Invoke>("Invoke"_s);
+  table.method<&Delegate::IM_Invoke>("IM_Invoke"_s);
+}
+
+void Delegate::Invoke() {
+  if (target_ == nullptr) Raise<FunctionNotFoundException>();
+  target_();
+}
+
+void Delegate::IM_Invoke() {
+  if (target_ == nullptr) Raise<FunctionNotFoundException>();
+  reinterpret_cast<void (*)(Object*)>(target_)(boundObject_.get());
+}
+
+Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoker, Function target,
+                                    const Ref<Object>& boundObject, const String& signature) {
+  if (!(signature == DelegateSignature)) Raise<UnsupportedFormatException>();
+  Ref<Delegate> delegate = New<Delegate>();
+  delegate->invoking_ = invoker;
+  delegate->target_ = target;
+  delegate->boundObject_ = boundObject;
+  return delegate;
+}
+
+}  // namespace veldrin

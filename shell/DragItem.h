@@ -1,0 +1,13 @@
+#pragma once
+
+#include "shell/Described.h"
+
+namespace veldrin {
+
+/// What is dragged over a window or a control; no part of this system drags anything.
+class DragItem final : public Described<DragItem, Object> {
+ public:
+  static constexpr FixedString FullName = "DragItem";
+};
+
+}  // namespace veldrin

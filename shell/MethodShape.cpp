@@ -1,0 +1,11 @@
+#include "shell/MethodShape.h"
+
+#include "shell/Failure.h"
+
+namespace veldrin {
+
+void detail::raiseOutOfBounds() {
+  Raise<OutOfBoundsException>();
+}
+
+}  // namespace veldrin

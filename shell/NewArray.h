@@ -1,0 +1,18 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "shell/Array.h"
+#include "shell/Ref.h"
+
+namespace veldrin {
+
+/// A new array of these elements.
+template <class T>
+Ref<Array<T>> newArray(std::vector<T> elements) {
+  return Ref<Array<T>>::adopt(std::make_unique<Array<T>>(std::move(elements)).release());
+}
+
+}  // namespace veldrin

@@ -1,0 +1,45 @@
+#include "shell/Stack.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "shell/Failure.h"
+
+namespace veldrin {
+namespace {
+
+/// The highest address of the stack that can be seen: the end of the environment's last text, since
+/// the texts lie above the first frame. A text that was set since then lies elsewhere and is passed
+/// over.
+std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
+  std::uintptr_t top = frame;
+  for (char** text = environ; text != nullptr && *text != nullptr; ++text) {
+    const auto end = reinterpret_cast<std::uintptr_t>(*text + std::strlen(*text));
+    if (end > top && end - frame < size) top = end;
+  }
+  return top;
+}
+
+}  // namespace
+
+void measureStack() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return;
+  const auto frame = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+  const std::uintptr_t size = std::min<std::uintptr_t>(limit.rlim_cur, frame);
+  detail::stackLimit = stackTop(frame, size) - size + StackReserve;
+}
+
+void detail::raiseStackOverflow() {
+  // The exception is made within the reserve, where its class may have to be built first.
+  const std::uintptr_t limit = std::exchange(stackLimit, 0);
+  const Ref<StackOverflowException> exception = New<StackOverflowException>();
+  stackLimit = limit;
+  RuntimeRaiseException(exception);
+}
+
+}  // namespace veldrin

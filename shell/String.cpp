@@ -1,0 +1,55 @@
+#include "shell/String.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <memory>
+
+#include "shell/BlockPool.h"
+#include "shell/Failure.h"
+
+namespace veldrin {
+namespace {
+
+/// The least room of a sum, in bytes of text.
+constexpr std::size_t ShortSum = 32;
+
+constexpr std::size_t LargestAllocation = std::numeric_limits<std::int32_t>::max();
+
+/// Record and text block in one piece of memory, which starts at the record.
+StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
+  if (allocation > LargestAllocation) Raise<OutOfMemoryException>();
+  auto* const memory = static_cast<char*>(takeBlock(sizeof(StringRecord) + allocation));
+  return std::construct_at(reinterpret_cast<StringRecord*>(memory),
+                           StringRecord{1, static_cast<std::int32_t>(allocation), 0, encoding,
+                                        memory + sizeof(StringRecord)});
+}
+
+}  // namespace
+
+void freeStringRecord(StringRecord* string) noexcept {
+  giveBlock(string, sizeof(StringRecord) + static_cast<std::size_t>(string->allocation));
+}
+
+String::String(std::string_view text, std::uint32_t encoding) {
+  if (text.empty() && encoding == Encoding::UTF8) return;
+  record_ = makeRecord(text.size() + StringRecord::Overhead, encoding);
+  detail::append(*record_, text);
+}
+
+String detail::addToNew(String left, const String& right) {
+  const std::string_view tail = right.view();
+  if (tail.empty()) return left;
+  if (left.isEmpty()) return right;
+  const std::size_t length = left.view().size() + tail.size();
+  // Room for as much again, so that a sum of many terms is not copied once a term.
+  const std::size_t roomy = std::max(2 * length, ShortSum) + StringRecord::Overhead;
+  const std::size_t allocation =
+      roomy <= LargestAllocation ? roomy : length + StringRecord::Overhead;
+  StringRecord* const sum = makeRecord(allocation, left.encoding());
+  detail::append(*sum, left.view());
+  detail::append(*sum, tail);
+  return String::adopt(sum);
+}
+
+}  // namespace veldrin

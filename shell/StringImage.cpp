@@ -1,0 +1,131 @@
+#include "shell/StringImage.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "shell/Failure.h"
+
+namespace veldrin {
+namespace {
+
+constexpr std::size_t CountOffset = 0;
+constexpr std::size_t DataOffset = 4;
+constexpr std::size_t AllocationOffset = 8;
+constexpr std::size_t LengthOffset = 12;
+constexpr std::size_t EncodingOffset = 16;
+constexpr std::size_t TerminatorSize = 4;
+
+bool isKnownEncoding(std::uint32_t encoding) {
+  return encoding == Encoding::UTF8 || encoding == Encoding::ASCII;
+}
+
+void putWord(std::vector<std::uint8_t>& image, std::size_t value) {
+  if (value > std::numeric_limits<std::uint32_t>::max()) Raise<OutOfMemoryException>();
+  for (unsigned shift = 0; shift < 32; shift += 8) {
+    image.push_back(static_cast<std::uint8_t>(value >> shift));
+  }
+}
+
+/// Walks an image and throws the first damage; only `readStringImage` sees it.
+class Reader {
+ public:
+  Reader(std::span<const std::uint8_t> image, std::uint32_t address)
+      : image_(image), address_(address) {}
+
+  std::vector<String> strings() {
+    if (image_.empty()) return {};
+    const std::size_t count = recordCount();
+    std::vector<String> result;
+    result.reserve(count);
+    block_ = count * StringRecordSize;
+    for (std::size_t index = 0; index < count; ++index) {
+      result.push_back(string(index * StringRecordSize));
+    }
+    require(block_ == image_.size(), block_, "bytes behind the last text block");
+    return result;
+  }
+
+ private:
+  static void require(bool sound, std::size_t offset, const char* what) {
+    if (!sound) throw StringImageDamage{offset, what};
+  }
+
+  [[nodiscard]] std::uint32_t word(std::size_t offset) const {
+    require(offset + 4 <= image_.size(), std::min(offset, image_.size()),
+            "the image ends inside a record");
+    std::uint32_t value = 0;
+    for (std::size_t byte = 4; byte-- > 0;) value = value << 8 | image_[offset + byte];
+    return value;
+  }
+
+  /// The records end where the first text block begins, and the first record tells where that is.
+  [[nodiscard]] std::size_t recordCount() const {
+    const std::uint32_t records = word(DataOffset) - address_;
+    require(image_.size() <= std::numeric_limits<std::uint32_t>::max() - address_, DataOffset,
+            "addresses beyond 32 bits");
+    require(records != 0 && records % StringRecordSize == 0 && records <= image_.size(), DataOffset,
+            "the first text block does not follow a whole number of records");
+    return records / StringRecordSize;
+  }
+
+  /// The string of the record at `record`, whose text block is the next one.
+  String string(std::size_t record) {
+    require(word(record + CountOffset) == 1, record + CountOffset, "a count other than 1");
+    require(word(record + DataOffset) - address_ == block_, record + DataOffset,
+            "a text block that does not follow the one before");
+    const std::size_t length = word(record + LengthOffset);
+    require(image_.size() - block_ >= StringRecord::Overhead &&
+                length <= image_.size() - block_ - StringRecord::Overhead,
+            record + LengthOffset, "a length that leaves the image");
+    require(word(record + AllocationOffset) == length + StringRecord::Overhead,
+            record + AllocationOffset, "an allocation other than the length and 5");
+    const std::uint32_t encoding = word(record + EncodingOffset);
+    require(isKnownEncoding(encoding), record + EncodingOffset, "an unknown encoding");
+    require(image_[block_] == lengthPrefix(length), block_, "a prefix other than the length");
+    const std::size_t text = block_ + 1;
+    for (std::size_t zero = text + length; zero < text + length + TerminatorSize; ++zero) {
+      require(image_[zero] == 0, zero, "a terminator that is not zero");
+    }
+    block_ += length + StringRecord::Overhead;
+    return String({reinterpret_cast<const char*>(image_.data()) + text, length}, encoding);
+  }
+
+  std::span<const std::uint8_t> image_;
+  std::uint32_t address_;
+  std::size_t block_ = 0;  ///< where the next text block is due
+};
+
+}  // namespace
+
+std::vector<std::uint8_t> writeStringImage(std::span<const String> strings, std::uint32_t address) {
+  std::vector<std::uint8_t> image;
+  std::size_t block = address + strings.size() * StringRecordSize;
+  for (const String& string : strings) {
+    if (!isKnownEncoding(string.encoding())) Raise<UnsupportedFormatException>();
+    const std::size_t length = string.view().size();
+    putWord(image, 1);
+    putWord(image, block);
+    putWord(image, length + StringRecord::Overhead);
+    putWord(image, length);
+    putWord(image, string.encoding());
+    block += length + StringRecord::Overhead;
+  }
+  for (const String& string : strings) {
+    const std::string_view text = string.view();
+    image.push_back(lengthPrefix(text.size()));
+    image.insert(image.end(), text.begin(), text.end());
+    image.insert(image.end(), TerminatorSize, 0);
+  }
+  return image;
+}
+
+StringImageContents readStringImage(std::span<const std::uint8_t> image, std::uint32_t address) {
+  try {
+    return {Reader(image, address).strings(), std::nullopt};
+  } catch (StringImageDamage& damage) {
+    return {{}, std::move(damage)};
+  }
+}
+
+}  // namespace veldrin

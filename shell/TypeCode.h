@@ -1,0 +1,143 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <type_traits>
+
+#include "shell/Array.h"
+#include "shell/Color.h"
+#include "shell/Currency.h"
+#include "shell/FixedString.h"
+#include "shell/Ref.h"
+#include "shell/String.h"
+
+namespace veldrin {
+
+class Variant;
+
+/// The full name of an enumeration, specialised beside each that stands in a class table.
+template <class E>
+inline constexpr int EnumFullName = 0;
+
+/// The type code of a C++ type, worked out by the compiler: `TypeCode<double>::code` is "f8". A
+/// type that has none is one for which this does not compile.
+template <class T>
+struct TypeCode;
+
+namespace detail {
+template <FixedString Code>
+struct Coded {
+  static constexpr auto code = Code;
+};
+}  // namespace detail
+
+template <>
+struct TypeCode<bool> : detail::Coded<"b"> {};
+template <>
+struct TypeCode<std::int8_t> : detail::Coded<"i1"> {};
+template <>
+struct TypeCode<std::int16_t> : detail::Coded<"i2"> {};
+template <>
+struct TypeCode<std::int32_t> : detail::Coded<"i4"> {};
+template <>
+struct TypeCode<std::int64_t> : detail::Coded<"i8"> {};
+template <>
+struct TypeCode<std::uint8_t> : detail::Coded<"u1"> {};
+template <>
+struct TypeCode<std::uint16_t> : detail::Coded<"u2"> {};
+template <>
+struct TypeCode<std::uint32_t> : detail::Coded<"u4"> {};
+template <>
+struct TypeCode<std::uint64_t> : detail::Coded<"u8"> {};
+template <>
+struct TypeCode<float> : detail::Coded<"f4"> {};
+template <>
+struct TypeCode<double> : detail::Coded<"f8"> {};
+template <>
+struct TypeCode<Currency> : detail::Coded<"e"> {};
+template <>
+struct TypeCode<Color> : detail::Coded<"c"> {};
+template <>
+struct TypeCode<String> : detail::Coded<"s"> {};
+template <>
+struct TypeCode<Variant> : detail::Coded<"v"> {};
+template <>
+struct TypeCode<void*> : detail::Coded<"p"> {};
+template <>
+struct TypeCode<Ref<Object>> : detail::Coded<"o<Object>"> {};
+
+template <class T>
+struct TypeCode<Ref<T>> {
+  static constexpr auto code = FixedString("o<") + T::FullName + FixedString(">");
+};
+
+template <class T>
+struct TypeCode<Ref<Array<T>>> {
+  static constexpr auto code = FixedString("A1") + TypeCode<T>::code;
+};
+
+template <class E>
+requires std::is_enum_v<E>
+struct TypeCode<E> {
+  static constexpr auto code = TypeCode<std::underlying_type_t<E>>::code + FixedString("<") +
+                               EnumFullName<E> + FixedString(">");
+};
+
+namespace detail {
+
+/// A parameter or a result as the tables know it: by value, or by reference where the method can
+/// write to it.
+template <class T>
+using Plain = std::conditional_t<std::is_lvalue_reference_v<T> &&
+                                     !std::is_const_v<std::remove_reference_t<T>>,
+                                 T, std::remove_cvref_t<T>>;
+
+template <class T>
+constexpr auto parameterCode() {
+  if constexpr (std::is_reference_v<T>) {
+    return FixedString("&") + TypeCode<std::remove_reference_t<T>>::code;
+  } else {
+    return TypeCode<T>::code;
+  }
+}
+
+template <class T>
+constexpr auto resultCode() {
+  if constexpr (std::is_void_v<T>) {
+    return FixedString("");
+  } else {
+    return TypeCode<T>::code;
+  }
+}
+
+/// Whether the codes name numbers and nothing else, and at least one.
+constexpr bool holdsOnlyNumbers(std::string_view signature) {
+  return signature.find_first_not_of("%&if0123456789") == std::string_view::npos &&
+         signature.find_first_of("if") != std::string_view::npos;
+}
+
+}  // namespace detail
+
+/// The signature of a method with these plain types, such as "%f8%i4i4i4f8".
+template <class Result, class... Parameters>
+inline constexpr auto SignatureText = ((FixedString("%") + detail::resultCode<Result>() +
+                                        FixedString("%")) +
+                                       ... + detail::parameterCode<Parameters>());
+
+/// The signature as a constant text: of plain ASCII where it holds nothing but numbers, else of
+/// UTF-8.
+template <class Result, class... Parameters>
+constexpr StringConstant signatureOf() {
+  constexpr auto Text = SignatureText<Result, Parameters...>;
+  constexpr std::uint32_t Word =
+      detail::holdsOnlyNumbers(Text.view()) ? Encoding::ASCII : Encoding::UTF8;
+  return StringConstant(&ConstantString<Text, Word>::record);
+}
+
+/// The type code as a constant text.
+template <class T>
+constexpr StringConstant typeCodeOf() {
+  return StringConstant(&ConstantString<TypeCode<T>::code, Encoding::UTF8>::record);
+}
+
+}  // namespace veldrin
