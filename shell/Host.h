@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+
+#include "shell/Civil.h"
+
+namespace veldrin {
+
+/// How the host writes a short date: the order of the three numbers, and what stands between them.
+struct ShortDateForm {
+  enum class Order : std::uint8_t { MonthDayYear, DayMonthYear, YearMonthDay };
+
+  Order order = Order::MonthDayYear;
+  char separator = '/';  ///< one of "/", ".", "-" and a blank
+
+  bool operator==(const ShortDateForm&) const = default;
+};
+
+/// What the system asks of the machine that it runs on: its clock, its zone and its date form.
+class Host {
+ public:
+  Host(const Host&) = delete;
+  Host& operator=(const Host&) = delete;
+  virtual ~Host() = default;
+
+  /// The present moment in seconds since 1970-01-01 00:00:00 UTC.
+  [[nodiscard]] virtual std::int64_t now() const = 0;
+
+  /// A moment of the clock as the host's zone shows it.
+  [[nodiscard]] virtual CivilMoment localTime(std::int64_t moment) const = 0;
+
+  /// The zone's distance from Greenwich at a local moment, in hours, east positive, with the
+  /// daylight-saving hour where it applies.
+  [[nodiscard]] virtual double gmtOffset(const CivilMoment& moment) const = 0;
+
+  [[nodiscard]] virtual ShortDateForm shortDateForm() const = 0;
+
+ protected:
+  Host() = default;
+};
+
+}  // namespace veldrin
