@@ -1,0 +1,68 @@
+#pragma once
+
+#include "shell/Described.h"
+
+namespace veldrin {
+
+/// A kind of file that a dialog can offer. It is registered with the framework when it is first
+/// used as a filter, and again after a change.
+class FileType final : public Described<FileType, Object> {
+ public:
+  static constexpr FixedString FullName = "FileType";
+  static void fillTable(ClassTable<FileType>& table);
+
+  void Destructor() { Deregister(); }
+
+  [[nodiscard]] String Extensions() const { return mExtension; }
+  void Extensions(String extensions);
+  /// The picture of the type; there are none in this system, so it is nil.
+  [[nodiscard]] Ref<Object> Icon() const { return nullptr; }
+  [[nodiscard]] String MacCreator() const { return mMacCreator; }
+  void MacCreator(String creator);
+  [[nodiscard]] String MacType() const { return mMacType; }
+  void MacType(String type);
+  [[nodiscard]] String Name() const { return mName; }
+  void Name(String name);
+
+  /// Both types as one filter, this one's name first.
+  String Operator_Add(const Ref<FileType>& other);
+  String Operator_Add(const String& other);
+  /// Both types as one filter, the other one first.
+  String Operator_AddRight(const Ref<FileType>& other);
+  String Operator_AddRight(const String& other);
+  /// The filter of this type alone: its name, after registering it.
+  String Operator_Convert();
+
+  void Register();
+  void Deregister();
+
+ private:
+  void change(String& field, String value);
+
+  String mExtension;
+  String mMacCreator;
+  String mMacType;
+  String mName;
+  bool mRegistered = false;
+};
+
+/// What the framework knows of a registered type. An empty `extensions` says that the type declares
+/// none: the name of the file has its own.
+struct RegisteredFileType {
+  String name;
+  String creator;
+  String macType;
+  String extensions;
+};
+
+/// Makes a type known under its name, for the dialogs that get that name as a filter.
+void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
+                             const String& extensions);
+
+/// Takes the type of that name away.
+void RuntimeDeregisterFileType(const String& name);
+
+/// The type of that name, or nil.
+const RegisteredFileType* findRegisteredFileType(const String& name);
+
+}  // namespace veldrin

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <vector>
+
+#include "shell/Described.h"
+
+namespace veldrin {
+
+/// An item of a menu, a menu of items, or the root of them all, which is the menu bar.
+class MenuItem : public Described<MenuItem, Object> {
+ public:
+  static constexpr FixedString FullName = "MenuItem";
+  static void fillTable(ClassTable<MenuItem>& table);
+
+  /// Readies a new item.
+  virtual void Constructor() {}
+
+  /// Adds the item at the end of this one's children.
+  void Append(const Ref<MenuItem>& item);
+  /// The direct child of that name, or nil.
+  [[nodiscard]] Ref<MenuItem> Child(const String& name) const;
+  /// The item of that name at any depth below this one, or nil.
+  [[nodiscard]] Ref<MenuItem> _Lookup(const String& name) const;
+  /// Enables the item until the next time that items are enabled afresh.
+  void Enable() { Enabled = true; }
+
+  /// The children in their order on the screen.
+  [[nodiscard]] const std::vector<Ref<MenuItem>>& children() const { return children_; }
+  /// Whether the item is a line between others.
+  [[nodiscard]] bool isSeparator() const { return Text == "-"; }
+
+  /// A person has chosen the item: raises "Action". True if a handler says that it is done; else
+  /// what the toolkit does with the item by itself comes next.
+  bool userChose();
+
+  String Name;
+  bool AutoEnable = true;   ///< enabled by the toolkit, as far as the command can be carried out
+  String Text;              ///< "&" marks the letter of the mnemonic; "-" makes a separator
+  String KeyboardShortcut;  ///< such as "Cmd+Q"
+  bool Enabled = true;
+
+ private:
+  std::vector<Ref<MenuItem>> children_;
+};
+
+/// The item that ends the application when it is chosen.
+class QuitMenuItem final : public Described<QuitMenuItem, MenuItem> {
+ public:
+  static constexpr FixedString FullName = "QuitMenuItem";
+  static void fillTable(ClassTable<QuitMenuItem>& table);
+
+  /// The handler of "Action". Always true, for handled.
+  bool Event_Action();
+};
+
+/// The root of a tree of menus.
+class MenuBar : public Described<MenuBar, MenuItem> {
+ public:
+  static constexpr FixedString FullName = "MenuBar";
+};
+
+}  // namespace veldrin

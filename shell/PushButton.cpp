@@ -1,0 +1,13 @@
+#include "shell/PushButton.h"
+
+namespace veldrin {
+
+void PushButton::fillTable(ClassTable<PushButton>& table) {
+  table.event("Action"_s);
+  table.property<&PushButton::Caption>("Caption"_s);
+  table.property<&PushButton::Default>("Default"_s);
+  table.property<&PushButton::Cancel>("Cancel"_s);
+  fillTextStyle(table);
+}
+
+}  // namespace veldrin

@@ -1,0 +1,26 @@
+#include "shell/Runtime.h"
+
+#include <cassert>
+#include <csignal>
+
+#include "shell/Stack.h"
+#include "shell/Window.h"
+
+namespace veldrin {
+
+Runtime::Runtime(Host& machine, Toolkit& drawing) : host(machine), toolkit(drawing) {
+  assert(current_ == nullptr);
+  current_ = this;
+  measureStack();
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
+}
+
+Runtime::~Runtime() {
+  _WindowSupport.mDirtyWindows = nullptr;
+  _WindowSupport.Windows.clear();
+  application = nullptr;
+  current_ = nullptr;
+}
+
+}  // namespace veldrin

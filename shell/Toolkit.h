@@ -1,0 +1,62 @@
+#pragma once
+
+#include "shell/Ref.h"
+#include "shell/String.h"
+
+namespace veldrin {
+
+class Control;
+class FolderItem;
+class RuntimeException;
+class Window;
+
+/// What draws, asks and waits: all that the system wants of a toolkit. The controls of the window
+/// are the live state. A toolkit mirrors it: it is told here of what the program changes, and tells
+/// the controls (`TextField::userTyped` and its kin) of what a person does.
+class Toolkit {
+ public:
+  Toolkit(const Toolkit&) = delete;
+  Toolkit& operator=(const Toolkit&) = delete;
+  virtual ~Toolkit() = default;
+
+  /// A window stands with its controls and their values; the toolkit shows it if it is `Visible`.
+  virtual void windowOpened(Window& window) = 0;
+
+  /// A window has been closed and is about to give up its controls.
+  virtual void windowClosed(Window& window) = 0;
+
+  /// The program has changed the text, the tick, the rows or the selection of a control in an open
+  /// window. Everything else of a control stays as the form has it.
+  virtual void controlChanged(Control& control) = 0;
+
+  /// Which menu items are enabled has been worked out afresh. The editing commands go by the
+  /// focused field besides, as the desktop has it.
+  virtual void menuItemsEnabled() = 0;
+
+  /// Shows the modal save dialog and waits: the place that was chosen, or nil for cancelled.
+  /// `filter` names file types, joined by ";"; an existing file is confirmed in the dialog.
+  virtual Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) = 0;
+
+  /// Shows a text in a message box and returns when it has been dismissed.
+  virtual void messageBox(const String& text) = 0;
+
+  /// Runs the event loop until `quit`. What a handler raises comes out of here.
+  virtual void run() = 0;
+
+  /// Ends the event loop when the handler at hand has run to its end.
+  virtual void quit() = 0;
+
+  /// Repaints what waits for it. Called often, from inside of handlers; delivers no user input.
+  virtual void backgroundTask() = 0;
+
+  /// Reports an exception that nothing caught, to a person and to whoever reads the errors.
+  virtual void reportUnhandledException(const RuntimeException& exception) = 0;
+
+  /// Reports a fault of the build, which ends the process.
+  virtual void reportFault(const String& sentence) = 0;
+
+ protected:
+  Toolkit() = default;
+};
+
+}  // namespace veldrin
