@@ -1,0 +1,41 @@
+#include "daystatus/Veldrin.h"
+#include "shell/Text.h"
+
+namespace veldrin {
+namespace {
+
+constexpr double OneDay = 86400.0;
+
+}  // namespace
+
+void Veldrin::UpdateStatus() {
+  // The chooser's "Open" comes before the window's own, and with it an update before any day.
+  if (!statusDate || statusDate->Operator_Compare(nullptr) == 0) {
+    statusDate = newDate();
+    statusDate->Constructor();
+  }
+  const Ref<Date> day = statusDate;
+  const double latitude = Val(Latitude()->Text());
+  const double longitude = Val(Longitude()->Text());
+  const double zone = Val(TimeZone()->Text());
+  double riseTime = 0.0;
+  double setTime = 0.0;
+  DoVeldrin(latitude, longitude, day, zone, riseTime, setTime);
+  Status()->Text(ShortDate(day) + Chr(13) + "Sunrise = "_s + HHMMFormat(riseTime) + Chr(13) +
+                 "Sunset = "_s + HHMMFormat(setTime));
+}
+
+void Veldrin::stepDay(double seconds) {
+  statusDate->TotalSeconds(statusDate->TotalSeconds() + seconds);
+  UpdateStatus();
+}
+
+void Veldrin::BackOneDay_Action() {
+  stepDay(-OneDay);
+}
+
+void Veldrin::ForwardOneDay_Action() {
+  stepDay(OneDay);
+}
+
+}  // namespace veldrin
