@@ -1,0 +1,29 @@
+#include "daystatus/Veldrin.h"
+#include "shell/Mathematics.h"
+#include "shell/Runtime.h"
+#include "shell/Text.h"
+
+namespace veldrin {
+
+void Veldrin::WhichYear_Open() {
+  const Ref<Date> today = newDate();
+  today->Constructor();
+  for (std::int32_t row = 0; row <= WhichYear()->ListCount() - 1; ++row) {
+    if (Val(WhichYear()->List(row)) == RuntimeCvtSInt32ToReal64(today->Year())) {
+      // Another row raises "Change", which writes the bounds; the row that was selected does not.
+      WhichYear()->ListIndex(row);
+      SetDaylightSavingsBounds(today->Year());
+      return;
+    }
+    RuntimeBackgroundTask();
+  }
+}
+
+void Veldrin::WhichYear_Change() {
+  if (WhichYear()->ListIndex() >= 0) {
+    SetDaylightSavingsBounds(RuntimeCvtReal64ToSInt32(Val(WhichYear()->Text())));
+  }
+  UpdateStatus();
+}
+
+}  // namespace veldrin
