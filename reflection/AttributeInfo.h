@@ -1,0 +1,32 @@
+#pragma once
+
+#include <vector>
+
+#include "shell/Described.h"
+
+namespace veldrin::Introspection {
+
+/// An attribute of a class or of a member: a name and, where it has one, a value.
+class AttributeInfo : public Described<AttributeInfo, Object> {
+ public:
+  static constexpr FixedString FullName = "Introspection.AttributeInfo";
+  static void fillTable(ClassTable<AttributeInfo>& table);
+
+  void Constructor(const AttributeRow& row);
+
+  String Name;
+  Variant Value;  ///< a text, or nil
+};
+
+/// An attribute as it is made from a row.
+class AttributeInfoImp final : public Described<AttributeInfoImp, AttributeInfo> {
+ public:
+  static constexpr FixedString FullName = "Introspection.AttributeInfoImp";
+
+  void Constructor(const AttributeRow& row) { AttributeInfo::Constructor(row); }
+};
+
+/// Whether one of the attributes is "Hidden".
+bool IsHidden(const std::vector<Ref<AttributeInfo>>& attributes);
+
+}  // namespace veldrin::Introspection

@@ -1,0 +1,127 @@
+#include "reflection/ClassInfo.h"
+
+#include <utility>
+
+#include "reflection/ConstructorInfo.h"
+#include "reflection/Introspection.h"
+#include "reflection/MethodInfo.h"
+#include "reflection/NewInfo.h"
+#include "reflection/PropertyInfo.h"
+
+namespace veldrin::Introspection {
+namespace {
+
+/// A class record as a key or a value of a dictionary.
+Variant pointerTo(ClassRecord* record) {
+  return static_cast<void*>(record);
+}
+
+Ref<Dictionary> makeNameMap() {
+  Ref<Dictionary> map = New<Dictionary>();
+  for (ClassRecord* record = RuntimeGetClassList(); record != nullptr; record = record->nextClass) {
+    map->Value(record->name, pointerTo(record));
+  }
+  return map;
+}
+
+}  // namespace
+
+void ClassInfo::fillTable(ClassTable<ClassInfo>& table) {
+  table.overriding<&ClassInfo::IsSubclassOf>("IsSubclassOf"_s);
+  using ByName = Ref<ClassInfo> (*)(const String&);
+  table.sharedMethod<static_cast<ByName>(&ClassInfo::Lookup)>("Lookup"_s);
+}
+
+ClassInfo::ClassInfo() : older_(std::exchange(newest_, this)) {
+  if (older_ != nullptr) older_->newer_ = this;
+}
+
+ClassInfo::~ClassInfo() {
+  (newer_ == nullptr ? newest_ : newer_->older_) = older_;
+  if (older_ != nullptr) older_->newer_ = newer_;
+}
+
+Ref<ClassInfo> ClassInfo::Lookup(ClassRecord* record) {
+  if (!sClassRefMap) sClassRefMap = New<Dictionary>();
+  if (sClassRefMap->HasKey(pointerTo(record))) {
+    return fromVariant<Ref<ClassInfo>>(sClassRefMap->Value(pointerTo(record)));
+  }
+  Ref<ClassInfo> info = NewInfo<ClassInfo>(record);
+  if (!info->CanAccess()) info = nullptr;
+  sClassRefMap->Value(pointerTo(record), info);
+  return info;
+}
+
+Ref<ClassInfo> ClassInfo::Lookup(const String& fullName) {
+  if (!sClassFQNToRefMap) sClassFQNToRefMap = makeNameMap();
+  const Variant record = sClassFQNToRefMap->Lookup(fullName, pointerTo(nullptr));
+  return Lookup(static_cast<ClassRecord*>(fromVariant<void*>(record)));
+}
+
+void ClassInfo::finalizeClassFQNToRefMap() {
+  sClassFQNToRefMap = nullptr;
+}
+
+void ClassInfo::finalizeClassRefMap() {
+  breakRings();
+  sClassRefMap = nullptr;
+}
+
+void ClassInfo::breakRings() {
+  std::vector<Ref<ClassInfo>> all;
+  for (ClassInfo* info = newest_; info != nullptr; info = info->older_) all.emplace_back(info);
+  for (const Ref<ClassInfo>& info : all) info->__Exit();
+}
+
+void ClassInfo::Constructor(ClassRecord* record) {
+  RuntimeStackCheck();
+  mClassRef = record;
+  if (record == nullptr) {
+    mNameValue = "Object"_s;
+    return;
+  }
+  TypeInfo::Constructor(record->name);
+  // At once, so that a type which refers to itself finds itself.
+  GetFQNTypeInfoMap()->Value(mFullyQualifiedName, Ref<ClassInfo>(this));
+  mIsInterfaceTypeValue = record->isInterface;
+  mIsClassTypeValue = !record->isInterface;
+  takeMembers();
+  if (record->baseClass != nullptr) {
+    const Ref<ClassInfo> base = NewInfo<ClassInfo>(record->baseClass);
+    if (base->CanAccess()) mBasetype = base;
+  }
+  takeAttributes(record->attributeRows);
+}
+
+void ClassInfo::takeMembers() {
+  for (const PropertyRow& row : mClassRef->propertyRows) {
+    const Ref<PropertyInfo> property = NewInfo<PropertyInfoImp>(&row, mClassRef);
+    if (property->CanAccess()) mPropertyList.push_back(property);
+  }
+  mMethodList.clear();
+  mConstructorList.clear();
+  for (const MethodRow& row : mClassRef->methodRows) takeMethod(row);
+  if (mIsClassTypeValue && mConstructorList.empty()) {
+    mConstructorList.emplace_back(NewInfo<ConstructorInfoImp>(nullptr, mClassRef));
+  }
+}
+
+void ClassInfo::takeMethod(const MethodRow& row) {
+  if (row.name == "Constructor") {
+    const Ref<ConstructorInfo> constructor = NewInfo<ConstructorInfoImp>(&row, mClassRef);
+    if (constructor->CanAccess()) mConstructorList.push_back(constructor);
+  } else {
+    const Ref<MethodInfo> method = NewInfo<MethodInfoImp>(&row, mClassRef);
+    if (method->CanAccess()) mMethodList.push_back(method);
+  }
+}
+
+bool ClassInfo::IsSubclassOf(const Ref<TypeInfo>& other) const {
+  if (!RuntimeObjectIsa(other.get(), ClassInfo::__Lookup())) return false;
+  const ClassRecord* const wanted = static_cast<const ClassInfo&>(*other).mClassRef;
+  const ClassRecord* own = mClassRef;
+  while (own != nullptr && own != wanted) own = own->baseClass;
+  return own == wanted;
+}
+
+}  // namespace veldrin::Introspection

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "reflection/TypeInfo.h"
+
+namespace veldrin::Introspection {
+
+/// A type that is built in and has a name and nothing else, such as "Int32" or "String".
+class GenericPrimitiveTypeInfo : public Described<GenericPrimitiveTypeInfo, TypeInfo> {
+ public:
+  static constexpr FixedString FullName = "Introspection.GenericPrimitiveTypeInfo";
+
+  void __Init() {
+    mIsPrimitiveTypeValue = true;
+    mIsValueTypeValue = true;
+  }
+};
+
+}  // namespace veldrin::Introspection

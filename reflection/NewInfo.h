@@ -1,0 +1,17 @@
+#pragma once
+
+#include <utility>
+
+#include "shell/ClassRecord.h"
+
+namespace veldrin::Introspection {
+
+/// A new object of the class `Info`, whose `Constructor` has run with these arguments.
+template <class Info, class... Arguments>
+Ref<Info> NewInfo(Arguments&&... arguments) {
+  Ref<Info> info = New<Info>();
+  info->Constructor(std::forward<Arguments>(arguments)...);
+  return info;
+}
+
+}  // namespace veldrin::Introspection

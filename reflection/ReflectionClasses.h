@@ -1,0 +1,8 @@
+#pragma once
+
+namespace veldrin {
+
+/// Builds every class of the reflection, bases first.
+void initializeReflectionClasses();
+
+}  // namespace veldrin

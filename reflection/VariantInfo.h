@@ -1,0 +1,13 @@
+#pragma once
+
+#include "reflection/TypeInfo.h"
+
+namespace veldrin::Introspection {
+
+/// The type of a value that can be of any type.
+class VariantInfo final : public Described<VariantInfo, TypeInfo> {
+ public:
+  static constexpr FixedString FullName = "Introspection.VariantInfo";
+};
+
+}  // namespace veldrin::Introspection
