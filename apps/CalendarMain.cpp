@@ -1,0 +1,154 @@
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <system_error>
+
+#include "apps/CalendarOptions.h"
+#include "apps/VeldrinParts.h"
+#include "daystatus/Veldrin.h"
+#include "shell/Date.h"
+#include "shell/SystemHost.h"
+#include "shell/Text.h"
+#include "toolkits/headless/HeadlessToolkit.h"
+
+namespace veldrin {
+namespace {
+
+constexpr int Failed = 1;
+
+/// The standard output as a place to save to.
+class StandardOutput final : public Described<StandardOutput, FolderItem> {
+ public:
+  static constexpr FixedString FullName = "StandardOutput";
+
+  [[nodiscard]] String AbsolutePath() const override { return "standard output"_s; }
+
+  std::unique_ptr<WritableFile> create() override {
+    const int descriptor = ::dup(STDOUT_FILENO);
+    LastErrorCode = descriptor < 0 ? errno : 0;
+    return descriptor < 0 ? nullptr : openDescriptor(descriptor);
+  }
+};
+
+/// Says a sentence on the error stream, which is the last resort: nothing can be done if it fails.
+void complain(const String& sentence) {
+  static_cast<void>(std::fprintf(stderr, "%s\n", std::string(sentence.view()).c_str()));
+}
+
+void complainOfWriting(const std::string& where, const std::string& reason) {
+  static_cast<void>(std::fprintf(stderr, "veldrin-calendar: Writing to %s failed: %s.\n",
+                                 where.c_str(), reason.c_str()));
+}
+
+/// Prints on the standard output; false where that fails, which has been said by then.
+bool print(const std::string& text) {
+  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+  if (std::fflush(stdout) == 0 && written) return true;
+  complainOfWriting("standard output", std::generic_category().message(errno));
+  return false;
+}
+
+/// Chooses a year, which brings the bounds of that year, also where its row is selected already:
+/// the form opens on its first row whatever the present year is, with the bounds of the present
+/// one.
+void chooseYear(const Ref<PopupMenu>& chooser, const String& year) {
+  std::int32_t row = 0;
+  while (row < chooser->ListCount() && !(chooser->List(row) == year)) ++row;
+  if (row == chooser->ListCount()) chooser->AddRow(year);
+  if (row == chooser->ListIndex()) {
+    chooser->raiseEvent("Change"_s);
+  } else {
+    chooser->userChose(row);
+  }
+}
+
+void fill(const Ref<TextField>& field, const std::optional<std::string>& text) {
+  if (!text || field->Text() == *text) return;
+  field->userTyped(String(*text));
+  field->userLeft();
+}
+
+void tick(const Ref<CheckBox>& box, bool ticked) {
+  if (box->Value() != ticked) box->userTicked(ticked);
+}
+
+/// What a person would do in the window before pressing the button.
+void fillIn(const Ref<Veldrin>& window, const CalendarRequest& request) {
+  const Ref<Date> today = New<Date>();
+  chooseYear(window->WhichYear(), Str(request.year.value_or(today->Year())));
+  fill(window->Latitude(), request.latitude);
+  fill(window->Longitude(), request.longitude);
+  fill(window->TimeZone(), request.timeZone);
+  fill(window->DSTStart(), request.firstBound);
+  fill(window->DSTEnd(), request.secondBound);
+  tick(window->DaylightSavings(), request.daylightSaving);
+  tick(window->DownUnderFlag(), request.downUnder);
+}
+
+/// The three lines of the panel on the day, a line feed between them.
+std::string statusOf(const Ref<Veldrin>& window, const std::string& day) {
+  ParseDate(String(day), window->statusDate);
+  window->Latitude()->userLeft();
+  std::string lines(window->Status()->Text().view());
+  for (char& character : lines) character = character == '\r' ? '\n' : character;
+  return lines + "\n";
+}
+
+Ref<FolderItem> itemOf(const std::string& output) {
+  if (output == "-") return New<StandardOutput>();
+  return FolderItem::atPath(String(output));
+}
+
+int run(SystemHost& host, const CalendarRequest& request) {
+  HeadlessToolkit toolkit;
+  std::string status;
+  std::string path;
+  toolkit.job = [&] {
+    const Ref<Veldrin> window = implicit::Veldrin();
+    fillIn(window, request);
+    if (request.statusDate) {
+      status = statusOf(window, *request.statusDate);
+      return;
+    }
+    const Ref<FolderItem> item = itemOf(request.output);
+    path = item->AbsolutePath().view();
+    toolkit.saveAnswers.push_back(item);
+    window->GenerateButton()->userPressed();
+  };
+  int exitStatus = runProcess(host, toolkit, VeldrinParts);
+  for (const String& message : toolkit.messages()) {
+    complain(message);
+    exitStatus = Failed;
+  }
+  for (const HeadlessToolkit::Report& report : toolkit.reports()) {
+    if (report.className == "IOException") {
+      complainOfWriting(path, std::generic_category().message(report.errorNumber));
+    } else {
+      complain("veldrin-calendar: "_s + report.className + ", error "_s + Str(report.errorNumber) +
+               "."_s);
+    }
+  }
+  if (!print(status)) exitStatus = Failed;
+  return exitStatus;
+}
+
+int calendarMain(int count, const char* const* arguments) {
+  SystemHost host;
+  const auto read = readCommandLine(count, arguments, host.shortDateForm());
+  if (const auto* const request = std::get_if<CalendarRequest>(&read)) return run(host, *request);
+  const auto& exit = std::get<CalendarExit>(read);
+  if (exit.status != 0) {
+    static_cast<void>(std::fputs(exit.text.c_str(), stderr));
+    return exit.status;
+  }
+  return print(exit.text) ? 0 : Failed;
+}
+
+}  // namespace
+}  // namespace veldrin
+
+int main(int count, char** arguments) {
+  return veldrin::calendarMain(count, arguments);
+}

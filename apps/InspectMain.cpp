@@ -1,0 +1,183 @@
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "apps/VeldrinParts.h"
+#include "shell/ClassRecord.h"
+#include "ui/FormStreams.h"
+
+namespace veldrin {
+namespace {
+
+constexpr int Failed = 1;
+constexpr int Misused = 2;
+
+constexpr std::string_view Help =
+    R"(Usage: veldrin-inspect COMMAND
+Shows what the class tables hold.
+
+Commands:
+  classes       every class by its full name, in the order in which they were built
+  class NAME    one class, by its full name, with what it adds to its base
+  form DIR      writes the property stream of the window and of each control of its form into the
+                folder, each into a file named after its object
+
+A class is shown under these headings, all of them always there, each row a line, in the order of
+the table:
+  base:         the class that it derives from
+  attributes:   name, and value where there is one
+  events:       the events that it binds to a method of its own
+  properties:   name and type code
+  methods:      name and signature
+
+Exit status: 0, 1 where something cannot be written, 2 for a wrong command or an unknown class.
+)";
+
+/// What a command comes to: what to print, or the sentence that says why it cannot.
+struct Answer {
+  std::string output;
+  std::string complaint;
+  int status = 0;
+};
+
+Answer complaint(std::string sentence, int status = Misused) {
+  return {.output = {}, .complaint = std::move(sentence), .status = status};
+}
+
+void addLine(std::string& text, std::string_view first, std::string_view second = {}) {
+  text.append(first);
+  if (!second.empty()) text.append(" ").append(second);
+  text.append("\n");
+}
+
+/// The classes, from the one that was built first.
+std::vector<const ClassRecord*> allClasses() {
+  std::vector<const ClassRecord*> classes;
+  for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
+       record = record->nextClass) {
+    classes.push_back(record);
+  }
+  std::ranges::reverse(classes);
+  return classes;
+}
+
+/// Whether the class itself has bound the event, and not an ancestor.
+bool bindsEvent(const ClassRecord& record, std::size_t index) {
+  const Function handler = record.eventRows[index].handler;
+  if (handler == nullptr) return false;
+  const ClassRecord* const base = record.baseClass;
+  const bool inherited = base != nullptr && index < base->eventRows.size();
+  return !inherited || base->eventRows[index].handler != handler;
+}
+
+Answer showClasses(std::span<const std::string_view> /*arguments*/) {
+  Answer answer;
+  for (const ClassRecord* record : allClasses()) addLine(answer.output, record->name.view());
+  return answer;
+}
+
+std::string describe(const ClassRecord& record) {
+  std::string text = "base:\n";
+  if (record.baseClass != nullptr) addLine(text, record.baseClass->name.view());
+  text += "attributes:\n";
+  for (const AttributeRow& row : record.attributeRows) {
+    addLine(text, row.name.view(), row.value.view());
+  }
+  text += "events:\n";
+  for (std::size_t index = 0; index < record.eventRows.size(); ++index) {
+    if (bindsEvent(record, index)) addLine(text, record.eventRows[index].name.view());
+  }
+  text += "properties:\n";
+  for (const PropertyRow& row : record.ownProperties()) {
+    addLine(text, row.name.view(), row.type.view());
+  }
+  text += "methods:\n";
+  for (const MethodRow& row : record.ownMethods()) {
+    addLine(text, row.name.view(), row.signature.view());
+  }
+  return text;
+}
+
+Answer showClass(std::span<const std::string_view> arguments) {
+  const auto classes = allClasses();
+  const auto found = std::ranges::find_if(
+      classes, [&](const ClassRecord* record) { return record->name == arguments.front(); });
+  if (found != classes.end()) return {.output = describe(**found), .complaint = {}, .status = 0};
+  return complaint("There is no class \"" + std::string(arguments.front()) + "\".");
+}
+
+Answer writeForm(std::span<const std::string_view> arguments) {
+  const std::filesystem::path folder(arguments.front());
+  for (std::size_t index = 0; index < FormStreams.size(); ++index) {
+    const bool window = index == FormNames.size();
+    const std::filesystem::path path =
+        folder / (window ? std::string_view("Veldrin") : FormNames[index].view());
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    const std::string_view stream = FormStreams[index].view();
+    file.write(stream.data(), static_cast<std::streamsize>(stream.size()));
+    file.close();
+    if (!file) return complaint("Cannot write to " + path.string(), Failed);
+  }
+  return {};
+}
+
+Answer showHelp(std::span<const std::string_view> /*arguments*/) {
+  return {.output = std::string(Help), .complaint = {}, .status = 0};
+}
+
+struct Command {
+  std::string_view name;
+  std::size_t argumentCount;
+  Answer (*run)(std::span<const std::string_view> arguments);
+};
+
+constexpr std::array Commands{
+    Command{"classes", 0, showClasses},
+    Command{"class", 1, showClass},
+    Command{"form", 1, writeForm},
+    Command{"--help", 0, showHelp},
+};
+
+Answer answerTo(std::span<const std::string_view> words) {
+  if (words.empty()) return complaint("A command is missing; see --help.");
+  const auto* const command = std::ranges::find(Commands, words.front(), &Command::name);
+  if (command == Commands.end()) {
+    return complaint("There is no command \"" + std::string(words.front()) + "\"; see --help.");
+  }
+  if (words.size() - 1 != command->argumentCount) {
+    return complaint("The command \"" + std::string(command->name) +
+                     "\" takes another number of words; see --help.");
+  }
+  return command->run(words.subspan(1));
+}
+
+/// Says a sentence on the error stream, which is the last resort: nothing can be done if it fails.
+int complain(const std::string& sentence, int status) {
+  static_cast<void>(std::fprintf(stderr, "veldrin-inspect: %s\n", sentence.c_str()));
+  return status;
+}
+
+int inspectMain(std::span<char*> words) {
+  initializeClasses();
+  const std::vector<std::string_view> arguments(words.begin(), words.end());
+  const Answer answer = answerTo(arguments);
+  if (!answer.complaint.empty()) return complain(answer.complaint, answer.status);
+  const std::size_t written = std::fwrite(answer.output.data(), 1, answer.output.size(), stdout);
+  if (std::fflush(stdout) != 0 || written != answer.output.size()) {
+    return complain("The output cannot be written.", Failed);
+  }
+  return 0;
+}
+
+}  // namespace
+}  // namespace veldrin
+
+int main(int count, char** arguments) {
+  return veldrin::inspectMain(std::span(arguments, static_cast<std::size_t>(count)).subspan(1));
+}

@@ -1,0 +1,44 @@
+#include "apps/VeldrinParts.h"
+
+#include "calendar/OutputFile.h"
+#include "daystatus/Veldrin.h"
+#include "reflection/ArrayInfo.h"
+#include "reflection/ClassInfo.h"
+#include "reflection/Introspection.h"
+#include "reflection/ReflectionClasses.h"
+#include "shell/Classes.h"
+#include "shell/Runtime.h"
+#include "ui/MenuBar1.h"
+
+namespace veldrin {
+
+void initializeClasses() {
+  initializeShellClasses();
+  initializeReflectionClasses();
+  Veldrin::__ctblinit();
+  App::__ctblinit();
+  MenuBar1::__ctblinit();
+}
+
+void finalizeGlobals() {
+  Runtime& runtime = Runtime::current();
+  runtime._mImplicitWindowList = nullptr;
+  runtime._WindowSupport.mDirtyWindows = nullptr;
+  runtime._WindowSupport.Windows.clear();
+  Introspection::ArrayInfo::finalizeArrayMap();
+  Introspection::ClassInfo::finalizeClassFQNToRefMap();
+  Introspection::ClassInfo::finalizeClassRefMap();
+  MenuBar1::_implicitInstance = nullptr;
+  OutputFile::__Exit();
+  Introspection::finalizeModule();
+}
+
+const ApplicationParts VeldrinParts{
+    .initialize = initializeClasses,
+    .initFileTypes = OutputFile::_Initialize,
+    .menuBar = []() -> Ref<MenuBar> { return implicit::MenuBar1(); },
+    .makeView = [] { static_cast<void>(implicit::Veldrin()); },
+    .finalize = finalizeGlobals,
+};
+
+}  // namespace veldrin
