@@ -1,0 +1,125 @@
+// What the class tables cost: building all of them at the start, finding one, calling through one,
+// and decoding the form by them. The program fails above a limit.
+
+#include <benchmark/benchmark.h>
+#include <malloc.h>
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+#include "apps/VeldrinParts.h"
+#include "daystatus/Veldrin.h"
+#include "reflection/ClassInfo.h"
+#include "reflection/MethodInfo.h"
+#include "shell/NewArray.h"
+#include "shell/SystemHost.h"
+#include "toolkits/headless/HeadlessToolkit.h"
+#include "ui/FormStreams.h"
+#include "ui/PropertyStream.h"
+
+namespace veldrin {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr double LargestBuildTime = 1000.0;    // microseconds
+constexpr double LargestBuildMemory = 512.0;   // KiB
+constexpr double LargestInvokeRatio = 20.0;    // times a direct call
+constexpr double LargestDecodingTime = 200.0;  // microseconds
+
+bool limitBroken = false;
+
+void hold(benchmark::State& state, double value, double limit) {
+  if (value <= limit) return;
+  state.SetLabel("above the limit");
+  limitBroken = true;
+}
+
+/// Classes are built once in a process, so this is measured outside the library, before all else.
+void reportBuilding() {
+  const std::size_t before = mallinfo2().uordblks;
+  const auto start = Clock::now();
+  initializeClasses();
+  const std::chrono::duration<double, std::micro> time = Clock::now() - start;
+  const double memory = static_cast<double>(mallinfo2().uordblks - before) / 1024.0;
+  limitBroken |= time.count() > LargestBuildTime || memory > LargestBuildMemory;
+  std::printf("Classes/build: %.0f us (limit %.0f), %.0f KiB (limit %.0f)\n", time.count(),
+              LargestBuildTime, memory, LargestBuildMemory);
+}
+
+void lookup(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(TextField::__Lookup());
+}
+
+Ref<Introspection::MethodInfo> methodNamed(std::string_view name) {
+  const auto methods = Introspection::ClassInfo::Lookup(Veldrin::__Lookup())->GetMethods();
+  for (const auto& method : methods->elements) {
+    if (method->Name() == name) return method;
+  }
+  return nullptr;
+}
+
+/// `iPart` through reflection and directly, alternating in blocks.
+void invoke(benchmark::State& state) {
+  const Ref<Veldrin> window = implicit::Veldrin();
+  const auto method = methodNamed("iPart");
+  const auto arguments = newArray(std::vector{Variant(2.9)});
+  constexpr int Calls = 1000;
+  std::chrono::duration<double> direct{};
+  std::chrono::duration<double> invoked{};
+  for (auto _ : state) {
+    const auto start = Clock::now();
+    for (int call = 0; call < Calls; ++call) {
+      double value = 2.9;
+      benchmark::DoNotOptimize(value);
+      benchmark::DoNotOptimize(window->iPart(value));
+    }
+    const auto middle = Clock::now();
+    for (int call = 0; call < Calls; ++call) {
+      benchmark::DoNotOptimize(method->InvokeForResult(window, arguments));
+    }
+    direct += middle - start;
+    invoked += Clock::now() - middle;
+  }
+  const double ratio = invoked / direct;
+  state.counters["ratio"] = ratio;
+  state.counters["limit"] = LargestInvokeRatio;
+  hold(state, ratio, LargestInvokeRatio);
+}
+
+void decodeForm(benchmark::State& state) {
+  const Ref<Veldrin> window = implicit::Veldrin();
+  const auto start = Clock::now();
+  for (auto _ : state) {
+    _SetProperties(window, FormStreams.back());
+    for (std::size_t row = 0; row < FormTable.size(); ++row) {
+      _SetProperties(window->controls()[row], FormStreams[row]);
+    }
+  }
+  const std::chrono::duration<double, std::micro> time = Clock::now() - start;
+  hold(state, time.count() / static_cast<double>(state.iterations()), LargestDecodingTime);
+}
+
+BENCHMARK(lookup)->Name("Classes/lookup");
+BENCHMARK(invoke)->Name("Classes/invoke/against/call")->Iterations(300);
+BENCHMARK(decodeForm)->Name("Form/decode")->Unit(benchmark::kMicrosecond);
+
+int benchmarkMain(int count, char** arguments) {
+  reportBuilding();
+  SystemHost host;
+  HeadlessToolkit toolkit;
+  benchmark::Initialize(&count, arguments);
+  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return EXIT_FAILURE;
+  toolkit.job = [] { benchmark::RunSpecifiedBenchmarks(); };
+  const int status = runProcess(host, toolkit, VeldrinParts);
+  return status == 0 && !limitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+}  // namespace veldrin
+
+int main(int count, char** arguments) {
+  return veldrin::benchmarkMain(count, arguments);
+}

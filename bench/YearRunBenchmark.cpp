@@ -1,0 +1,221 @@
+// The year run against the bare reference, as ratios. A benchmark alternates the two, so that
+// whatever else the machine does meets both alike, and reports medians:
+//
+//   ratio        the median of the quotients of neighbours
+//   bare_us      the median time of the bare loop, in microseconds of the processor
+//   veldrin_us   that of a press of the button in a window without a screen
+//
+// The program fails where a ratio is above its limit.
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "apps/VeldrinParts.h"
+#include "bench/bare/Bare.h"
+#include "daystatus/Veldrin.h"
+#include "shell/FolderItem.h"
+#include "shell/Process.h"
+#include "shell/Runtime.h"
+#include "shell/SystemHost.h"
+#include "toolkits/headless/HeadlessToolkit.h"
+
+namespace veldrin {
+namespace {
+
+constexpr std::int32_t Year = 2030;
+constexpr bare::Place Place{47.5, -122.5, -8.0};
+constexpr double Limit = 1.3;
+constexpr int WarmUps = 20;
+constexpr int Repetitions = 1000;
+
+/// The bounds that the window writes for the year by itself.
+const bare::Saving Saving{true, false, bare::firstBound(Year), bare::lastBound(Year)};
+
+/// A place to save to that takes every line and keeps none.
+class DiscardingItem final : public Described<DiscardingItem, FolderItem> {
+ public:
+  static constexpr FixedString FullName = "DiscardingItem";
+
+  std::unique_ptr<WritableFile> create() override { return std::make_unique<File>(); }
+
+ private:
+  class File final : public WritableFile {
+   public:
+    std::int32_t write(std::string_view text, std::string_view end) override {
+      benchmark::DoNotOptimize(text);
+      benchmark::DoNotOptimize(end);
+      return 0;
+    }
+  };
+};
+
+/// A folder for the two files of a comparison; it ends with the object.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "veldrin-XXXXXX").native();
+    if (::mkdtemp(pattern.data()) == nullptr) {
+      throw std::system_error(errno, std::generic_category(), pattern);
+    }
+    path_ = pattern;
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+
+  [[nodiscard]] std::string file(std::string_view name) const { return (path_ / name).native(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+std::string contentOf(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void writeBareFile(const std::string& path) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  bare::writeYear(Place, Saving, Year, [file](std::string_view line) {
+    benchmark::DoNotOptimize(::write(file, line.data(), line.size()));
+  });
+  ::close(file);
+}
+
+void fillInWindow() {
+  const Ref<Veldrin> window = implicit::Veldrin();
+  window->WhichYear()->AddRow(String(std::to_string(Year)));
+  window->WhichYear()->userChose(window->WhichYear()->ListCount() - 1);
+  window->Latitude()->userTyped("47.5"_s);
+  window->Longitude()->userTyped("-122.5"_s);
+  window->TimeZone()->userTyped("-8"_s);
+  window->TimeZone()->userLeft();
+}
+
+void press(const Ref<FolderItem>& item) {
+  auto& toolkit = static_cast<HeadlessToolkit&>(Runtime::current().toolkit);
+  toolkit.saveAnswers.push_back(item);
+  implicit::Veldrin()->GenerateButton()->userPressed();
+}
+
+double median(std::vector<double> values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+/// The processor time of the process so far, the system's part included: unlike the time of the
+/// clock it leaves out what other processes took meanwhile.
+double processorMicroseconds() {
+  timespec time{};
+  ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+  return static_cast<double>(time.tv_sec) * 1e6 + static_cast<double>(time.tv_nsec) / 1e3;
+}
+
+template <class Work>
+double microseconds(const Work& work) {
+  const double start = processorMicroseconds();
+  work();
+  return processorMicroseconds() - start;
+}
+
+bool limitBroken = false;
+
+template <class Bare, class Press>
+void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldrinYear) {
+  for (int i = 0; i < WarmUps; ++i) {
+    bareYear();
+    veldrinYear();
+  }
+  std::vector<double> ratios;
+  std::vector<double> bareTimes;
+  std::vector<double> veldrinTimes;
+  for ([[maybe_unused]] auto iteration : state) {
+    // Neither side is always the one that follows the other.
+    const bool bareFirst = ratios.size() % 2 == 0;
+    if (bareFirst) bareTimes.push_back(microseconds(bareYear));
+    veldrinTimes.push_back(microseconds(veldrinYear));
+    if (!bareFirst) bareTimes.push_back(microseconds(bareYear));
+    ratios.push_back(veldrinTimes.back() / bareTimes.back());
+  }
+  const double ratio = median(ratios);
+  state.counters["ratio"] = ratio;
+  state.counters["limit"] = Limit;
+  state.counters["bare_us"] = median(bareTimes);
+  state.counters["veldrin_us"] = median(veldrinTimes);
+  if (ratio > Limit) {
+    state.SetLabel("above the limit");
+    limitBroken = true;
+  }
+}
+
+/// The whole run, all text included, against the arithmetic alone.
+void againstArithmetic(benchmark::State& state) {
+  const Ref<FolderItem> item = New<DiscardingItem>();
+  alternate(
+      state, [] { benchmark::DoNotOptimize(bare::computeYear(Place, Saving, Year)); },
+      [&] { press(item); });
+}
+
+/// The run with its file against a bare loop that writes the same lines, one call a line.
+void againstWrites(benchmark::State& state) {
+  const TemporaryFolder folder;
+  const std::string bareFile = folder.file("bare.ics");
+  const std::string veldrinFile = folder.file("veldrin.ics");
+  const Ref<FolderItem> item = FolderItem::atPath(String(veldrinFile));
+  alternate(
+      state, [&] { writeBareFile(bareFile); }, [&] { press(item); });
+  const std::string document = contentOf(veldrinFile);
+  if (document.empty() || document != contentOf(bareFile)) {
+    state.SkipWithError("the two documents differ");
+    limitBroken = true;
+  }
+}
+
+BENCHMARK(againstArithmetic)
+    ->Name("YearRun/discarded/against/arithmetic")
+    ->Iterations(Repetitions)
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK(againstWrites)
+    ->Name("YearRun/file/against/writes")
+    ->Iterations(Repetitions)
+    ->Unit(benchmark::kMicrosecond);
+
+int benchmarkMain(int count, char** arguments) {
+  SystemHost host;
+  HeadlessToolkit toolkit;
+  benchmark::Initialize(&count, arguments);
+  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return EXIT_FAILURE;
+  toolkit.job = [] {
+    fillInWindow();
+    benchmark::RunSpecifiedBenchmarks();
+  };
+  const int status = runProcess(host, toolkit, VeldrinParts);
+  return status == 0 && !limitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+}  // namespace veldrin
+
+int main(int count, char** arguments) {
+  return veldrin::benchmarkMain(count, arguments);
+}

@@ -1,0 +1,147 @@
+// The application's arithmetic and text in plain functions: no window, no controls, no counted
+// objects. It shares no code with the application, so it serves twice: benchmarks divide by it,
+// and differential tests hold the application's times, panel and document against it.
+//
+//   bare::Saving off{false, false, std::nullopt, std::nullopt};
+//   bare::status({47.5, -122.5, -8.0}, off, {2024, 6, 21});
+//   // "6/21/2024\nSunrise = 04:13\nSunset = 20:11"
+//
+// Every real operation ends in a double, in the order and grouping written in Bare.cpp. Compile
+// that file with -ffp-contract=off -fno-builtin-sin -fno-builtin-cos, so that it stays so.
+#pragma once
+
+#include <compare>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace bare {
+
+struct Place {
+  double latitude;   // degrees, north positive
+  double longitude;  // degrees, east positive
+  double zone;       // hours, east positive, standard time
+};
+
+// A day of the proleptic Gregorian calendar; there is a year 0. Always a day that exists.
+struct Civil {
+  std::int32_t year;
+  std::int32_t month;  // [1:12]
+  std::int32_t day;    // [1:31]
+  // NOLINTNEXTLINE(modernize-use-nullptr): there is no pointer in it.
+  friend auto operator<=>(const Civil&, const Civil&) = default;
+};
+
+struct Saving {
+  bool on;
+  bool downUnder;                   // saving time holds outside the period, not inside it
+  std::optional<Civil> start, end;  // in either order; nullopt is a bound text that is no date
+};
+
+// The second Sunday of March and the first Sunday of November.
+Civil firstBound(std::int32_t year);
+Civil lastBound(std::int32_t year);
+
+// The day after; the year wraps around behind the last 32-bit one.
+Civil nextDay(Civil day);
+
+// --- Sun ---------------------------------------------------------------------------------------
+
+// The working state of a search: the whole Modified Julian Date of the day being worked on.
+struct Engine {
+  double mjd0;
+};
+
+double iPart(double x);  // toward zero
+double fPart(double x);  // with the sign of x
+double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
+
+// t in Julian centuries from noon of 2000-01-01; ra in hours [0:24), dec in degrees.
+void TheSun(double t, double& ra, double& dec);
+
+// Hours, not normalised. lambda in degrees, west positive. Moves engine.mjd0 to the day of mjd.
+double LocalSiderialTime(Engine& engine, double mjd, double lambda);
+
+// hour counts from the midnight that begins the day engine.mjd0, and may move that day on.
+double SineAltitude(Engine& engine, double hour, double lambda, double cphi, double sphi);
+
+// The parabola through (-1, ym), (0, y0), (+1, yp): vertex, roots, roots within [-1:+1]. With no
+// real root z1 and z2 stay as they were; with one root inside, it is z1.
+void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
+                  std::int32_t& nz);
+
+// Clock hours of sunrise and sunset, saving time in them; -1.0 is an event that was not found.
+void DoVeldrin(Place place, Civil day, const Saving& saving, double& rise, double& set);
+
+// --- Text --------------------------------------------------------------------------------------
+
+std::string hhmm(double hours);    // "07:05", or "N/A" below zero
+std::string hhmmzz(double hours);  // "070500", or "000000" below zero
+
+// Short date, sunrise and sunset, joined by "\n".
+std::string status(Place place, const Saving& saving, Civil day);
+
+// --- Year --------------------------------------------------------------------------------------
+
+// Searches January 2 to December 31 and adds up all the times found, -1.0 included.
+double computeYear(Place place, const Saving& saving, std::int32_t year);
+
+// Room for one line of the document. The longest holds 26 characters around the hours of a time,
+// and a finite double has at most 309 digits, so nothing that is appended needs a check.
+struct Line {
+  char text[400];
+  std::size_t size;
+};
+
+inline constexpr std::string_view kHeader[] = {
+    "BEGIN:VCALENDAR\r\n",
+    "VERSION:2.0\r\n",
+    "X-WR-CALNAME;VALUE=TEXT:Sunrise and Sunset\r\n",
+    "X-WR-TIMEZONE:US/Pacific\r\n",
+    "PRODID:-//Quorvex//Marnoth 1.0//EN\r\n",
+    "CALSCALE:GREGORIAN\r\n",
+};
+inline constexpr std::string_view kFooter = "END:VCALENDAR\r\n";
+inline constexpr std::string_view kNoEvent = "SUMMARY: No sunrise or sunset\r\n";
+inline constexpr std::string_view kBeginEvent = "BEGIN:VEVENT\r\n";
+inline constexpr std::string_view kEndEvent = "END:VEVENT\r\n";
+
+// Each overwrites the line and returns it, with its CR LF.
+std::string_view summaryLine(Line& line, std::string_view event, double hours);
+std::string_view startLine(Line& line, Civil day, double hours);
+
+template <class Sink>
+void writeEvent(Line& line, std::string_view event, Civil day, double hours, Sink& sink) {
+  sink(kBeginEvent);
+  sink(summaryLine(line, event, hours));
+  sink(startLine(line, day, hours));
+  sink(kEndEvent);
+}
+
+// Hands every line of the year's calendar document, with its CR LF, to sink(std::string_view).
+// The view is good until the sink returns.
+template <class Sink>
+void writeYear(Place place, const Saving& saving, std::int32_t year, Sink&& sink) {
+  constexpr double kNoon = 12.0;
+  Line line;
+  for (const std::string_view text : kHeader) sink(text);
+  for (Civil day = nextDay({year, 1, 1}); day.year == year; day = nextDay(day)) {
+    double rise = 0.0;
+    double set = 0.0;
+    DoVeldrin(place, day, saving, rise, set);
+    if (rise < 0.0 || set < 0.0) {
+      sink(kBeginEvent);
+      sink(kNoEvent);
+      sink(startLine(line, day, kNoon));
+      sink(kEndEvent);
+    } else {
+      writeEvent(line, "Sunrise", day, rise, sink);
+      writeEvent(line, "Sunset", day, set, sink);
+    }
+  }
+  sink(kFooter);
+}
+
+}  // namespace bare
