@@ -1,0 +1,187 @@
+#include "shell/Date.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <limits>
+
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using DateTest = RuntimeTest;
+/// Year, month, day, hour, minute, second.
+using Fields = std::array<std::int32_t, 6>;
+
+constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
+constexpr Fields FirstMoment = {Smallest, 1, 1, 0, 0, 0};
+constexpr Fields LastMoment = {Largest, 12, 31, 23, 59, 59};
+
+Fields fieldsOf(const Date& date) {
+  return {date.Year(), date.Month(), date.Day(), date.Hour(), date.Minute(), date.Second()};
+}
+
+Ref<Date> dateOf(const Fields& fields) {
+  Ref<Date> date = New<Date>();
+  date->Day(1);
+  date->Year(fields[0]);
+  date->Month(fields[1]);
+  date->Day(fields[2]);
+  date->Hour(fields[3]);
+  date->Minute(fields[4]);
+  date->Second(fields[5]);
+  return date;
+}
+
+TEST_F(DateTest, NewDateKeepsTheMomentAtWhichItWasMade) {
+  host.stand({2024, 2, 29, 23, 59, 58}, 5.75);
+  const Ref<Date> read = New<Date>();
+  const Ref<Date> written = New<Date>();
+  host.moment += 3600;
+  EXPECT_EQ(fieldsOf(*read), (Fields{2024, 2, 29, 23, 59, 58}));
+  written->Day(1);
+  EXPECT_EQ(fieldsOf(*written), (Fields{2024, 2, 1, 23, 59, 58}));
+}
+
+TEST_F(DateTest, StepsOfADayWalkTheCalendarBothWays) {
+  using std::chrono::days, std::chrono::sys_days, std::chrono::year;
+  constexpr sys_days First = year(-400) / 1 / 1;
+  constexpr sys_days Last = year(2500) / 12 / 31;
+  const Ref<Date> date = dateOf({-400, 1, 1, 23, 59, 58});
+  for (const int step : {1, -1}) {
+    const sys_days end = step > 0 ? Last : First;
+    for (sys_days day = step > 0 ? First : Last;; day += days(step)) {
+      const std::chrono::year_month_day expected(day);
+      const auto month = static_cast<std::int32_t>(unsigned{expected.month()});
+      const auto dayOfMonth = static_cast<std::int32_t>(unsigned{expected.day()});
+      ASSERT_EQ(fieldsOf(*date),
+                (Fields{static_cast<int>(expected.year()), month, dayOfMonth, 23, 59, 58}));
+      ASSERT_EQ(unsigned(date->DayOfWeek() - 1), std::chrono::weekday(day).c_encoding())
+          << testing::PrintToString(fieldsOf(*date));
+      if (day == end) break;
+      date->TotalSeconds(date->TotalSeconds() + step * 86400.0);
+    }
+  }
+}
+
+TEST_F(DateTest, DayOfWeekIsRightAfterEveryWriteOfAField) {
+  const Ref<Date> date = dateOf({2008, 3, 9, 12, 0, 0});
+  EXPECT_EQ(date->DayOfWeek(), 1);
+  date->Day(10);
+  EXPECT_EQ(date->DayOfWeek(), 2);
+  date->Month(5);
+  EXPECT_EQ(date->DayOfWeek(), 7);
+  date->Year(2009);
+  EXPECT_EQ(date->DayOfWeek(), 1);
+}
+
+TEST_F(DateTest, FieldOutOfItsRangeCarriesOver) {
+  using Setter = void (Date::*)(std::int32_t);
+  constexpr Setter Year = &Date::Year;
+  constexpr Setter Month = &Date::Month;
+  constexpr Setter Day = &Date::Day;
+  struct Row {
+    const char* what;
+    Fields before;
+    Setter set;
+    std::int32_t value;
+    Fields after;
+  };
+  const Fields start = {2008, 1, 1, 0, 0, 0};
+  const Row rows[] = {
+      {"February of 31 days", {2008, 1, 31, 1, 2, 3}, Month, 2, {2008, 3, 2, 1, 2, 3}},
+      {"leap day of a common year", {2008, 2, 29, 1, 2, 3}, Year, 2009, {2009, 3, 1, 1, 2, 3}},
+      {"April 31", {2008, 4, 30, 1, 2, 3}, Day, 31, {2008, 5, 1, 1, 2, 3}},
+      {"day 0", {2008, 3, 9, 1, 2, 3}, Day, 0, {2008, 2, 29, 1, 2, 3}},
+      {"month 0", {2008, 3, 9, 1, 2, 3}, Month, 0, {2007, 12, 9, 1, 2, 3}},
+      {"month -11", {2008, 3, 9, 1, 2, 3}, Month, -11, {2007, 1, 9, 1, 2, 3}},
+      {"month 13", {2008, 3, 9, 1, 2, 3}, Month, 13, {2009, 1, 9, 1, 2, 3}},
+      {"minute 1440", {2008, 12, 31, 1, 2, 3}, &Date::Minute, 1440, {2009, 1, 1, 1, 0, 3}},
+      {"hour -1", {2008, 3, 1, 1, 2, 3}, &Date::Hour, -1, {2008, 2, 29, 23, 2, 3}},
+      {"largest year", start, Year, Largest, {Largest, 1, 1, 0, 0, 0}},
+      {"smallest year", start, Year, Smallest, FirstMoment},
+      {"largest month", start, Month, Largest, {178958978, 7, 1, 0, 0, 0}},
+      {"smallest month", start, Month, Smallest, {-178954963, 4, 1, 0, 0, 0}},
+      {"largest day", start, Day, Largest, {5881618, 7, 10, 0, 0, 0}},
+      {"smallest day", start, Day, Smallest, {-5877603, 6, 21, 0, 0, 0}},
+      {"largest second", start, &Date::Second, Largest, {2076, 1, 19, 3, 14, 7}},
+      {"smallest second", start, &Date::Second, Smallest, {1939, 12, 13, 20, 45, 52}},
+      {"behind the last moment by a day", LastMoment, Day, 32, LastMoment},
+      {"behind the last moment by months", LastMoment, Month, Largest, LastMoment},
+      {"before the first moment by a day", FirstMoment, Day, 0, FirstMoment},
+      {"before the first moment by a second", FirstMoment, &Date::Second, -1, FirstMoment}};
+  for (const Row& row : rows) {
+    const Ref<Date> date = dateOf(row.before);
+    ASSERT_EQ(fieldsOf(*date), row.before) << row.what;
+    ((*date).*row.set)(row.value);
+    EXPECT_EQ(fieldsOf(*date), row.after) << row.what;
+  }
+}
+
+TEST_F(DateTest, TotalSecondsMoveTheWholeDate) {
+  constexpr double Infinity = std::numeric_limits<double>::infinity();
+  struct Row {
+    double seconds;
+    Fields fields;
+  };
+  const Row rows[] = {{0.0, {1904, 1, 1, 0, 0, 0}},
+                      {59.9, {1904, 1, 1, 0, 0, 59}},
+                      {-1.0, {1903, 12, 31, 23, 59, 59}},
+                      {2082844800.0, {1970, 1, 1, 0, 0, 0}},
+                      {3287865599.0, {2008, 3, 8, 23, 59, 59}},
+                      {1e300, LastMoment},
+                      {-1e300, FirstMoment},
+                      {-Infinity, FirstMoment}};
+  const Ref<Date> date = New<Date>();
+  for (const Row& row : rows) {
+    date->TotalSeconds(row.seconds);
+    EXPECT_EQ(fieldsOf(*date), row.fields) << row.seconds;
+  }
+  date->TotalSeconds(2082844800.75);
+  EXPECT_EQ(date->TotalSeconds(), 2082844800.0);
+  date->TotalSeconds(std::numeric_limits<double>::quiet_NaN());
+  EXPECT_EQ(fieldsOf(*date), (Fields{1970, 1, 1, 0, 0, 0}));
+}
+
+TEST_F(DateTest, ComparesByTheMomentAndNeverEqualsNil) {
+  const Ref<Date> date = dateOf({2008, 3, 9, 12, 0, 0});
+  EXPECT_NE(date->Operator_Compare(nullptr), 0);
+  EXPECT_EQ(date->Operator_Compare(date), 0);
+  EXPECT_EQ(date->Operator_Compare(dateOf({2008, 3, 9, 12, 0, 0})), 0);
+  EXPECT_EQ(date->Operator_Compare(dateOf({2008, 3, 9, 11, 59, 59})), 1);
+  EXPECT_EQ(date->Operator_Compare(dateOf({2008, 3, 9, 12, 0, 1})), -1);
+}
+
+TEST_F(DateTest, OffsetIsThatOfTheDateAndNotOfToday) {
+  constexpr std::int64_t ClocksGoForward = 1205056800;  // 2008-03-09 10:00 UTC
+  host.zone = [](std::int64_t at) {
+    return (at >= ClocksGoForward ? -7 : -8) * std::int64_t{3600};
+  };
+  EXPECT_EQ(dateOf({2008, 3, 8, 12, 0, 0})->GMTOffset(), -8.0);
+  EXPECT_EQ(dateOf({2008, 3, 10, 12, 0, 0})->GMTOffset(), -7.0);
+}
+
+TEST_F(DateTest, ShortDateHasTheFormOfTheHost) {
+  using enum ShortDateForm::Order;
+  struct Row {
+    ShortDateForm form;
+    Fields fields;
+    const char* text;
+  };
+  const Row rows[] = {{{MonthDayYear, '/'}, {2008, 3, 9, 0, 0, 0}, "3/9/2008"},
+                      {{DayMonthYear, '.'}, {2008, 3, 9, 0, 0, 0}, "9.3.2008"},
+                      {{YearMonthDay, '-'}, {2008, 11, 30, 0, 0, 0}, "2008-11-30"},
+                      {{MonthDayYear, '/'}, {7, 3, 9, 0, 0, 0}, "3/9/0007"},
+                      {{MonthDayYear, '/'}, {-5, 3, 9, 0, 0, 0}, "3/9/-0005"},
+                      {{YearMonthDay, '/'}, {Smallest, 1, 1, 0, 0, 0}, "-2147483648/1/1"}};
+  for (const Row& row : rows) {
+    host.form = row.form;
+    EXPECT_EQ(text(dateOf(row.fields)->ShortDate()), row.text);
+  }
+}
+
+}  // namespace
+}  // namespace veldrin::test

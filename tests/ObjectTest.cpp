@@ -1,0 +1,178 @@
+#include "shell/Object.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "shell/Date.h"
+#include "shell/PushButton.h"
+#include "shell/Window.h"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using testing::ElementsAre;
+using ObjectTest = RuntimeTest;
+
+std::vector<std::string> lifeSteps;
+
+class Ancestor : public Described<Ancestor, Object> {
+ public:
+  static constexpr FixedString FullName = "ObjectTest.Ancestor";
+  void __Init() { lifeSteps.emplace_back("Ancestor.__Init"); }
+  void Destructor() { lifeSteps.emplace_back("Ancestor.Destructor"); }
+  void __Exit() { lifeSteps.emplace_back("Ancestor.__Exit"); }
+};
+
+/// Inherits the steps and has none of its own.
+class Parent : public Described<Parent, Ancestor> {
+ public:
+  static constexpr FixedString FullName = "ObjectTest.Parent";
+};
+
+class Child final : public Described<Child, Parent> {
+ public:
+  static constexpr FixedString FullName = "ObjectTest.Child";
+  void __Init() { lifeSteps.emplace_back("Child.__Init"); }
+  void Destructor() {
+    const Ref<Child> self(this);
+    lifeSteps.emplace_back("Child.Destructor");
+  }
+  void __Exit() { lifeSteps.emplace_back("Child.__Exit"); }
+};
+
+TEST_F(ObjectTest, AssignmentKeepsTheCountsEven) {
+  const std::int64_t before = liveObjectCount();
+  {
+    Ref<Date> first = New<Date>();
+    Ref<Date> second = New<Date>();
+    RuntimeLockUnlockObjects(first.get(), first.get());
+    EXPECT_EQ(first->referenceCount(), 1);
+    const Ref<Date>& itself = first;
+    first = itself;
+    Ref<Date>& movedFrom = first;
+    first = std::move(movedFrom);
+    EXPECT_EQ(first->referenceCount(), 1);
+    second = first;
+    EXPECT_EQ(first->referenceCount(), 2);
+    EXPECT_EQ(liveObjectCount(), before + 1);
+    const Ref<Object> base = std::move(second);
+    EXPECT_EQ(first->referenceCount(), 2);
+  }
+  EXPECT_EQ(liveObjectCount(), before);
+}
+
+TEST_F(ObjectTest, LifeStepsRunOnceAClassInOrder) {
+  lifeSteps.clear();
+  New<Child>();
+  EXPECT_THAT(lifeSteps, ElementsAre("Ancestor.__Init", "Child.__Init", "Child.Destructor",
+                                     "Child.__Exit", "Ancestor.Destructor", "Ancestor.__Exit"));
+}
+
+TEST_F(ObjectTest, NilIsLockedAndUnlockedWithoutHarmAndIsNoReceiver) {
+  RuntimeUnlockObject(nullptr);
+  RuntimeLockUnlockObjects(nullptr, nullptr);
+  EXPECT_EQ(raisedBy([] { Ref<Date>()->Day(1); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([] { RuntimeNewObject(nullptr); }), "NilObjectException");
+}
+
+TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
+  const Ref<Child> child = New<Child>();
+  const Ref<Ancestor> cast = CheckCast<Ancestor>(child);
+  EXPECT_EQ(child->referenceCount(), 2);
+  EXPECT_EQ(raisedBy([&] { CheckCast<Date>(child); }), "IllegalCastException");
+  EXPECT_EQ(raisedBy([] { CheckCast<Child>(New<Parent>()); }), "IllegalCastException");
+  EXPECT_EQ(child->referenceCount(), 2);
+  EXPECT_FALSE(CheckCast<Date>(nullptr));
+  EXPECT_TRUE(RuntimeObjectIsa(child.get(), Parent::__Lookup()));
+  EXPECT_TRUE(RuntimeObjectIsa(child.get(), nullptr));
+  EXPECT_FALSE(RuntimeObjectIsa(child.get(), RuntimeException::__Lookup()));
+  EXPECT_FALSE(RuntimeObjectIsa(nullptr, Parent::__Lookup()));
+}
+
+void failDeepDown(const Ref<Date>& date, const String& name) {
+  const std::vector<String> sums(3, name + "!"_s);
+  const std::vector<Ref<Date>> dateAndNil = {date, nullptr};
+  dateAndNil.back()->Day(1);
+}
+
+void failInTheMiddle(const Ref<Date>& date, const String& name) {
+  const std::vector<Ref<Date>> dates = {date, New<Date>()};
+  failDeepDown(dates.front(), name + name);
+}
+
+void failOutside(const Ref<Date>& date, const String& name) {
+  const Ref<Date> own = New<Date>();
+  const std::vector<String> names(3, name);
+  failInTheMiddle(date, names.back());
+}
+
+TEST_F(ObjectTest, ExceptionThreeFramesDownLeavesEveryCountAsItWas) {
+  const Ref<Date> date = New<Date>();
+  const String name("a text of the run");
+  const StringConstant constant = "a constant in three frames"_s;
+  const std::int64_t objects = liveObjectCount();
+  EXPECT_EQ(raisedBy([&] { failOutside(date, name); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { failOutside(date, constant); }), "NilObjectException");
+  EXPECT_EQ(date->referenceCount(), 1);
+  EXPECT_EQ(name.record()->count, 1);
+  EXPECT_EQ(constant.record()->count, 1);
+  EXPECT_EQ(liveObjectCount(), objects);
+}
+
+TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
+  const Ref<Window> window = New<Window>();
+  const Ref<PushButton> button = New<PushButton>();
+  window->_AddControl("Button"_s, button);
+  const Ref<PushButton> alone = New<PushButton>();
+  const Ref<Date> date = New<Date>();
+  const std::pair<Ref<Object>, Ref<Object>> swaps[] = {
+      {button, window}, {alone, nullptr}, {window, window}, {date, date}, {nullptr, nullptr}};
+  for (const auto& [before, after] : swaps) {
+    const std::int32_t count = before ? before->referenceCount() : 0;
+    {
+      Ref<Object> Self = before;
+      Ref<Object> Me;
+      RuntimeSwapSelfAndMe(Self, Me);
+      EXPECT_EQ(Self.get(), after.get());
+      EXPECT_EQ(Me.get(), before.get());
+    }
+    EXPECT_EQ(before ? before->referenceCount() : 0, count);
+  }
+}
+
+TEST_F(ObjectTest, ControlThatOutlivesItsWindowHasNone) {
+  const Ref<PushButton> button = New<PushButton>();
+  New<Window>()->_AddControl("Button"_s, button);
+  ASSERT_TRUE(button->Window());
+  runtime._WindowSupport.Windows.clear();
+  EXPECT_FALSE(button->Window());
+}
+
+TEST_F(ObjectTest, EventThatRaisesItselfWithoutEndOverflowsTheStack) {
+  rlimit before{};
+  ASSERT_EQ(getrlimit(RLIMIT_STACK, &before), 0);
+  const rlimit small{rlim_t{1024} * 1024, before.rlim_max};
+  ASSERT_EQ(setrlimit(RLIMIT_STACK, &small), 0);
+  measureStack();
+  const Ref<PushButton> button = New<PushButton>();
+  _InstallInstanceEventHandler(button, "Action"_s, [](Object* control) {
+    static_cast<PushButton*>(control)->userPressed();
+  });
+  const std::int64_t objects = liveObjectCount();
+  for (int time = 0; time < 2; ++time) {
+    EXPECT_EQ(raisedBy([&] { button->userPressed(); }), "StackOverflowException");
+    EXPECT_EQ(button->referenceCount(), 1);
+    EXPECT_EQ(liveObjectCount(), objects);
+  }
+  ASSERT_EQ(setrlimit(RLIMIT_STACK, &before), 0);
+  measureStack();
+}
+
+}  // namespace
+}  // namespace veldrin::test

@@ -1,0 +1,170 @@
+#include <bit>
+#include <string>
+#include <string_view>
+
+#include "tests/support/Documents.h"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using OpeningTest = WindowTest;
+
+constexpr std::string_view InSummerTime = "6/21/2024\rSunrise = 05:13\rSunset = 21:11";
+constexpr std::string_view InStandardTime = "6/21/2024\rSunrise = 04:13\rSunset = 20:11";
+
+TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
+  const CivilMoment January{2024, 1, 15, 12, 0, 0};
+  const CivilMoment July{2024, 7, 15, 12, 0, 0};
+  const struct {
+    CivilMoment local;
+    double offset;
+    const char* zone;
+  } rows[] = {{January, -5.0, "-5"},
+              {July, -4.0, "-5"},
+              {January, 0.0, "0"},
+              // South of the equator: in summer one hour too many, in winter one too few.
+              {January, 11.0, "11"},
+              {July, 10.0, "9"},
+              // The fraction is dropped toward zero before the hour is taken off.
+              {January, 5.5, "5"},
+              {January, -3.5, "-3"},
+              {July, -2.5, "-3"},
+              {January, -0.5, "0"},
+              // The bounds begin and end at midnight, two hours before the host changes its clock.
+              {{2024, 3, 9, 23, 59, 59}, -5.0, "-5"},
+              {{2024, 3, 10, 0, 0, 0}, -5.0, "-6"},
+              {{2024, 11, 2, 23, 59, 59}, -4.0, "-5"},
+              {{2024, 11, 3, 0, 0, 0}, -4.0, "-4"}};
+  for (const auto& row : rows) {
+    runtime._WindowSupport.Windows.clear();
+    host.stand(row.local, row.offset);
+    EXPECT_EQ(text(window()->TimeZone()->Text()), row.zone)
+        << row.local.month << '/' << row.local.day << ' ' << row.local.hour << "h at "
+        << row.offset;
+  }
+}
+
+TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZoneAndNoDay) {
+  // Central Europe: 2024-03-31 01:00 UTC, from one hour to two.
+  constexpr std::int64_t Change = dayNumber(2024, 3, 31) * 86400 + 3600;
+  host.zone = [](std::int64_t at) { return at < Change ? 3600 : 7200; };
+  const struct {
+    std::int64_t before;  ///< seconds
+    const char* zone;
+    CivilMoment shown;
+  } rows[] = {{1, "0", {2024, 3, 31, 1, 59, 59}},
+              {0, "1", {2024, 3, 31, 3, 0, 0}},
+              {86400, "0", {2024, 3, 30, 2, 0, 0}}};
+  for (const auto& row : rows) {
+    runtime._WindowSupport.Windows.clear();
+    host.moment = Change - row.before;
+    const Ref<Date> date = window()->statusDate;
+    EXPECT_EQ(text(window()->TimeZone()->Text()), row.zone) << row.before;
+    EXPECT_EQ((CivilMoment{date->Year(), date->Month(), date->Day(), date->Hour(), date->Minute(),
+                           date->Second()}),
+              row.shown)
+        << row.before;
+  }
+  // From 02:00 on the day before, through the hour that the host leaves out.
+  for (const char* const day : {"3/31/2024", "4/1/2024"}) {
+    window()->ForwardOneDay()->userPressed();
+    EXPECT_EQ(status().substr(0, status().find('\r')), day);
+    EXPECT_EQ(window()->statusDate->Hour(), 2);
+  }
+}
+
+TEST_F(OpeningTest, SetsTheNumbersTheBoundsTheDayAndTheFirstStatus) {
+  const Ref<Veldrin> veldrin = window();
+  EXPECT_EQ(std::bit_cast<std::uint64_t>(veldrin->Pi), 0x400921FB54442D18U);
+  EXPECT_EQ(veldrin->TwoPi, 2.0 * veldrin->Pi);
+  EXPECT_EQ(veldrin->Rads, veldrin->Pi / 180.0);
+  EXPECT_EQ(veldrin->Degs, 180.0 / veldrin->Pi);
+  EXPECT_EQ(text(veldrin->DSTStart()->Text()), "3/10/2024");
+  EXPECT_EQ(text(veldrin->DSTEnd()->Text()), "11/3/2024");
+  EXPECT_EQ(text(veldrin->Latitude()->Text()), "47.5");
+  EXPECT_EQ(text(veldrin->Longitude()->Text()), "-122.5");
+  EXPECT_TRUE(veldrin->DaylightSavings()->Value());
+  EXPECT_FALSE(veldrin->DownUnderFlag()->Value());
+  EXPECT_EQ(veldrin->statusDate->referenceCount(), 1);
+  EXPECT_EQ(status(), InSummerTime);
+  EXPECT_EQ(window(), veldrin);
+  EXPECT_EQ(runtime._WindowSupport.Windows.size(), 1U);
+}
+
+TEST_F(OpeningTest, NothingIsLeftBehindWhenTheWindowGoes) {
+  finalizeGlobals();
+  const std::int64_t before = liveObjectCount();
+  static_cast<void>(window());
+  EXPECT_GT(liveObjectCount(), before + 21);
+  finalizeGlobals();
+  EXPECT_EQ(liveObjectCount(), before);
+}
+
+TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
+  const struct {
+    std::int32_t year, row;
+    std::string_view start, end;  // what the chooser's own opening leaves in the bounds
+    bool changed;
+  } rows[] = {{2006, 0, "1/3/2000", "", false},
+              {2008, 0, "3/9/2008", "11/2/2008", false},
+              {2014, 6, "3/9/2014", "11/2/2014", true},
+              {2020, 12, "3/8/2020", "11/1/2020", true},
+              {2030, 0, "1/3/2000", "", false}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.year);
+    runtime._WindowSupport.Windows.clear();
+    host.stand({row.year, 6, 21, 12, 0, 0});
+    const Ref<Veldrin> unopened = New<Veldrin>();
+    unopened->CreateControls();
+    const std::int64_t yields = toolkit.backgroundTasks();
+    unopened->WhichYear_Open();
+    EXPECT_EQ(unopened->WhichYear()->ListIndex(), row.row);
+    EXPECT_EQ(text(unopened->DSTStart()->Text()), row.start);
+    EXPECT_EQ(text(unopened->DSTEnd()->Text()), row.end);
+    // "Change" recomputes the status, which makes a date.
+    EXPECT_EQ(static_cast<bool>(unopened->statusDate), row.changed);
+    // A list without the year is walked to its end.
+    if (row.year > 2020) {
+      EXPECT_EQ(toolkit.backgroundTasks() - yields, 13);
+    }
+    // The window's own opening has the last word on the bounds, and none on the row.
+    unopened->Event_Open();
+    EXPECT_TRUE(text(unopened->DSTStart()->Text()).ends_with(std::to_string(row.year)));
+    EXPECT_EQ(unopened->WhichYear()->ListIndex(), row.row);
+  }
+}
+
+TEST_F(OpeningTest, AChoiceWipesTypedBoundsAndKeepsTheDay) {
+  const Ref<Veldrin> veldrin = window();
+  const Ref<Date> day = veldrin->statusDate;
+  const double seconds = day->TotalSeconds();
+  const auto press = [&](std::int32_t row) {
+    type(veldrin->DSTStart(), "1/1/2024");
+    type(veldrin->DSTEnd(), "12/31/2024");
+    veldrin->WhichYear()->userChose(row);
+  };
+  const struct {
+    std::int32_t row;
+    std::string_view start, times;
+  } rows[] = {
+      {0, "1/1/2024", InSummerTime},  // "2008" is selected already: no change, so no new bounds
+      {3, "3/13/2011", InStandardTime},
+      {12, "3/8/2020", InStandardTime},
+      {-1, "1/1/2024", InSummerTime},  // no year, no bounds, but a status
+  };
+  for (const auto& row : rows) {
+    press(row.row);
+    EXPECT_EQ(text(veldrin->DSTStart()->Text()), row.start) << row.row;
+    EXPECT_EQ(status(), row.times) << row.row;
+    EXPECT_EQ(text(veldrin->TimeZone()->Text()), "-8");
+  }
+  EXPECT_EQ(veldrin->statusDate, day);
+  EXPECT_EQ(day->TotalSeconds(), seconds);
+  veldrin->DownUnderFlag()->Value(true);
+  press(4);
+  EXPECT_EQ(status(), InSummerTime);
+}
+
+}  // namespace
+}  // namespace veldrin::test

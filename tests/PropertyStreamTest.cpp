@@ -1,0 +1,236 @@
+#include "ui/PropertyStream.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "tests/support/FormLiterals.h"
+#include "tests/support/RuntimeTest.h"
+#include "ui/FormStreams.h"
+
+namespace veldrin::test {
+namespace {
+
+using namespace std::string_literals;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// An integer as every stream has it, the highest byte first.
+std::string integer(std::uint32_t value) {
+  std::string bytes;
+  for (const int shift : {24, 16, 8, 0}) bytes += static_cast<char>(value >> shift & 0xFFU);
+  return bytes;
+}
+
+std::string entry(std::string_view key, const Variant& value) {
+  std::string bytes = std::string(key) + ' ';
+  if (const auto* number = std::get_if<std::int32_t>(&value.storage())) {
+    bytes += integer(static_cast<std::uint32_t>(*number));
+  } else if (const auto* flag = std::get_if<bool>(&value.storage())) {
+    bytes += *flag ? '\1' : '\0';
+  } else if (const auto* color = std::get_if<Color>(&value.storage())) {
+    for (const auto part : {color->red, color->green, color->blue}) {
+      bytes += static_cast<char>(part);
+    }
+  } else {
+    const std::string content = text(std::get<String>(value.storage()));
+    bytes += integer(static_cast<std::uint32_t>(content.size())) + content;
+  }
+  return bytes;
+}
+
+/// Keys are compared without their case, and a whole stream with them.
+std::string lowered(std::string bytes) {
+  for (char& each : bytes)
+    each = static_cast<char>(each >= 'A' && each <= 'Z' ? each | 0x20 : each);
+  return bytes;
+}
+
+/// One of the 22 streams, with the class that it is for and the places where its entries end.
+struct Target {
+  ClassRecord* record = nullptr;
+  std::string bytes;
+  std::vector<std::size_t> ends{0};
+};
+
+class PropertyStreamTest : public RuntimeTest {
+ protected:
+  static void SetUpTestSuite() { initializeClasses(); }
+
+  static std::vector<Target> targets() {
+    std::vector<Target> all;
+    const auto add = [&](std::string_view className, const std::vector<FormEntry>& entries) {
+      Target& target = all.emplace_back();
+      target.record = RuntimeGetClassList();
+      while (!(target.record->name == className)) target.record = target.record->nextClass;
+      for (const FormEntry& each : entries) {
+        target.bytes += entry(each.key, each.value);
+        target.ends.push_back(target.bytes.size());
+      }
+    };
+    for (const FormLiteral& row : FormLiterals) add(row.kind, entriesOf(row));
+    add("Window", windowEntries());
+    return all;
+  }
+
+  static std::string faultOf(const Ref<Object>& object, const std::string& stream) {
+    try {
+      _SetProperties(object, String(stream));
+    } catch (const FatalFault& fault) {
+      return fault.what();
+    }
+    return "";
+  }
+
+  static std::vector<Variant> valuesOf(const Ref<Object>& object) {
+    std::vector<Variant> all;
+    for (const PropertyRow& row : object->classRecord()->propertyRows) {
+      all.push_back(
+          RuntimeGenericGetter(row.reflectionGet, row.getter, object.get(), row.fieldOffset));
+    }
+    return all;
+  }
+
+  /// Whatever the bytes are: what was read of them stands at their start, byte for byte; a fault
+  /// lies behind that, with the key that stands there; and nothing of a fault is applied.
+  void expectSound(ClassRecord* record, const std::string& stream) {
+    const StreamContents contents = readPropertyStream(*record, stream);
+    std::string read;
+    for (const StreamEntry& each : contents.entries) {
+      read += entry(each.property->name.view(), each.value);
+    }
+    const Ref<Object> object = RuntimeNewObject(record);
+    runtime._WindowSupport.Windows.clear();
+    const std::vector<Variant> before = valuesOf(object);
+    const std::string sentence = faultOf(object, stream);
+    ASSERT_EQ(lowered(read), lowered(stream.substr(0, read.size())));
+    ASSERT_EQ(contents.fault.has_value(), read.size() != stream.size());
+    ASSERT_EQ(contents.fault.has_value(), !sentence.empty());
+    if (!contents.fault) return;
+    const auto& [key, offset, what] = *contents.fault;
+    ASSERT_TRUE(offset >= read.size() && offset <= stream.size()) << offset;
+    const std::string rest = stream.substr(read.size());
+    std::string shown(rest.substr(0, std::min<std::size_t>(rest.find(' '), 40)));
+    for (char& letter : shown) letter = letter > ' ' && letter <= '~' ? letter : '?';
+    ASSERT_EQ(key, shown);
+    ASSERT_EQ(valuesOf(object), before);
+    ASSERT_THAT(sentence, StartsWith("The form of " + text(record->name) + " is damaged at byte " +
+                                     std::to_string(offset) + ", key \"" + key));
+  }
+};
+
+TEST_F(PropertyStreamTest, EveryByteIsThatOfTheForm) {
+  const std::vector<Target> all = targets();
+  ASSERT_EQ(FormStreams.size(), all.size());
+  std::size_t longest = 0;
+  for (std::size_t place = 0; place < all.size(); ++place) {
+    const String stream = FormStreams[place];
+    const std::string& expected = all[place].bytes;
+    EXPECT_EQ(testing::PrintToString(text(stream)), testing::PrintToString(expected)) << place;
+    EXPECT_EQ(stream.encoding(), 0x08000100U);
+    const bool panel = all[place].record == Placard::__Lookup();
+    EXPECT_EQ(static_cast<std::uint8_t>(*stream.record()->data), panel ? 218 : 255);
+    EXPECT_EQ(expected.size() == 218, panel);
+    longest = std::max(longest, expected.size());
+  }
+  EXPECT_EQ(longest, 449U);
+  EXPECT_EQ(WindowStream.record(), FormStreams.back().record());
+  EXPECT_THAT(
+      text(FormStreams.front()),
+      StartsWith(
+          "Name \0\0\0\10Placard3Index \x80\0\0\0Left \0\0\0\x15Top \0\0\1\0Width \0\0\1\x35"s));
+}
+
+TEST_F(PropertyStreamTest, EveryTruncationIsAFaultOrEndsWithAnEntry) {
+  for (const Target& target : targets()) {
+    for (std::size_t length = 0; length < target.bytes.size(); ++length) {
+      SCOPED_TRACE(text(target.record->name) + " cut at " + std::to_string(length));
+      const std::string cut = target.bytes.substr(0, length);
+      ASSERT_NO_FATAL_FAILURE(expectSound(target.record, cut));
+      const auto end = std::ranges::upper_bound(target.ends, length) - 1;
+      const StreamContents contents = readPropertyStream(*target.record, cut);
+      ASSERT_EQ(contents.entries.size(), static_cast<std::size_t>(end - target.ends.begin()));
+      ASSERT_EQ(contents.fault.has_value(), *end != length);
+    }
+  }
+}
+
+TEST_F(PropertyStreamTest, EveryFlippedByteIsAFaultOrAnotherValue) {
+  for (const Target& target : targets()) {
+    for (std::size_t place = 0; place < target.bytes.size(); ++place) {
+      for (const int mask : {0x01, 0x80, 0xFF}) {
+        SCOPED_TRACE(text(target.record->name) + " byte " + std::to_string(place) + " mask " +
+                     std::to_string(mask));
+        std::string flipped = target.bytes;
+        flipped[place] = static_cast<char>(flipped[place] ^ mask);
+        ASSERT_NO_FATAL_FAILURE(expectSound(target.record, flipped));
+      }
+    }
+  }
+}
+
+TEST_F(PropertyStreamTest, FaultNamesTheKeyAndTheByte) {
+  const struct {
+    ClassRecord* record;
+    std::string stream, key;
+    std::size_t offset;
+  } rows[] = {
+      {TextField::__Lookup(), "Colour \0\0\0"s, "Colour", 0},
+      {TextField::__Lookup(), "Border \1Colour \0\0\0"s, "Colour", 8},
+      {TextField::__Lookup(), "Border"s, "Border", 0},
+      {TextField::__Lookup(), " "s, "", 0},
+      {TextField::__Lookup(), "Border \1 Password \0"s, "", 8},
+      {TextField::__Lookup(), "Border\0 \1"s, "Border?", 0},
+      {TextField::__Lookup(), std::string(1000, 'k'), std::string(40, 'k'), 0},
+      {TextField::__Lookup(), "Border \2"s, "Border", 7},
+      {TextField::__Lookup(), "Border "s, "Border", 7},
+      {TextField::__Lookup(), "Left \0\0\1"s, "Left", 5},
+      {TextField::__Lookup(), "Text \0\0\0\4abc"s, "Text", 9},
+      {TextField::__Lookup(), "Text \xFF\xFF\xFF\xFF"s, "Text", 9},
+      {TextField::__Lookup(), "Text \0\0\0\0Text \x7F\xFF\xFF\xFFx"s, "Text", 18},
+      {TextField::__Lookup(), "Window \0\0\0\0"s, "Window", 0},
+      {TextField::__Lookup(), "TextSize \0\0\0\0"s, "TextSize", 0},
+      {TextField::__Lookup(), "TextUnit \0"s, "TextUnit", 0},
+      {PopupMenu::__Lookup(), "ListCount \0\0\0\1"s, "ListCount", 0},
+      {Window::__Lookup(), "MenuBar \0\0\0\0"s, "MenuBar", 0},
+      {Placard::__Lookup(), "Caption \0\0\0\0"s, "Caption", 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::PrintToString(row.stream));
+    const StreamContents contents = readPropertyStream(*row.record, row.stream);
+    ASSERT_TRUE(contents.fault);
+    EXPECT_EQ(contents.fault->key, row.key);
+    EXPECT_EQ(contents.fault->offset, row.offset);
+    expectSound(row.record, row.stream);
+  }
+  const Ref<TextField> field = New<TextField>();
+  field->Name = "Latitude"_s;
+  EXPECT_THAT(faultOf(field, "Left \0\0\0\7Border \2"s),
+              HasSubstr("of Latitude is damaged at byte 16, key \"Border\""));
+  EXPECT_EQ(field->Left, 0);
+  EXPECT_EQ(raisedBy([] { _SetProperties(nullptr, String()); }), "NilObjectException");
+}
+
+TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithoutRegardToTheCaseOfTheirKeys) {
+  const Ref<StaticText> label = New<StaticText>();
+  _SetProperties(label, String());
+  const std::string content = "a b\0\x80\xFF Left \0\0\0\1"s;
+  _SetProperties(label, String("lEFT \xFF\xFF\xFF\xFEMULTILINE \1textcolor \0\x80\xFF"s +
+                               entry("teXt", String(content)) + "Left \0\0\1\xA4"s));
+  EXPECT_TRUE(label->MultiLine);
+  EXPECT_EQ(label->TextColor, (Color{0, 0x80, 0xFF}));
+  EXPECT_EQ(text(label->Text()), content);
+  EXPECT_EQ(label->Left, 420);
+  const Ref<PopupMenu> chooser = New<PopupMenu>();
+  _SetProperties(chooser, String(entry("InitialValue", "a\rb\r\rc"_s) + entry("ListIndex", 3)));
+  EXPECT_EQ(text(chooser->Text()), "c");
+  // The other way round the row is none yet, and of new rows none is selected.
+  _SetProperties(chooser, String(entry("ListIndex", 7) + entry("InitialValue", "a\r"_s)));
+  EXPECT_EQ(chooser->ListCount(), 1);
+  EXPECT_EQ(chooser->ListIndex(), -1);
+}
+
+}  // namespace
+}  // namespace veldrin::test

@@ -1,0 +1,227 @@
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "reflection/Introspection.h"
+#include "shell/DragItem.h"
+#include "shell/TypeCodeGrammar.h"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+/// Walks over every class that there is: the application's, reflection's, and whatever other tests
+/// in this process have built.
+class RegistryTest : public RuntimeTest {
+ protected:
+  static void SetUpTestSuite() { initializeClasses(); }
+  // Some properties of reflection's objects describe classes when they are read.
+  void TearDown() override { Introspection::finalizeReflection(); }
+
+  /// Calls the check with every record, the first built first.
+  template <class Check>
+  static void forEach(const Check& check) {
+    std::vector<ClassRecord*> records;
+    for (ClassRecord* each = RuntimeGetClassList(); each != nullptr; each = each->nextClass) {
+      records.push_back(each);
+    }
+    ASSERT_GT(records.size(), 60U);
+    for (auto record = records.rbegin(); record != records.rend(); ++record) {
+      SCOPED_TRACE(text((*record)->name));
+      check(**record);
+    }
+  }
+
+  /// Whether the rows begin with those, in the same places.
+  template <class Rows>
+  static bool beginsLike(const Rows& rows, const Rows& first) {
+    return rows.size() >= first.size() &&
+           std::equal(first.begin(), first.end(), rows.begin(),
+                      [](const auto& one, const auto& other) { return one.name == other.name; });
+  }
+};
+
+TEST_F(RegistryTest, EveryClassFollowsItsBaseAndBeginsLikeIt) {
+  std::set<const ClassRecord*> built{nullptr};
+  std::set<std::string> names;
+  forEach([&](const ClassRecord& record) {
+    EXPECT_TRUE(names.insert(text(record.name)).second);
+    EXPECT_TRUE(built.contains(record.baseClass));
+    built.insert(&record);
+    EXPECT_EQ(record.isInterface, record.instanceSize == 0);
+    if (record.isInterface) {
+      EXPECT_TRUE(record.baseClass == nullptr && record.virtualTable.empty() &&
+                  record.methodRows.empty() && record.eventRows.empty() &&
+                  record.propertyRows.empty());
+    }
+    if (record.baseClass == nullptr) return;
+    const ClassRecord& base = *record.baseClass;
+    EXPECT_GE(record.instanceSize, base.instanceSize);
+    EXPECT_TRUE(beginsLike(record.methodRows, base.methodRows));
+    EXPECT_TRUE(beginsLike(record.propertyRows, base.propertyRows));
+    EXPECT_TRUE(beginsLike(record.eventRows, base.eventRows));
+  });
+}
+
+TEST_F(RegistryTest, VirtualTableIsTheBasesWhereNoRowOverrides) {
+  const auto rowOf = [](std::span<const MethodRow> rows, Function function) -> const MethodRow* {
+    const auto row = std::ranges::find(rows, function, &MethodRow::function);
+    return row == rows.end() ? nullptr : &*row;
+  };
+  forEach([&](const ClassRecord& record) {
+    const std::set<Function> slots(record.virtualTable.begin(), record.virtualTable.end());
+    EXPECT_EQ(slots.size(), record.virtualTable.size());
+    EXPECT_FALSE(slots.contains(nullptr));
+    if (record.baseClass == nullptr) return;
+    const ClassRecord& base = *record.baseClass;
+    ASSERT_GE(record.virtualTable.size(), base.virtualTable.size());
+    for (std::size_t slot = 0; slot < base.virtualTable.size(); ++slot) {
+      if (record.virtualTable[slot] == base.virtualTable[slot]) continue;
+      const MethodRow* const own = rowOf(record.ownMethods(), record.virtualTable[slot]);
+      const MethodRow* const overridden = rowOf(base.methodRows, base.virtualTable[slot]);
+      ASSERT_TRUE(own != nullptr && overridden != nullptr) << slot;
+      EXPECT_EQ(text(own->name) + text(own->signature),
+                text(overridden->name) + text(overridden->signature));
+    }
+  });
+}
+
+TEST_F(RegistryTest, NoNameStandsTwice) {
+  forEach([](const ClassRecord& record) {
+    std::set<std::string> methods;
+    for (const MethodRow& row : record.ownMethods()) {
+      EXPECT_TRUE(methods.insert(text(row.name) + text(row.signature)).second) << text(row.name);
+    }
+    // Ancestors' properties count as well: a stream would reach one of the two alone.
+    for (const PropertyRow& row : record.propertyRows) {
+      EXPECT_EQ(FindProperty(record, row.name.view()), &row) << text(row.name);
+    }
+    for (const EventRow& row : record.eventRows) {
+      EXPECT_EQ(std::ranges::count(record.eventRows, row.name, &EventRow::name),
+                record.name == "QuitMenuItem" ? 2 : 1)
+          << text(row.name);
+    }
+  });
+}
+
+/// The scope stands first, and the flags say what the attributes say.
+template <class Row>
+void expectAttributesFit(const Row& row) {
+  ASSERT_FALSE(row.attributes.empty());
+  EXPECT_EQ(row.attributes[0].name.view(), "__Scope");
+  EXPECT_EQ((row.flags & 1U) != 0, row.attributes[0].value.view() == "Public");
+  EXPECT_EQ((row.flags & 2U) != 0, row.attributes.back().name.view() == "__Shared");
+}
+
+TEST_F(RegistryTest, EveryRowIsWhole) {
+  forEach([&](const ClassRecord& record) {
+    for (const MethodRow& row : record.ownMethods()) {
+      SCOPED_TRACE(text(row.name) + " " + text(row.signature));
+      EXPECT_TRUE(row.function != nullptr && row.invoker != nullptr);
+      expectAttributesFit(row);
+      const auto parts = splitSignature(row.signature.view());
+      ASSERT_TRUE(parts);
+      EXPECT_TRUE(parts->result.empty() || readTypeCode(parts->result));
+      for (std::string_view list = parts->parameters; !list.empty();) {
+        std::string_view code = takeParameter(list);
+        if (code.starts_with('&')) code.remove_prefix(1);
+        EXPECT_TRUE(readTypeCode(code)) << code;
+      }
+    }
+    for (const PropertyRow& row : record.ownProperties()) {
+      SCOPED_TRACE(text(row.name));
+      expectAttributesFit(row);
+      EXPECT_TRUE(readTypeCode(row.type.view())) << text(row.type);
+      EXPECT_TRUE(row.getter != nullptr && row.reflectionGet != nullptr);
+      EXPECT_EQ(row.setter != nullptr, (row.flags & 4U) != 0);
+      EXPECT_EQ(row.setter != nullptr, row.reflectionSet != nullptr);
+      EXPECT_TRUE(row.fieldOffset >= 0 && row.fieldOffset < record.instanceSize);
+    }
+    for (const EventRow& row : record.eventRows) {
+      EXPECT_TRUE(row.handler == nullptr ||
+                  std::ranges::count(record.methodRows, row.handler, &MethodRow::function) == 1)
+          << text(row.name);
+    }
+    for (const InterfaceRow& row : record.interfaceRows) {
+      EXPECT_TRUE(row.interface != nullptr && row.interface->isInterface);
+      EXPECT_EQ(std::ranges::count(row.operations, nullptr), 0);
+    }
+  });
+}
+
+/// Whether the value is one of the type that the code names.
+bool fits(const Variant& value, std::string_view code) {
+  constexpr std::string_view InOrderOfStorage[] = {"b",  "i1", "i2", "i4", "i8", "u1", "u2", "u4",
+                                                   "u8", "f4", "f8", "e",  "c",  "s",  "p"};
+  if (code.starts_with("o<")) {
+    const ClassRecord* own = RuntimeClassOf(value.object());
+    while (own != nullptr && code != "o<" + text(own->name) + ">") own = own->baseClass;
+    return own != nullptr || value.isNil() || code == "o<Object>";
+  }
+  const auto* const plain = std::ranges::find(InOrderOfStorage, code.substr(0, code.find('<')));
+  return plain == std::end(InOrderOfStorage) ||
+         value.storage().index() == static_cast<std::size_t>(plain - InOrderOfStorage) + 1;
+}
+
+TEST_F(RegistryTest, EveryPropertyOfANewObjectTakesItsOwnValueBack) {
+  std::int32_t taken = 0;
+  forEach([&](ClassRecord& record) {
+    if (record.allocate == nullptr) return;
+    const Ref<Object> object = RuntimeNewObject(&record);
+    EXPECT_EQ(object->classRecord(), &record);
+    for (const PropertyRow& row : record.propertyRows) {
+      SCOPED_TRACE(text(row.name) + " " + text(row.type));
+      const auto read = [&](Object* from) {
+        return RuntimeGenericGetter(row.reflectionGet, row.getter, from, row.fieldOffset);
+      };
+      const auto write = [&](Object* to, const Variant& value) {
+        RuntimeGenericSetter(row.reflectionSet, row.setter, to, row.fieldOffset, value);
+      };
+      const Variant value = read(object.get());
+      EXPECT_TRUE(fits(value, row.type.view()));
+      EXPECT_EQ(raisedBy([&] { read(nullptr); }), "NilObjectException");
+      if (row.setter == nullptr) continue;
+      write(object.get(), value);
+      EXPECT_EQ(read(object.get()), value);
+      EXPECT_EQ(raisedBy([&] { write(nullptr, value); }), "NilObjectException");
+      ++taken;
+      if (row.type == "v") continue;
+      const Variant wrong = row.type == "e" ? Variant(true) : Variant(Currency{1});
+      EXPECT_NE(raisedBy([&] { write(object.get(), wrong); }), "");
+      EXPECT_EQ(read(object.get()), value);
+    }
+    runtime._WindowSupport.Windows.clear();
+  });
+  EXPECT_GT(taken, 200);
+}
+
+TEST_F(RegistryTest, EachClassIsBuiltOnce) {
+  const ClassRecord* const newest = RuntimeGetClassList();
+  EXPECT_EQ(DragItem::__Lookup(), DragItem::__Lookup());
+  initializeClasses();
+  EXPECT_EQ(RuntimeGetClassList(), newest);
+}
+
+TEST(RegistryOrderTest, DragItemAndWindowAreBuiltFirstAndTheProgramsOwnClassesLast) {
+  // In a process of its own, in which nothing has been built before.
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto build = [] {
+    initializeClasses();
+    std::string names;
+    for (const ClassRecord* each = RuntimeGetClassList(); each != nullptr; each = each->nextClass) {
+      names.insert(0, text(each->name) + " ");
+    }
+    std::cerr << names;
+    std::_Exit(0);
+  };
+  EXPECT_EXIT(build(), testing::ExitedWithCode(0),
+              "^DragItem Window RuntimeException NilObjectException .*TextOutputStream .*"
+              "Veldrin\\.Veldrin App MenuBar1\\.MenuBar1 $");
+}
+
+}  // namespace
+}  // namespace veldrin::test

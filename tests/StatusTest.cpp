@@ -1,0 +1,131 @@
+#include <string>
+#include <string_view>
+
+#include "tests/support/Documents.h"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using StatusTest = WindowTest;
+
+TEST_F(StatusTest, ThreeLinesOfKnownDays) {
+  const struct {
+    std::string_view latitude, longitude, zone;
+    std::int32_t month, day;
+    bool daylightSaving;
+    std::string_view expected;
+  } rows[] = {
+      {"47.5", "-122.5", "-8", 6, 21, false, "6/21/2024\rSunrise = 04:13\rSunset = 20:11"},
+      {"47.5", "-122.5", "-8", 6, 21, true, "6/21/2024\rSunrise = 05:13\rSunset = 21:11"},
+      {"47.5 north", "-122.5 ", " -8h", 6, 21, false, "6/21/2024\rSunrise = 04:13\rSunset = 20:11"},
+      {"70", "0", "0", 6, 21, true, "6/21/2024\rSunrise = N/A\rSunset = N/A"},
+      {"70", "0", "0", 12, 21, true, "12/21/2024\rSunrise = N/A\rSunset = N/A"},
+      {"70", "0", "0", 5, 15, false, "5/15/2024\rSunrise = 00:32\rSunset = N/A"},
+      {"70", "0", "0", 7, 26, false, "7/26/2024\rSunrise = N/A\rSunset = 23:55"},
+      {"abc", "", "-", 6, 21, false, "6/21/2024\rSunrise = 05:58\rSunset = 18:06"},
+      {"0", "0", "5.5", 6, 21, false, "6/21/2024\rSunrise = 11:28\rSunset = 23:36"},
+  };
+  for (const auto& row : rows) {
+    window()->statusDate->Month(row.month);
+    window()->statusDate->Day(row.day);
+    window()->DaylightSavings()->Value(row.daylightSaving);
+    window()->Latitude()->userTyped(String(row.latitude));
+    window()->TimeZone()->userTyped(String(row.zone));
+    type(window()->Longitude(), row.longitude);
+    EXPECT_EQ(status(), row.expected) << row.latitude << ' ' << row.longitude << ' ' << row.zone;
+  }
+}
+
+TEST_F(StatusTest, RecomputedWhenAFieldIsLeftOrABoxTicked) {
+  const std::string first = status();
+  for (const auto& field : {window()->Latitude(), window()->Longitude(), window()->TimeZone()}) {
+    const std::string name = text(field->Name);
+    const std::string before = status();
+    field->userTyped("12"_s);
+    EXPECT_EQ(status(), before) << name;
+    field->userLeft();
+    EXPECT_NE(status(), before) << name;
+  }
+  for (const auto& box : {window()->DaylightSavings(), window()->DownUnderFlag()}) {
+    const std::string before = status();
+    box->userTicked(!box->Value());
+    // Off, daylight saving leaves nothing for the other box to change.
+    EXPECT_NE(status(), before) << text(box->Name);
+    window()->DaylightSavings()->userTicked(true);
+  }
+  EXPECT_NE(status(), first);
+}
+
+TEST_F(StatusTest, AnEditOfABoundShowsAtTheNextRecomputation) {
+  const std::string summer = status();
+  for (const auto& bound : {window()->DSTStart(), window()->DSTEnd()}) {
+    const String before = bound->Text();
+    type(bound, "never");
+    EXPECT_EQ(status(), summer) << text(bound->Name);
+    window()->Latitude()->userLeft();
+    EXPECT_EQ(status(), "6/21/2024\rSunrise = 04:13\rSunset = 20:11") << text(bound->Name);
+    type(bound, before.view());
+    window()->Latitude()->userLeft();
+    EXPECT_EQ(status(), summer);
+  }
+}
+
+TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
+  const struct {
+    CivilMoment at;
+    std::string_view before, after;
+  } rows[] = {{{2024, 12, 31, 23, 59, 59}, "12/30/2024", "1/1/2025"},
+              {{2024, 3, 1, 0, 0, 0}, "2/29/2024", "3/2/2024"},
+              {{1900, 2, 28, 12, 0, 0}, "2/27/1900", "3/1/1900"},
+              {{2025, 1, 1, 0, 0, 0}, "12/31/2024", "1/2/2025"}};
+  for (const auto& row : rows) {
+    runtime._WindowSupport.Windows.clear();
+    host.stand(row.at);
+    const Ref<Veldrin> veldrin = window();
+    const Ref<Date> date = veldrin->statusDate;
+    const double seconds = date->TotalSeconds();
+    const std::string shown = status();
+    std::string touched;
+    toolkit.onControlChanged = [&](Control& control) { touched += text(control.Name) + " "; };
+    const auto day = [&] { return status().substr(0, status().find('\r')); };
+    veldrin->BackOneDay()->userPressed();
+    EXPECT_EQ(day(), row.before);
+    veldrin->ForwardOneDay()->userPressed();
+    EXPECT_EQ(date->TotalSeconds(), seconds);
+    EXPECT_EQ(status(), shown);
+    veldrin->ForwardOneDay()->userPressed();
+    EXPECT_EQ(day(), row.after);
+    EXPECT_EQ(veldrin->statusDate, date);
+    EXPECT_EQ(touched, "Status Status Status ");
+  }
+}
+
+TEST_F(StatusTest, BoundsKeepTheirYearWhenTheDayLeavesIt) {
+  window()->statusDate->Year(2025);
+  window()->Latitude()->userLeft();
+  EXPECT_EQ(status(), "6/21/2025\rSunrise = 04:13\rSunset = 20:11");
+  EXPECT_EQ(text(window()->DSTStart()->Text()), "3/10/2024");
+  window()->DownUnderFlag()->userTicked(true);
+  EXPECT_EQ(status(), "6/21/2025\rSunrise = 05:13\rSunset = 21:11");
+}
+
+TEST_F(StatusTest, ADayIsMadeWhereThereIsNoneButNotByAStep) {
+  const Ref<Veldrin> unopened = New<Veldrin>();
+  unopened->CreateControls();
+  EXPECT_EQ(raisedBy([&] { unopened->ForwardOneDay_Action(); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { unopened->BackOneDay_Action(); }), "NilObjectException");
+  EXPECT_FALSE(unopened->statusDate);
+  // The conversion from degrees is still 0, so no altitude differs from another.
+  unopened->UpdateStatus();
+  const Ref<Date> made = unopened->statusDate;
+  ASSERT_TRUE(made);
+  EXPECT_EQ(status(), "6/21/2024\rSunrise = N/A\rSunset = N/A");
+  unopened->Event_Open();
+  EXPECT_NE(unopened->statusDate, made);
+  EXPECT_EQ(made->referenceCount(), 1);
+  EXPECT_EQ(status(), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
+}
+
+}  // namespace
+}  // namespace veldrin::test

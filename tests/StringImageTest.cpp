@@ -1,0 +1,140 @@
+#include "shell/StringImage.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using Image = std::vector<std::uint8_t>;
+using testing::ElementsAreArray;
+
+constexpr std::uint32_t Address = 0x1000;
+
+/// "hi" and "(  )" as they lie at 0x1000.
+const Image Golden = {
+    0x01, 0,   0,   0,   0x28, 0x10, 0, 0, 0x07, 0, 0, 0, 0x02, 0, 0, 0, 0x00, 0x01, 0x00, 0x08,  //
+    0x01, 0,   0,   0,   0x2F, 0x10, 0, 0, 0x09, 0, 0, 0, 0x04, 0, 0, 0, 0x00, 0x06, 0x00, 0x00,  //
+    0x02, 'h', 'i', 0,   0,    0,    0,                                                           //
+    0x04, '(', ' ', ' ', ')',  0,    0, 0, 0};
+
+std::vector<String> textsOfEveryKind() {
+  std::string stream = "\x07\x82";
+  stream.resize(449, '\0');
+  return {"hi"_s,
+          String(),
+          "(  )"_ascii,
+          String("", Encoding::ASCII),
+          String(std::string(254, 'x')),
+          String(std::string(255, '\xFF')),
+          String(stream)};
+}
+
+void putWord(Image& image, std::size_t offset, std::uint32_t value) {
+  for (std::size_t byte = 0; byte < 4; ++byte) {
+    image.at(offset + byte) = static_cast<std::uint8_t>(value >> (8 * byte));
+  }
+}
+
+TEST(StringImageTest, HasTheGoldenBytes) {
+  const std::vector<String> strings = {"hi"_s, "(  )"_ascii};
+  EXPECT_THAT(writeStringImage(strings, Address), ElementsAreArray(Golden));
+  EXPECT_TRUE(writeStringImage({}, Address).empty());
+}
+
+TEST(StringImageTest, ReadsBackWhatItWrote) {
+  const std::vector<String> strings = textsOfEveryKind();
+  for (const std::uint32_t address : {0x0U, 0x1000U, 0x7FFFFFFFU, 0xFFFFF000U}) {
+    SCOPED_TRACE(address);
+    const auto [read, damage] = readStringImage(writeStringImage(strings, address), address);
+    EXPECT_FALSE(damage.has_value()) << damage->what;
+    EXPECT_THAT(read, ElementsAreArray(strings));
+    for (std::size_t at = 0; at < read.size(); ++at) {
+      EXPECT_EQ(read[at].encoding(), strings[at].encoding()) << at;
+    }
+  }
+  EXPECT_FALSE(readStringImage({}, Address).damage.has_value());
+}
+
+TEST(StringImageTest, EveryTruncationIsDamage) {
+  const Image image = writeStringImage(textsOfEveryKind(), Address);
+  for (std::size_t size = 1; size < image.size(); ++size) {
+    // A vector of its own, so that a sanitizer sees a read behind the end.
+    const Image cut(image.begin(), image.begin() + static_cast<std::ptrdiff_t>(size));
+    const auto [strings, damage] = readStringImage(cut, Address);
+    ASSERT_TRUE(damage.has_value()) << size;
+    EXPECT_LE(damage->offset, size) << damage->what;
+    EXPECT_TRUE(strings.empty()) << size;
+  }
+}
+
+TEST(StringImageTest, EveryFlippedByteIsDamageOrAChangedText) {
+  const std::vector<String> strings = textsOfEveryKind();
+  const Image image = writeStringImage(strings, Address);
+  std::vector<bool> isText(strings.size() * StringRecordSize, false);
+  for (const String& string : strings) {
+    isText.push_back(false);
+    isText.insert(isText.end(), string.view().size(), true);
+    isText.insert(isText.end(), 4, false);
+  }
+  ASSERT_EQ(isText.size(), image.size());
+  for (std::size_t offset = 0; offset < image.size(); ++offset) {
+    for (const unsigned bits : {1U, 2U, 4U, 8U, 16U, 32U, 64U, 128U, 255U}) {
+      Image flipped = image;
+      flipped[offset] = static_cast<std::uint8_t>(flipped[offset] ^ bits);
+      const auto [read, damage] = readStringImage(flipped, Address);
+      ASSERT_EQ(damage.has_value(), !isText[offset]) << offset << " ^ " << bits;
+      if (damage) {
+        ASSERT_LE(damage->offset, image.size()) << offset << " ^ " << bits;
+      } else {
+        ASSERT_EQ(writeStringImage(read, Address), flipped) << offset << " ^ " << bits;
+      }
+    }
+  }
+}
+
+TEST(StringImageTest, DamageIsReportedWhereItIs) {
+  struct Row {
+    const char* what;
+    std::size_t word;
+    std::uint32_t value;
+    std::size_t damage;
+  };
+  const Row rows[] = {
+      {"count 0", 0, 0, 0},
+      {"huge count", 20, 0xFFFFFFFF, 20},
+      {"no record before the blocks", 4, Address, 4},
+      {"huge address of a whole number of records", 4, Address + 20 * 0x0CCCCCCCU, 4},
+      {"huge address", 24, 0xFFFFFFFF, 24},
+      {"huge length", 12, 0xFFFFFFFF, 12},
+      {"length whose allocation would wrap round", 12, 0xFFFFFFFB, 12},
+      {"length with another allocation", 32, 3, 28},
+      {"terminator", 43, 0x01000000, 46}};
+  for (const Row& row : rows) {
+    Image image = Golden;
+    putWord(image, row.word, row.value);
+    const auto [strings, damage] = readStringImage(image, Address);
+    ASSERT_TRUE(damage.has_value()) << row.what;
+    EXPECT_EQ(damage->offset, row.damage) << row.what << ": " << damage->what;
+    EXPECT_TRUE(strings.empty()) << row.what;
+  }
+  Image longer = Golden;
+  longer.push_back(0);
+  EXPECT_EQ(readStringImage(longer, Address).damage.value().offset, Golden.size());
+  EXPECT_EQ(readStringImage(Golden, Address + 1).damage.value().offset, 4U);
+}
+
+TEST(StringImageTest, WriterRefusesWhatTheFormatCannotHold) {
+  const std::vector<String> strings = {"hi"_s, "ho"_s};
+  const std::vector<String> latin = {String("hi", 0x201)};
+  EXPECT_EQ(raisedBy([&] { writeStringImage(strings, 0xFFFFFFF0); }), "OutOfMemoryException");
+  EXPECT_EQ(raisedBy([&] { writeStringImage(latin, 0); }), "UnsupportedFormatException");
+}
+
+}  // namespace
+}  // namespace veldrin::test

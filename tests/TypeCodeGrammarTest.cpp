@@ -1,0 +1,138 @@
+#include "shell/TypeCodeGrammar.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+// NOLINTNEXTLINE(bugprone-suspicious-include): the fuzz target itself, which no library holds.
+#include "fuzz/TypeCodeFuzz.cpp"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using TypeCodeFuzzTest = RuntimeTest;
+
+std::vector<std::string> parametersOf(std::string_view list) {
+  std::vector<std::string> parameters;
+  while (!list.empty()) parameters.emplace_back(takeParameter(list));
+  return parameters;
+}
+
+TEST(TypeCodeGrammarTest, SignatureFallsIntoResultAndParameters) {
+  const auto parts = splitSignature("%o<Introspection.TypeInfo>%i4o<Introspection.TypeInfo>");
+  ASSERT_TRUE(parts);
+  EXPECT_EQ(parts->result, "o<Introspection.TypeInfo>");
+  EXPECT_THAT(parametersOf(parts->parameters), ElementsAre("i4", "o<Introspection.TypeInfo>"));
+
+  const auto bare = splitSignature("%%");
+  ASSERT_TRUE(bare);
+  EXPECT_EQ(bare->result, "");
+  EXPECT_EQ(bare->parameters, "");
+
+  for (const char* const malformed : {"", "%", "f8", "f8%%", "%f8", "%%%", "%f8%i4%"}) {
+    EXPECT_FALSE(splitSignature(malformed)) << malformed;
+  }
+}
+
+TEST(TypeCodeGrammarTest, ParametersComeOffOneByOne) {
+  EXPECT_THAT(parametersOf(""), IsEmpty());
+  EXPECT_THAT(parametersOf("i4s"), ElementsAre("i4", "s"));
+  EXPECT_THAT(parametersOf("&o<Date>&f8"), ElementsAre("&o<Date>", "&f8"));
+  EXPECT_THAT(parametersOf("A1o<Pair>"), ElementsAre("A1o<Pair>"));
+  EXPECT_THAT(parametersOf("&A12sv"), ElementsAre("&A12s", "v"));
+  EXPECT_THAT(parametersOf("o<A.B<C<D>>>?<CString>u1<E>"),
+              ElementsAre("o<A.B<C<D>>>", "?<CString>", "u1<E>"));
+  // An array of arrays is more than one parameter can be.
+  EXPECT_THAT(parametersOf("A1A1s"), ElementsAre("A1A1", "s"));
+  // What is no parameter comes off all the same, and never more than there is.
+  EXPECT_THAT(parametersOf("f8&"), ElementsAre("f8", "&"));
+  EXPECT_THAT(parametersOf("A1"), ElementsAre("A1"));
+  EXPECT_THAT(parametersOf("o<Date"), ElementsAre("o<Date"));
+  EXPECT_THAT(parametersOf(">>8"), ElementsAre(">", ">8"));
+}
+
+TEST(TypeCodeGrammarTest, TypeCodesAreTakenApart) {
+  const struct {
+    std::string_view code;
+    CodeKind kind;
+    std::int32_t rank;
+    std::string_view inner;
+  } rows[] = {
+      {"f8", CodeKind::Other, 0, ""},
+      {"v", CodeKind::Other, 0, ""},
+      {"o", CodeKind::Other, 0, ""},
+      {"?<CString>", CodeKind::Other, 0, "CString"},
+      {"o<Introspection.TypeInfo>", CodeKind::Object, 0, "Introspection.TypeInfo"},
+      {"o<A<B>>", CodeKind::Object, 0, "A<B>"},
+      {"u1<FontUnits>", CodeKind::Enumeration, 0, "FontUnits"},
+      {"i4<E>", CodeKind::Enumeration, 0, "E"},
+      {"t<S>", CodeKind::Structure, 0, "S"},
+      {"A1s", CodeKind::Array, 1, "s"},
+      {"A2A1o<Pair>", CodeKind::Array, 2, "A1o<Pair>"},
+      {"A1000v", CodeKind::Array, 1000, "v"},
+      {"A1%", CodeKind::Array, 1, "%"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.code);
+    const auto parts = readTypeCode(row.code);
+    ASSERT_TRUE(parts);
+    EXPECT_EQ(parts->kind, row.kind);
+    EXPECT_EQ(parts->rank, row.rank);
+    EXPECT_EQ(parts->inner, row.inner);
+  }
+}
+
+TEST(TypeCodeGrammarTest, MalformedCodesHaveNoType) {
+  initializeReflectionClasses();
+  const std::string manyDigits = "A" + std::string(100, '9') + "s";
+  const std::string_view codes[] = {
+      "",     "&f8",    "%",      "8",       "<Date>",      "o<Date",   "o<",     "o<>",
+      "o>",   "o<A<B>", "o<A>>",  "o<A>B",   "f8f8",        "o<Date>8", "A",      "A1",
+      "As",   "A0s",    "A1001s", "A<Date>", "A-1s",        "A1A1",     "A1o<",   manyDigits,
+      "A1&s", "f 8",    "f8 ",    " f8",     "\xC3\xA4<A>", "i4\n",     "o8Date", "A1A0s",
+  };
+  for (const std::string_view code : codes) {
+    EXPECT_FALSE(Introspection::GetInfoFromTypeCode(String(code))) << code;
+  }
+  EXPECT_FALSE(Introspection::GetInfoFromTypeCode(String(std::string_view("f8\0", 3))));
+  Introspection::finalizeReflection();
+}
+
+TEST_F(TypeCodeFuzzTest, NoTextHurtsTheReadingOfTypes) {
+  initializeClasses();
+  initializeReflectionClasses();
+  const auto feed = [](const std::string& text) {
+    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+  };
+  std::vector<std::string> valid{"A1i4", "A2s", "u1<FontUnits>", "%v%&A3A1t<A.B<C>>?<CString>"};
+  for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
+       record = record->nextClass) {
+    for (const MethodRow& row : record->ownMethods()) valid.push_back(test::text(row.signature));
+  }
+  std::ranges::sort(valid);
+  valid.erase(std::unique(valid.begin(), valid.end()), valid.end());
+  for (const std::string& text : valid) {
+    for (std::size_t length = 0; length <= text.size(); ++length) feed(text.substr(0, length));
+  }
+
+  constexpr std::string_view Telling("%&A1o<>?iut90.\0\xFF", 16);
+  std::mt19937 random(15);  // NOLINT(cert-msc51-cpp): the same inputs at every run
+  const auto below = [&](std::size_t bound) { return random() % bound; };
+  for (int input = 0; input < 4000; ++input) {
+    std::string text = valid[below(valid.size())];
+    for (auto edits = 1 + below(4); edits > 0; --edits) {
+      const auto place = below(text.size() + 1);
+      text.replace(place, below(3), std::string(below(3), Telling[below(Telling.size())]));
+    }
+    feed(text);
+  }
+}
+
+}  // namespace
+}  // namespace veldrin::test

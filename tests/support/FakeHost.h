@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+
+#include "shell/Host.h"
+
+namespace veldrin::test {
+
+/// A host whose clock stands where a test puts it, in any zone.
+class FakeHost final : public Host {
+ public:
+  /// Seconds east of Greenwich at a moment of the clock (seconds since 1970-01-01 UTC).
+  using Zone = std::function<std::int64_t(std::int64_t)>;
+
+  std::int64_t moment = 0;
+  Zone zone = [](std::int64_t) { return std::int64_t{0}; };
+  ShortDateForm form;
+
+  /// Puts the clock on a local moment of a zone of so many hours.
+  void stand(const CivilMoment& local, double hours = 0.0) {
+    const auto offset = static_cast<std::int64_t>(hours * 3600.0);
+    zone = [offset](std::int64_t) { return offset; };
+    moment = secondsOf(local) - offset;
+  }
+
+  [[nodiscard]] std::int64_t now() const override { return moment; }
+  [[nodiscard]] CivilMoment localTime(std::int64_t at) const override {
+    const std::int64_t local = at + zone(at);
+    const std::int64_t rest = ((local % 86400) + 86400) % 86400;
+    const CivilDay day = civilDay((local - rest) / 86400);
+    return {static_cast<std::int32_t>(day.year),
+            day.month,
+            day.day,
+            static_cast<std::int32_t>(rest / 3600),
+            static_cast<std::int32_t>(rest / 60 % 60),
+            static_cast<std::int32_t>(rest % 60)};
+  }
+  [[nodiscard]] double gmtOffset(const CivilMoment& local) const override {
+    // Good for every moment that is not within a change of the clock.
+    const std::int64_t guess = secondsOf(local) - zone(secondsOf(local));
+    return static_cast<double>(zone(guess)) / 3600.0;
+  }
+  [[nodiscard]] ShortDateForm shortDateForm() const override { return form; }
+
+ private:
+  static std::int64_t secondsOf(const CivilMoment& local) {
+    const std::int64_t hours = dayNumber(local.year, local.month, local.day) * 24 + local.hour;
+    return (hours * 60 + local.minute) * 60 + local.second;
+  }
+};
+
+}  // namespace veldrin::test

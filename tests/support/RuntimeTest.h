@@ -1,0 +1,71 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "apps/VeldrinParts.h"
+#include "calendar/OutputFile.h"
+#include "daystatus/Veldrin.h"
+#include "shell/Failure.h"
+#include "shell/Runtime.h"
+#include "tests/support/FakeHost.h"
+#include "tests/support/MemoryItem.h"
+#include "toolkits/headless/HeadlessToolkit.h"
+
+namespace veldrin::test {
+
+/// A runtime on a toolkit with no screen and a host that stands at 2024-06-21 12:00, in a zone 8
+/// hours west with its daylight-saving hour.
+class RuntimeTest : public testing::Test {
+ protected:
+  RuntimeTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
+
+  FakeHost host;
+  HeadlessToolkit toolkit;
+  Runtime runtime{host, toolkit};
+};
+
+/// The same with the window open, as it is when the event loop begins; everything that was made is
+/// given up again at the end of the test.
+class WindowTest : public RuntimeTest {
+ protected:
+  void SetUp() override { OutputFile::_Initialize(); }
+  void TearDown() override { finalizeGlobals(); }
+
+  static Ref<Veldrin> window() { return implicit::Veldrin(); }
+
+  static void type(const Ref<TextField>& field, std::string_view text) {
+    field->userTyped(String(text));
+    field->userLeft();
+  }
+
+  std::string status() { return std::string(window()->Status()->Text().view()); }
+
+  /// What a press of the button writes.
+  std::string generate() {
+    const Ref<MemoryItem> item = New<MemoryItem>();
+    toolkit.saveAnswers.emplace_back(item);
+    window()->GenerateButton()->userPressed();
+    return *item->content;
+  }
+};
+
+/// Runs the call and gives the full name of the class of what it raised, "" for nothing.
+template <class Call>
+std::string raisedBy(Call&& call) {
+  try {
+    call();
+  } catch (const Raised& raised) {
+    return std::string(raised.exception->classRecord()->name.view());
+  }
+  return "";
+}
+
+inline std::string text(const String& string) {
+  return std::string(string.view());
+}
+
+}  // namespace veldrin::test
