@@ -1,0 +1,10 @@
+#include "apps/SpokenNames.h"
+#include "apps/VeldrinParts.h"
+#include "shell/SystemHost.h"
+#include "toolkits/qt/QtToolkit.h"
+
+int main() {
+  veldrin::SystemHost host;
+  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
+}

@@ -1,0 +1,32 @@
+#include "toolkits/qt/QtButton.h"
+
+#include <QKeyEvent>
+#include <QStyleOptionButton>
+
+#include "toolkits/qt/QtText.h"
+
+namespace veldrin {
+
+QtButton::QtButton(const Ref<PushButton>& button, Delivery& delivery, QWidget& parent)
+    : QPushButton(plainCaption(button->Caption), &parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  connect(this, &QPushButton::clicked, this,
+          [button, &delivery] { delivery.deliver([&] { button->userPressed(); }); });
+}
+
+bool QtButton::fits(const QFont& font) const {
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.fontMetrics = QFontMetrics(font);
+  const QRect box = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+  return textFits(font, text(), box.size());
+}
+
+void QtButton::keyPressEvent(QKeyEvent* event) {
+  // Some desktops press a button by Return; this form has none that Return presses.
+  const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isReturn) return QWidget::keyPressEvent(event);
+  QPushButton::keyPressEvent(event);
+}
+
+}  // namespace veldrin

@@ -1,0 +1,45 @@
+#include "toolkits/qt/QtChooser.h"
+
+#include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <utility>
+
+#include "toolkits/qt/QtText.h"
+
+namespace veldrin {
+
+QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent)
+    : QComboBox(&parent), chooser_(std::move(chooser)) {
+  setFocusPolicy(Qt::StrongFocus);
+  connect(this, &QComboBox::currentIndexChanged, this,
+          [this, &delivery](int row) { delivery.deliver([&] { chooser_->userChose(row); }); });
+}
+
+void QtChooser::follow() {
+  const QSignalBlocker blocker(this);
+  QStringList rows;
+  for (std::int32_t row = 0; row < chooser_->ListCount(); ++row) {
+    rows.append(toQt(chooser_->List(row)));
+  }
+  QStringList shown;
+  for (int row = 0; row < count(); ++row) shown.append(itemText(row));
+  if (rows != shown) {
+    clear();
+    addItems(rows);
+  }
+  setCurrentIndex(chooser_->ListIndex());
+}
+
+bool QtChooser::fits(const QFont& font) const {
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  option.fontMetrics = QFontMetrics(font);
+  const QRect box =
+      style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+  for (int row = 0; row < count(); ++row) {
+    if (!textFits(font, itemText(row), box.size())) return false;
+  }
+  return true;
+}
+
+}  // namespace veldrin

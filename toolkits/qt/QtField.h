@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include "shell/TextField.h"
+#include "toolkits/qt/QtControl.h"
+
+namespace veldrin {
+
+/// A line of text with the desktop's own editing. The control is told of every text that is not its
+/// own already; black on white means the desktop's colours of text.
+class QtField final : public QLineEdit, public QtControl {
+ public:
+  QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent);
+
+  QWidget& widget() override { return *this; }
+  void follow() override;
+  [[nodiscard]] bool fits(const QFont& font) const override;
+
+ protected:
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  Ref<TextField> field_;
+  Delivery& delivery_;
+};
+
+}  // namespace veldrin

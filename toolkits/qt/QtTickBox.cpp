@@ -1,0 +1,27 @@
+#include "toolkits/qt/QtTickBox.h"
+
+#include <QStyleOptionButton>
+#include <utility>
+
+#include "toolkits/qt/QtText.h"
+
+namespace veldrin {
+
+QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
+    : QCheckBox(plainCaption(box->Caption), &parent), box_(std::move(box)) {
+  setFocusPolicy(Qt::StrongFocus);
+  connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
+    if (ticked == box_->Value()) return;  // the program's own change, come back
+    delivery.deliver([&] { box_->userTicked(ticked); });
+  });
+}
+
+bool QtTickBox::fits(const QFont& font) const {
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  option.fontMetrics = QFontMetrics(font);
+  const QRect box = style()->subElementRect(QStyle::SE_CheckBoxContents, &option, this);
+  return textFits(font, text(), box.size());
+}
+
+}  // namespace veldrin

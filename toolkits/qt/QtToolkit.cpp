@@ -1,0 +1,108 @@
+#include "toolkits/qt/QtToolkit.h"
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <system_error>
+
+#include "shell/Failure.h"
+#include "toolkits/qt/QtDialogs.h"
+#include "toolkits/qt/QtText.h"
+
+namespace veldrin {
+namespace {
+
+char programName[] = "veldrin";
+char* programArguments[] = {programName, nullptr};
+int argumentCount = 1;
+
+void complain(const QString& reason) {
+  static_cast<void>(std::fprintf(stderr, "veldrin: %s\n", reason.toLocal8Bit().constData()));
+}
+
+}  // namespace
+
+QtToolkit::Application::Application() : QApplication(argumentCount, programArguments) {
+  // Qt has just set the whole locale of the C library; a number has its point everywhere.
+  std::setlocale(LC_NUMERIC, "C");
+  setDesktopFileName("org.veldrin.Veldrin");
+  setQuitOnLastWindowClosed(false);
+}
+
+QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names) {}
+
+QtToolkit::~QtToolkit() = default;
+
+void QtToolkit::windowOpened(Window& window) {
+  windows_.push_back(std::make_unique<QtWindow>(window, delivery_, editing_, names_));
+  if (window.Visible) windows_.back()->show();
+}
+
+void QtToolkit::windowClosed(Window& window) {
+  const auto found =
+      std::ranges::find_if(windows_, [&](const auto& shown) { return &shown->shown() == &window; });
+  if (found == windows_.end()) return;
+  const bool insideOfIt = delivery_.isHeld();
+  // A widget that goes loses the focus, which nobody has to hear of any more.
+  const Delivery::Hold hold(delivery_);
+  std::unique_ptr<QtWindow> closed = std::move(*found);
+  windows_.erase(found);
+  closed->hide();
+  if (insideOfIt) closed.release()->deleteLater();
+  // The menu bar has gone with the last window, and with it the way to end the program.
+  if (windows_.empty()) quit();
+}
+
+void QtToolkit::controlChanged(Control& control) {
+  for (const auto& window : windows_) window->follow(control);
+}
+
+void QtToolkit::menuItemsEnabled() {
+  for (const auto& window : windows_) window->enableMenuItems();
+}
+
+Ref<FolderItem> QtToolkit::getSaveFolderItem(const String& filter, const String& defaultName) {
+  return askWhereToSave(front(), filter, defaultName);
+}
+
+void QtToolkit::messageBox(const String& text) {
+  sayInBox(front(), toQt(text));
+}
+
+void QtToolkit::run() {
+  if (!ended_) QApplication::exec();
+  delivery_.raiseAgain();
+}
+
+void QtToolkit::quit() {
+  ended_ = true;
+  QCoreApplication::quit();
+}
+
+void QtToolkit::backgroundTask() {
+  // Only what has to be painted again: no input, so that no handler runs inside another.
+  for (const auto& window : windows_) {
+    QCoreApplication::sendPostedEvents(window.get(), QEvent::UpdateRequest);
+  }
+}
+
+void QtToolkit::reportUnhandledException(const RuntimeException& exception) {
+  QString reason = toQt(exception.classRecord()->name);
+  if (exception.ErrorNumber != 0) {
+    const std::string message = std::generic_category().message(exception.ErrorNumber);
+    reason += QString(", error %1: ").arg(exception.ErrorNumber) + QString::fromStdString(message);
+  }
+  complain(reason);
+  sayFailure(front(), reason);
+}
+
+void QtToolkit::reportFault(const String& sentence) {
+  complain(toQt(sentence));
+  sayFailure(front(), toQt(sentence));
+}
+
+QWidget* QtToolkit::front() const {
+  return windows_.empty() ? nullptr : windows_.back().get();
+}
+
+}  // namespace veldrin
