@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QFrame>
+#include <QWidget>
 
 #include "shell/Placard.h"
 #include "toolkits/qt/QtControl.h"
@@ -8,13 +8,14 @@
 namespace veldrin {
 
 /// A framed panel, which stands behind the controls that it groups.
-class QtPanel final : public QFrame, public QtControl {
+class QtPanel final : public QWidget, public QtControl {
  public:
-  QtPanel(const Ref<Placard>& panel, Delivery& /*delivery*/, QWidget& parent) : QFrame(&parent) {
-    setFrameStyle(QFrame::StyledPanel | (panel->Value ? QFrame::Sunken : QFrame::Raised));
-  }
+  QtPanel(const Ref<Placard>& panel, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 };
 
 }  // namespace veldrin
