@@ -31,9 +31,12 @@ need_packages() {
     fail "could not install: ${missing[*]}"
 }
 
-# What builds the core and the companion, and what the tests and benchmarks need beside it.
+# What builds the core and the companion, what the window needs beside it, and what the tests and
+# benchmarks do.
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev)
-TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata)
+WINDOW_PACKAGES=(qt6-base-dev)
+SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)
 
 # german_locale FOLDER: makes a German locale there, for tests that run with LOCPATH=FOLDER.

@@ -4,6 +4,8 @@
 #include <exception>
 #include <utility>
 
+#include "shell/Window.h"
+
 namespace veldrin {
 
 /// Brings what a person does to the controls. Qt's own frames carry no exception: one that leaves a
@@ -18,6 +20,13 @@ class Delivery {
     guard(std::forward<Act>(act));
   }
 
+  /// The same for an act on a control. One that has left its window hears of nothing more, though
+  /// its widget may live a little longer.
+  template <class Act>
+  void deliver(const Control& control, Act&& act) {
+    if (control.Window()) deliver(std::forward<Act>(act));
+  }
+
   /// Runs what may come at any time and calls no handler, such as a note of what was typed.
   template <class Act>
   void guard(Act&& act) {
@@ -25,7 +34,7 @@ class Delivery {
       act();
     } catch (...) {
       raised_ = std::current_exception();
-      QCoreApplication::quit();
+      QCoreApplication::exit();  // unlike quit(), it asks no window
     }
   }
 

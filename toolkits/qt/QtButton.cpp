@@ -11,7 +11,7 @@ QtButton::QtButton(const Ref<PushButton>& button, Delivery& delivery, QWidget& p
     : QPushButton(plainCaption(button->Caption), &parent) {
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QPushButton::clicked, this,
-          [button, &delivery] { delivery.deliver([&] { button->userPressed(); }); });
+          [button, &delivery] { delivery.deliver(*button, [&] { button->userPressed(); }); });
 }
 
 bool QtButton::fits(const QFont& font) const {

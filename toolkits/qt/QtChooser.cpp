@@ -11,8 +11,9 @@ namespace veldrin {
 QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent)
     : QComboBox(&parent), chooser_(std::move(chooser)) {
   setFocusPolicy(Qt::StrongFocus);
-  connect(this, &QComboBox::currentIndexChanged, this,
-          [this, &delivery](int row) { delivery.deliver([&] { chooser_->userChose(row); }); });
+  connect(this, &QComboBox::currentIndexChanged, this, [this, &delivery](int row) {
+    delivery.deliver(*chooser_, [&] { chooser_->userChose(row); });
+  });
 }
 
 void QtChooser::follow() {

@@ -49,7 +49,7 @@ void QtField::focusOutEvent(QFocusEvent* event) {
     return;
   }
   QLineEdit::focusOutEvent(event);
-  delivery_.deliver([this] { field_->userLeft(); });
+  delivery_.deliver(*field_, [this] { field_->userLeft(); });
 }
 
 }  // namespace veldrin

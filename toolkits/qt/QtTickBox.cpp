@@ -12,7 +12,7 @@ QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
     if (ticked == box_->Value()) return;  // the program's own change, come back
-    delivery.deliver([&] { box_->userTicked(ticked); });
+    delivery.deliver(*box_, [&] { box_->userTicked(ticked); });
   });
 }
 

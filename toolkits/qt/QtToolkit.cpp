@@ -34,20 +34,21 @@ QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names) {}
 QtToolkit::~QtToolkit() = default;
 
 void QtToolkit::windowOpened(Window& window) {
+  ended_ = false;
   windows_.push_back(std::make_unique<QtWindow>(window, delivery_, editing_, names_));
   if (window.Visible) windows_.back()->show();
 }
 
 void QtToolkit::windowClosed(Window& window) {
   const auto found =
-      std::ranges::find_if(windows_, [&](const auto& shown) { return &shown->shown() == &window; });
+      std::ranges::find_if(windows_, [&](const auto& shown) { return shown->shown() == &window; });
   if (found == windows_.end()) return;
   const bool insideOfIt = delivery_.isHeld();
   // A widget that goes loses the focus, which nobody has to hear of any more.
   const Delivery::Hold hold(delivery_);
   std::unique_ptr<QtWindow> closed = std::move(*found);
   windows_.erase(found);
-  closed->hide();
+  closed->letGo();
   if (insideOfIt) closed.release()->deleteLater();
   // The menu bar has gone with the last window, and with it the way to end the program.
   if (windows_.empty()) quit();
@@ -70,13 +71,16 @@ void QtToolkit::messageBox(const String& text) {
 }
 
 void QtToolkit::run() {
+  running_ = true;
   if (!ended_) QApplication::exec();
+  running_ = false;
   delivery_.raiseAgain();
 }
 
 void QtToolkit::quit() {
   ended_ = true;
-  QCoreApplication::quit();
+  // Outside of the loop it would end the next dialog, whenever that comes.
+  if (running_) QCoreApplication::exit();
 }
 
 void QtToolkit::backgroundTask() {

@@ -45,6 +45,7 @@ class QtToolkit final : public Toolkit {
   Delivery delivery_;
   Editing editing_;
   std::vector<std::unique_ptr<QtWindow>> windows_;
+  bool running_ = false;  ///< the event loop is
   bool ended_ = false;
 };
 

@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <algorithm>
 
@@ -36,7 +38,7 @@ bool isLabelOf(const StaticText& text, const TextField& field) {
 QtWindow::QtWindow(Window& window, Delivery& delivery, const Editing& editing,
                    std::span<const SpokenName> names)
     : QMainWindow(nullptr, flagsOf(window)),
-      window_(window),
+      window_(&window),
       delivery_(delivery),
       content_(new QWidget(this)) {
   setWindowTitle(toQt(window.Title));
@@ -54,7 +56,7 @@ QtWindow::QtWindow(Window& window, Delivery& delivery, const Editing& editing,
 }
 
 void QtWindow::makeControls() {
-  for (const Ref<Control>& control : window_.controls()) {
+  for (const Ref<Control>& control : window_->controls()) {
     QtControl* const made = makeQtControl(control, delivery_, *content_);
     if (made != nullptr) controls_.emplace_back(control.get(), made);
   }
@@ -62,10 +64,13 @@ void QtWindow::makeControls() {
 
 void QtWindow::nameControls(std::span<const SpokenName> names) {
   for (const SpokenName& spoken : names) {
-    const Ref<Object> control = RuntimeWindowControlByName(window_, String(spoken.control));
+    const Ref<Object> control = RuntimeWindowControlByName(*window_, String(spoken.control));
     if (!control) continue;
     QWidget* const widget = widgetOf(*CheckCast<Control>(control));
-    widget->setAccessibleName(toQt(String(spoken.name)));
+    const QString name = toQt(String(spoken.name));
+    widget->setAccessibleName(name);
+    // On some desktops the name that is said of a list is its selected row, whatever it is called.
+    if (qobject_cast<QComboBox*>(widget) != nullptr) widget->setAccessibleDescription(name);
   }
   for (const auto& [control, made] : controls_) {
     auto* const label = qobject_cast<QLabel*>(&made->widget());
@@ -81,10 +86,11 @@ void QtWindow::nameControls(std::span<const SpokenName> names) {
 
 void QtWindow::chainFocus() {
   QWidget* before = nullptr;
-  for (const Ref<RectControl>& control : focusOrder(window_)) {
+  for (const Ref<RectControl>& control : focusOrder(*window_)) {
     QWidget* const widget = widgetOf(*control);
     if (before == nullptr) {
       widget->setFocus(Qt::TabFocusReason);
+      if (auto* const field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
     } else {
       setTabOrder(before, widget);
     }
@@ -120,6 +126,11 @@ void QtWindow::follow(const Control& control) {
   }
 }
 
+void QtWindow::letGo() {
+  hide();
+  window_ = nullptr;
+}
+
 void QtWindow::enableMenuItems() {
   if (menus_) menus_->enable();
 }
@@ -127,14 +138,15 @@ void QtWindow::enableMenuItems() {
 void QtWindow::closeEvent(QCloseEvent* event) {
   // The window goes when the system says that it does.
   event->ignore();
-  delivery_.deliver([this] { window_.Close(); });
+  if (window_ != nullptr) delivery_.deliver([this] { window_->Close(); });
 }
 
 bool QtWindow::event(QEvent* event) {
   const QEvent::Type type = event->type();
   const bool done = QMainWindow::event(event);
-  if (type == QEvent::WindowActivate) delivery_.deliver([this] { window_._CallActivated(); });
-  if (type == QEvent::WindowDeactivate) delivery_.deliver([this] { window_._CallDeactivated(); });
+  if (window_ == nullptr) return done;
+  if (type == QEvent::WindowActivate) delivery_.deliver([this] { window_->_CallActivated(); });
+  if (type == QEvent::WindowDeactivate) delivery_.deliver([this] { window_->_CallDeactivated(); });
   if (type == QEvent::ApplicationFontChange || type == QEvent::StyleChange) fitFont();
   return done;
 }

@@ -25,8 +25,10 @@ class QtWindow final : public QMainWindow {
   QtWindow(Window& window, Delivery& delivery, const Editing& editing,
            std::span<const SpokenName> names);
 
-  /// The window that this one shows.
-  [[nodiscard]] const Window& shown() const { return window_; }
+  /// The window that this one shows, nil once that has been closed.
+  [[nodiscard]] const Window* shown() const { return window_; }
+  /// The window has been closed, and its object may go before this one does.
+  void letGo();
   void follow(const Control& control);
   void enableMenuItems();
 
@@ -41,7 +43,7 @@ class QtWindow final : public QMainWindow {
   void fitFont();
   [[nodiscard]] QWidget* widgetOf(const Control& control) const;
 
-  Window& window_;
+  Window* window_;
   Delivery& delivery_;
   QWidget* content_;
   std::vector<std::pair<const Control*, QtControl*>> controls_;

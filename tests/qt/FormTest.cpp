@@ -1,0 +1,112 @@
+#include <QAccessible>
+#include <QLabel>
+#include <QPushButton>
+#include <algorithm>
+#include <clocale>
+#include <string>
+#include <vector>
+
+#include "tests/support/QtTest.h"
+#include "ui/FormTable.h"
+
+namespace veldrin::test {
+namespace {
+
+using FormOnDesktopTest = QtTest;
+using Names = std::vector<std::string>;
+
+TEST_F(FormOnDesktopTest, EveryControlStandsAtItsPlaceInAWindowOfFixedSize) {
+  EXPECT_EQ(FormTable.size(), 21U);
+  for (const ControlRow& row : FormTable) {
+    SCOPED_TRACE(row.name);
+    const QWidget& shown = widget(row.name);
+    EXPECT_EQ(shown.geometry(), QRect(row.left, row.top, row.width, row.height));
+    EXPECT_EQ(shown.parentWidget(), window().centralWidget());
+    EXPECT_TRUE(shown.isVisible());
+    EXPECT_TRUE(shown.isEnabled());
+  }
+  EXPECT_EQ(window().centralWidget()->size(), QSize(350, 420));
+  EXPECT_EQ(window().minimumSize(), window().maximumSize());
+  const Qt::WindowFlags flags = window().windowFlags();
+  EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+  EXPECT_TRUE(flags.testFlag(Qt::WindowMinimizeButtonHint));
+  EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_EQ(window().windowTitle(), "Veldrin");
+}
+
+TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
+  const QFont before = QApplication::font();
+  for (const int points : {9, 10, 11, 16}) {
+    QFont font = before;
+    font.setPointSize(points);
+    QApplication::setFont(font);
+    QCoreApplication::processEvents();
+    for (const ControlRow& row : FormTable) {
+      const auto* const label =
+          window().findChild<QLabel*>(QString::fromStdString(std::string(row.name)));
+      if (label == nullptr) continue;
+      const QSize text = label->fontMetrics().size(0, label->text());
+      EXPECT_LE(text.width(), row.width) << row.name << " at " << points;
+      EXPECT_LE(text.height(), row.height + 2) << row.name << " at " << points;
+    }
+    EXPECT_GE(QFontInfo(widget("Latitude").font()).pixelSize(), 11);
+    EXPECT_EQ(widget("StaticText7").font().pointSizeF(), 9.0);
+  }
+  QApplication::setFont(before);
+}
+
+TEST_F(FormOnDesktopTest, TabGoesThroughTheFormAndRoundAgain) {
+  const Names order{"Latitude",      "TimeZone",       "Longitude",       "DSTEnd",
+                    "DSTStart",      "DownUnderFlag",  "DaylightSavings", "BackOneDay",
+                    "ForwardOneDay", "GenerateButton", "WhichYear"};
+  const auto walk = [&](Qt::Key key) {
+    Names names;
+    for (std::size_t step = 0; step < order.size(); ++step) {
+      names.push_back(QApplication::focusWidget()->objectName().toStdString());
+      QTest::keyClick(QApplication::focusWidget(), key);
+    }
+    return names;
+  };
+  EXPECT_EQ(walk(Qt::Key_Tab), order);
+  EXPECT_EQ(walk(Qt::Key_Tab), order);
+  Names backward(order.rbegin(), order.rend());
+  std::ranges::rotate(backward, backward.end() - 1);
+  EXPECT_EQ(walk(Qt::Key_Backtab), backward);
+}
+
+TEST_F(FormOnDesktopTest, AScreenReaderHasANameAndARoleForEveryControl) {
+  const struct {
+    const char* control;
+    const char* name;
+    QAccessible::Role role;
+  } rows[] = {
+      {"Latitude", "Latitude", QAccessible::EditableText},
+      {"Longitude", "Longitude", QAccessible::EditableText},
+      {"TimeZone", "Standard Time Zone", QAccessible::EditableText},
+      {"DSTStart", "Start Date", QAccessible::EditableText},
+      {"DSTEnd", "End Date", QAccessible::EditableText},
+      {"DownUnderFlag", "Down Under", QAccessible::CheckBox},
+      {"DaylightSavings", "Daylight Savings Time", QAccessible::CheckBox},
+      {"BackOneDay", "Previous day", QAccessible::Button},
+      {"ForwardOneDay", "Next day", QAccessible::Button},
+      {"GenerateButton", "Generate iCal For", QAccessible::Button},
+      {"Status", "6/21/2024\nSunrise = 05:13\nSunset = 21:11", QAccessible::StaticText},
+  };
+  for (const auto& row : rows) {
+    QAccessibleInterface* const spoken =
+        QAccessible::queryAccessibleInterface(&widget(row.control));
+    EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), row.name);
+    EXPECT_EQ(spoken->role(), row.role) << row.control;
+  }
+  EXPECT_EQ(widget<QPushButton>("ForwardOneDay").text(), "+");
+  QAccessibleInterface* const years = QAccessible::queryAccessibleInterface(&widget("WhichYear"));
+  EXPECT_EQ(years->role(), QAccessible::ComboBox);
+  EXPECT_EQ(years->text(QAccessible::Description), "Year");
+}
+
+TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryKeepTheirPoint) {
+  EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
+}
+
+}  // namespace
+}  // namespace veldrin::test

@@ -1,0 +1,105 @@
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <cerrno>
+#include <fstream>
+#include <string>
+
+#include "shell/Failure.h"
+#include "tests/support/Documents.h"
+#include "tests/support/QtTest.h"
+
+namespace veldrin::test {
+namespace {
+
+class SavingTest : public QtTest {
+ protected:
+  /// Types the path into the save dialog and presses Return.
+  static Answer saveAs(const std::string& path) {
+    return [path](QDialog& dialog) {
+      auto& name = *dialog.findChild<QLineEdit*>("fileNameEdit");
+      name.setText(QString::fromStdString(path));
+      QTest::keyClick(&name, Qt::Key_Return);
+    };
+  }
+
+  static Answer press(QMessageBox::StandardButton button) {
+    return [button](QDialog& dialog) {
+      auto* const box = qobject_cast<QMessageBox*>(&dialog);
+      ASSERT_NE(box, nullptr);
+      box->button(button)->click();
+    };
+  }
+
+  std::string path() const { return folder.filePath("saved.ics").toStdString(); }
+};
+
+TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
+  QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
+  QTest::keyClick(&widget("WhichYear"), Qt::Key_Up);
+  whenAsked([this](QDialog& dialog) {
+    auto& files = dynamic_cast<QFileDialog&>(dialog);
+    EXPECT_EQ(files.findChild<QLineEdit*>("fileNameEdit")->text(), "Veldrin.ics");
+    EXPECT_EQ(files.nameFilters(), (QStringList{"Calendar files (*.ics)", "All files (*)"}));
+    saveAs(path())(dialog);
+  });
+  click("GenerateButton");
+  EXPECT_EQ(firstDifference(readFile(path()), golden("default-2008.ics")), "");
+}
+
+TEST_F(SavingTest, AnExistingFileIsReplacedOnlyWhenThePersonSaysSo) {
+  std::ofstream(path()) << "old";
+  whenAsked(saveAs(path()));
+  whenAsked(press(QMessageBox::No));
+  whenAsked([](QDialog& dialog) { dialog.reject(); });
+  click("GenerateButton");
+  EXPECT_EQ(readFile(path()), "old");
+  whenAsked(saveAs(path()));
+  whenAsked(press(QMessageBox::Yes));
+  click("GenerateButton");
+  EXPECT_TRUE(readFile(path()).starts_with("BEGIN:VCALENDAR\r\n"));
+}
+
+TEST_F(SavingTest, AFileThatCannotBeMadeIsToldAndTheWindowGoesOn) {
+  const std::string nowhere = folder.filePath("<b>no</b>/Veldrin.ics").toStdString();
+  whenAsked(saveAs(nowhere));
+  whenAsked([&](QDialog& dialog) {
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text().toStdString(),
+              "Cannot write to " + nowhere);
+    EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).textFormat(), Qt::PlainText);
+    press(QMessageBox::Ok)(dialog);
+  });
+  click("GenerateButton");
+  click("ForwardOneDay");
+  EXPECT_EQ(status().substr(0, 9), "6/22/2024");
+}
+
+TEST_F(SavingTest, AFullDiskEndsTheLoopAndIsReported) {
+  whenAsked(saveAs("/dev/full"));
+  whenAsked(press(QMessageBox::Yes));
+  QTimer::singleShot(0, &window(), [] { click("GenerateButton"); });
+  Ref<RuntimeException> raised;
+  try {
+    toolkit.run();
+  } catch (const Raised& failure) {
+    raised = failure.exception;
+  }
+  ASSERT_TRUE(raised);
+  EXPECT_EQ(raised->classRecord()->name, "IOException");
+  EXPECT_EQ(raised->ErrorNumber, ENOSPC);
+  std::string shown;
+  whenAsked([&](QDialog& dialog) {
+    shown = dynamic_cast<QMessageBox&>(dialog).informativeText().toStdString();
+    press(QMessageBox::Ok)(dialog);
+  });
+  testing::internal::CaptureStderr();
+  toolkit.reportUnhandledException(*raised);
+  EXPECT_THAT(testing::internal::GetCapturedStderr(),
+              testing::HasSubstr("veldrin: " + shown + "\n"));
+  EXPECT_TRUE(shown.starts_with("IOException, error 28: ")) << shown;
+}
+
+}  // namespace
+}  // namespace veldrin::test
