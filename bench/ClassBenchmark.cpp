@@ -50,7 +50,7 @@ void reportBuilding() {
 }
 
 void lookup(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(TextField::__Lookup());
+  while (state.KeepRunning()) benchmark::DoNotOptimize(TextField::__Lookup());
 }
 
 Ref<Introspection::MethodInfo> methodNamed(std::string_view name) {
@@ -69,7 +69,7 @@ void invoke(benchmark::State& state) {
   constexpr int Calls = 1000;
   std::chrono::duration<double> direct{};
   std::chrono::duration<double> invoked{};
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const auto start = Clock::now();
     for (int call = 0; call < Calls; ++call) {
       double value = 2.9;
@@ -92,7 +92,7 @@ void invoke(benchmark::State& state) {
 void decodeForm(benchmark::State& state) {
   const Ref<Veldrin> window = implicit::Veldrin();
   const auto start = Clock::now();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     _SetProperties(window, FormStreams.back());
     for (std::size_t row = 0; row < FormTable.size(); ++row) {
       _SetProperties(window->controls()[row], FormStreams[row]);

@@ -70,7 +70,7 @@ TEST_F(FormOnDesktopTest, TabGoesThroughTheFormAndRoundAgain) {
   EXPECT_EQ(walk(Qt::Key_Tab), order);
   EXPECT_EQ(walk(Qt::Key_Tab), order);
   Names backward(order.rbegin(), order.rend());
-  std::ranges::rotate(backward, backward.end() - 1);
+  std::rotate(backward.begin(), backward.end() - 1, backward.end());
   EXPECT_EQ(walk(Qt::Key_Backtab), backward);
 }
 

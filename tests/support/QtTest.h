@@ -26,6 +26,9 @@
 
 namespace veldrin::test {
 
+/// The one toolkit of the process, as there can be one application object.
+inline QtToolkit* theToolkit = nullptr;
+
 /// The window on a desktop that has no screen, pressed as a person would press it. The host stands
 /// at 2024-06-21 12:00, in a zone 8 hours west with its daylight-saving hour.
 class QtTest : public testing::Test {
@@ -45,21 +48,6 @@ class QtTest : public testing::Test {
     EXPECT_TRUE(answers.empty()) << answers.size() << " dialogs have not come";
     finalizeGlobals();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
-
-  /// The one toolkit of the process: there can be one application object.
-  static QtToolkit& theToolkit() {
-    static QTemporaryDir settings;
-    static const bool ready = [] {
-      qputenv("QT_QPA_PLATFORM", "offscreen");
-      qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
-      qputenv("LC_ALL", "de_DE.UTF-8");
-      QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-      return true;
-    }();
-    static_cast<void>(ready);
-    static QtToolkit toolkit(SpokenNames);
-    return toolkit;
   }
 
   static QMainWindow& window() {
@@ -95,7 +83,7 @@ class QtTest : public testing::Test {
   void whenAsked(Answer answer) { answers.push_back(std::move(answer)); }
 
   FakeHost host;
-  QtToolkit& toolkit = theToolkit();
+  QtToolkit& toolkit = *theToolkit;
   Runtime runtime{host, toolkit};
   QTemporaryDir folder;
 

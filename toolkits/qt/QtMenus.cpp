@@ -10,7 +10,7 @@ namespace {
 
 /// "Cmd" is the platform's command key, which Qt calls Ctrl everywhere.
 QKeySequence shortcutOf(const MenuItem& item) {
-  return QKeySequence(toQt(item.KeyboardShortcut).replace("Cmd+", "Ctrl+"));
+  return {toQt(item.KeyboardShortcut).replace("Cmd+", "Ctrl+")};
 }
 
 }  // namespace

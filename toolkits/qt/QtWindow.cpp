@@ -72,13 +72,13 @@ void QtWindow::nameControls(std::span<const SpokenName> names) {
     // On some desktops the name that is said of a list is its selected row, whatever it is called.
     if (qobject_cast<QComboBox*>(widget) != nullptr) widget->setAccessibleDescription(name);
   }
-  for (const auto& [control, made] : controls_) {
-    auto* const label = qobject_cast<QLabel*>(&made->widget());
+  for (const auto& each : controls_) {
+    auto* const label = qobject_cast<QLabel*>(&each.second->widget());
     if (label == nullptr) continue;
+    const auto& text = static_cast<const StaticText&>(*each.first);
     const auto field = std::ranges::find_if(controls_, [&](const auto& other) {
       return RuntimeObjectIsa(other.first, TextField::__Lookup()) &&
-             isLabelOf(static_cast<const StaticText&>(*control),
-                       static_cast<const TextField&>(*other.first));
+             isLabelOf(text, static_cast<const TextField&>(*other.first));
     });
     if (field != controls_.end()) label->setBuddy(&field->second->widget());
   }

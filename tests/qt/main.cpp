@@ -1,0 +1,14 @@
+#include "tests/support/QtTest.h"
+
+int main(int count, char** arguments) {
+  const QTemporaryDir settings;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+  qputenv("LC_ALL", "de_DE.UTF-8");
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  // It has to end ahead of what Qt takes down when the process exits.
+  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  veldrin::test::theToolkit = &toolkit;
+  testing::InitGoogleTest(&count, arguments);
+  return RUN_ALL_TESTS();
+}
