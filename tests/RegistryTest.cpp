@@ -30,9 +30,10 @@ class RegistryTest : public RuntimeTest {
       records.push_back(each);
     }
     ASSERT_GT(records.size(), 60U);
-    for (auto record = records.rbegin(); record != records.rend(); ++record) {
-      SCOPED_TRACE(text((*record)->name));
-      check(**record);
+    std::ranges::reverse(records);
+    for (ClassRecord* record : records) {
+      SCOPED_TRACE(text(record->name));
+      check(*record);
     }
   }
 
