@@ -43,6 +43,7 @@ inline constexpr std::uint32_t Writable = 4;
 inline constexpr std::uint32_t VariableArguments = 8;
 }  // namespace Flags
 
+/// One method of a class, under which it is listed and by which it is invoked.
 struct MethodRow {
   String name;
   std::uint32_t flags = 0;
@@ -53,6 +54,7 @@ struct MethodRow {
   Invoker invoker = nullptr;
 };
 
+/// One property of a class, with the accessors that decoding and reflection reach its value by.
 struct PropertyRow {
   /// By type: calls the getter and makes a variant of its result, or the other way round.
   using Get = Variant (*)(Function getter, Object* object, std::int32_t offset);
