@@ -96,13 +96,18 @@ void QtToolkit::reportUnhandledException(const RuntimeException& exception) {
     const std::string message = std::generic_category().message(exception.ErrorNumber);
     reason += QString(", error %1: ").arg(exception.ErrorNumber) + QString::fromStdString(message);
   }
-  complain(reason);
-  sayFailure(front(), reason);
+  report(reason);
 }
 
 void QtToolkit::reportFault(const String& sentence) {
-  complain(toQt(sentence));
-  sayFailure(front(), toQt(sentence));
+  report(toQt(sentence));
+}
+
+void QtToolkit::report(const QString& reason) {
+  complain(reason);
+  // The box takes the focus from a field, whose handler may be the one that has failed.
+  const Delivery::Hold hold(delivery_);
+  sayFailure(front(), reason);
 }
 
 QWidget* QtToolkit::front() const {

@@ -39,6 +39,7 @@ class QtToolkit final : public Toolkit {
   };
 
   [[nodiscard]] QWidget* front() const;
+  void report(const QString& reason);
 
   std::span<const SpokenName> names_;
   Application application_;
