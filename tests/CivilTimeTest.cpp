@@ -40,7 +40,7 @@ TEST_F(CivilTimeTest, BoundsAreTheSundaysOfEveryYear) {
 }
 
 TEST_F(CivilTimeTest, BoundsWipeEditsAndTouchNothingElse) {
-  window()->DSTStart()->userTyped("tomorrow"_s);
+  person->type("DSTStart", "tomorrow");
   const std::string before = status();
   std::vector<std::string> touched;
   toolkit.onControlChanged = [&](Control& control) { touched.push_back(text(control.Name)); };

@@ -89,16 +89,15 @@ class Source {
 
 class DifferentialTest : public WindowTest {
  protected:
-  static void fillIn(const Inputs& inputs) {
-    const Ref<Veldrin> veldrin = window();
-    choose(veldrin->WhichYear(), std::to_string(inputs.year));
-    type(veldrin->Latitude(), textOf(inputs.place.latitude));
-    type(veldrin->Longitude(), textOf(inputs.place.longitude));
-    type(veldrin->TimeZone(), textOf(inputs.place.zone));
-    if (!inputs.start.isUsual) type(veldrin->DSTStart(), inputs.start.text);
-    if (!inputs.end.isUsual) type(veldrin->DSTEnd(), inputs.end.text);
-    veldrin->DaylightSavings()->userTicked(inputs.on);
-    veldrin->DownUnderFlag()->userTicked(inputs.downUnder);
+  void fillIn(const Inputs& inputs) const {
+    choose(std::to_string(inputs.year));
+    type("Latitude", textOf(inputs.place.latitude));
+    type("Longitude", textOf(inputs.place.longitude));
+    type("TimeZone", textOf(inputs.place.zone));
+    if (!inputs.start.isUsual) type("DSTStart", inputs.start.text);
+    if (!inputs.end.isUsual) type("DSTEnd", inputs.end.text);
+    person->tick("DaylightSavings", inputs.on);
+    person->tick("DownUnderFlag", inputs.downUnder);
   }
 
   static testing::Message describe(const Inputs& inputs) {

@@ -2,14 +2,17 @@
 #include <QMenu>
 #include <string>
 
-#include "tests/support/QtTest.h"
+#include "tests/qt/QtTest.h"
 
 namespace veldrin::test {
 namespace {
 
 class EditMenuTest : public QtTest {
  protected:
-  EditMenuTest() { QApplication::clipboard()->clear(); }
+  void SetUp() override {
+    QtTest::SetUp();
+    QApplication::clipboard()->clear();
+  }
 
   /// The letters of the items that can be chosen when the menu opens: Undo, cuT, Copy, Paste,
   /// Delete, select All.
@@ -64,7 +67,7 @@ TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
 }
 
 TEST_F(EditMenuTest, OpenedByKeyboardItActsOnTheSelection) {
-  type("Longitude", "-0.25");
+  person->type("Longitude", "-0.25");
   field("Longitude").selectAll();
   QTest::keyClick(&field("Longitude"), Qt::Key_E, Qt::AltModifier);
   auto& menu = widget<QMenu>("EditMenu");

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/QtTest.h"
+#include "tests/qt/QtTest.h"
 #include "ui/FormTable.h"
 
 namespace veldrin::test {
@@ -21,17 +21,17 @@ TEST_F(FormOnDesktopTest, EveryControlStandsAtItsPlaceInAWindowOfFixedSize) {
     SCOPED_TRACE(row.name);
     const QWidget& shown = widget(row.name);
     EXPECT_EQ(shown.geometry(), QRect(row.left, row.top, row.width, row.height));
-    EXPECT_EQ(shown.parentWidget(), window().centralWidget());
+    EXPECT_EQ(shown.parentWidget(), QtPerson::window().centralWidget());
     EXPECT_TRUE(shown.isVisible());
     EXPECT_TRUE(shown.isEnabled());
   }
-  EXPECT_EQ(window().centralWidget()->size(), QSize(350, 420));
-  EXPECT_EQ(window().minimumSize(), window().maximumSize());
-  const Qt::WindowFlags flags = window().windowFlags();
+  EXPECT_EQ(QtPerson::window().centralWidget()->size(), QSize(350, 420));
+  EXPECT_EQ(QtPerson::window().minimumSize(), QtPerson::window().maximumSize());
+  const Qt::WindowFlags flags = QtPerson::window().windowFlags();
   EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
   EXPECT_TRUE(flags.testFlag(Qt::WindowMinimizeButtonHint));
   EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
-  EXPECT_EQ(window().windowTitle(), "Veldrin");
+  EXPECT_EQ(QtPerson::window().windowTitle(), "Veldrin");
 }
 
 TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
@@ -43,7 +43,7 @@ TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
     QCoreApplication::processEvents();
     for (const ControlRow& row : FormTable) {
       const auto* const label =
-          window().findChild<QLabel*>(QString::fromStdString(std::string(row.name)));
+          QtPerson::window().findChild<QLabel*>(QString::fromStdString(std::string(row.name)));
       if (label == nullptr) continue;
       const QSize text = label->fontMetrics().size(0, label->text());
       EXPECT_LE(text.width(), row.width) << row.name << " at " << points;

@@ -7,9 +7,8 @@
 #include <fstream>
 #include <string>
 
-#include "shell/Failure.h"
+#include "tests/qt/QtTest.h"
 #include "tests/support/Documents.h"
-#include "tests/support/QtTest.h"
 
 namespace veldrin::test {
 namespace {
@@ -45,7 +44,7 @@ TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
     EXPECT_EQ(files.nameFilters(), (QStringList{"Calendar files (*.ics)", "All files (*)"}));
     saveAs(path())(dialog);
   });
-  click("GenerateButton");
+  person->press("GenerateButton");
   EXPECT_EQ(firstDifference(readFile(path()), golden("default-2008.ics")), "");
 }
 
@@ -54,11 +53,11 @@ TEST_F(SavingTest, AnExistingFileIsReplacedOnlyWhenThePersonSaysSo) {
   whenAsked(saveAs(path()));
   whenAsked(press(QMessageBox::No));
   whenAsked([](QDialog& dialog) { dialog.reject(); });
-  click("GenerateButton");
+  person->press("GenerateButton");
   EXPECT_EQ(readFile(path()), "old");
   whenAsked(saveAs(path()));
   whenAsked(press(QMessageBox::Yes));
-  click("GenerateButton");
+  person->press("GenerateButton");
   EXPECT_TRUE(readFile(path()).starts_with("BEGIN:VCALENDAR\r\n"));
 }
 
@@ -71,15 +70,15 @@ TEST_F(SavingTest, AFileThatCannotBeMadeIsToldAndTheWindowGoesOn) {
     EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).textFormat(), Qt::PlainText);
     press(QMessageBox::Ok)(dialog);
   });
-  click("GenerateButton");
-  click("ForwardOneDay");
+  person->press("GenerateButton");
+  person->press("ForwardOneDay");
   EXPECT_EQ(status().substr(0, 9), "6/22/2024");
 }
 
 TEST_F(SavingTest, AFullDiskEndsTheLoopAndIsReported) {
   whenAsked(saveAs("/dev/full"));
   whenAsked(press(QMessageBox::Yes));
-  QTimer::singleShot(0, &window(), [] { click("GenerateButton"); });
+  toolkit.job = [this] { person->press("GenerateButton"); };
   Ref<RuntimeException> raised;
   try {
     toolkit.run();

@@ -1,4 +1,9 @@
-#include "tests/support/QtTest.h"
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "apps/SpokenNames.h"
+#include "tests/qt/QtPerson.h"
 
 int main(int count, char** arguments) {
   const QTemporaryDir settings;
@@ -8,7 +13,7 @@ int main(int count, char** arguments) {
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // It has to end ahead of what Qt takes down when the process exits.
   veldrin::QtToolkit toolkit(veldrin::SpokenNames);
-  veldrin::test::theToolkit = &toolkit;
+  veldrin::test::QtPerson::theToolkit = &toolkit;
   testing::InitGoogleTest(&count, arguments);
   return RUN_ALL_TESTS();
 }

@@ -47,12 +47,6 @@ inline std::string textOf(double value) {
   return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
 }
 
-/// Offers a row to the chooser and picks it.
-inline void choose(const Ref<PopupMenu>& chooser, std::string_view row) {
-  chooser->AddRow(String(row));
-  chooser->userChose(chooser->ListCount() - 1);
-}
-
 /// A day at the host's present time of day.
 inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) {
   Ref<Date> date = New<Date>();

@@ -9,22 +9,23 @@
 #include "apps/VeldrinParts.h"
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
-#include "shell/Failure.h"
 #include "shell/Runtime.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/MemoryItem.h"
-#include "toolkits/headless/HeadlessToolkit.h"
+#include "tests/support/Person.h"
+#include "tests/support/WatchedToolkit.h"
 
 namespace veldrin::test {
 
-/// A runtime on a toolkit with no screen and a host that stands at 2024-06-21 12:00, in a zone 8
-/// hours west with its daylight-saving hour.
+/// A runtime with a person at it, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west
+/// with its daylight-saving hour.
 class RuntimeTest : public testing::Test {
  protected:
   RuntimeTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
 
   FakeHost host;
-  HeadlessToolkit toolkit;
+  const std::unique_ptr<Person> person = newPerson();
+  WatchedToolkit toolkit{*person};
   Runtime runtime{host, toolkit};
 };
 
@@ -32,23 +33,40 @@ class RuntimeTest : public testing::Test {
 /// given up again at the end of the test.
 class WindowTest : public RuntimeTest {
  protected:
-  void SetUp() override { OutputFile::_Initialize(); }
+  void SetUp() override {
+    OutputFile::_Initialize();
+    reopen();
+  }
   void TearDown() override { finalizeGlobals(); }
 
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
 
-  static void type(const Ref<TextField>& field, std::string_view text) {
-    field->userTyped(String(text));
-    field->userLeft();
+  /// Opens the window anew, where the host stands now.
+  void reopen() {
+    runtime._WindowSupport.Windows.clear();
+    static_cast<void>(window());
+    person->turnToWindow();
   }
 
-  std::string status() { return std::string(window()->Status()->Text().view()); }
+  void type(std::string_view field, std::string_view text) const {
+    person->type(field, text);
+    person->leave(field);
+  }
+
+  /// Picks a year, which the list need not have offered so far.
+  void choose(std::string_view year) const {
+    const Ref<PopupMenu> years = window()->WhichYear();
+    years->AddRow(String(year));
+    person->choose("WhichYear", years->ListCount() - 1);
+  }
+
+  [[nodiscard]] std::string status() const { return person->shown("Status"); }
 
   /// What a press of the button writes.
   std::string generate() {
     const Ref<MemoryItem> item = New<MemoryItem>();
     toolkit.saveAnswers.emplace_back(item);
-    window()->GenerateButton()->userPressed();
+    person->press("GenerateButton");
     return *item->content;
   }
 };

@@ -6,10 +6,6 @@
 
 namespace veldrin {
 
-void HeadlessToolkit::controlChanged(Control& control) {
-  if (onControlChanged) onControlChanged(control);
-}
-
 Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const String& /*filter*/,
                                                    const String& /*defaultName*/) {
   if (saveAnswers.empty()) return nullptr;

@@ -2,7 +2,6 @@
 
 #include <deque>
 #include <functional>
-#include <string_view>
 #include <vector>
 
 #include "shell/FolderItem.h"
@@ -24,35 +23,27 @@ class HeadlessToolkit final : public Toolkit {
   std::function<void()> job;
   /// The answers of the save dialogs to come, nil for cancelled; with none left a dialog cancels.
   std::deque<Ref<FolderItem>> saveAnswers;
-  /// Called for every change made by the program, where it is set.
-  std::function<void(Control&)> onControlChanged;
 
   /// What the message boxes said, in order.
   [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
   /// The exceptions that nothing caught.
   [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
-  /// How often a loop has yielded.
-  [[nodiscard]] std::int64_t backgroundTasks() const { return backgroundTasks_; }
-  /// What became of windows, menu items and the loop, in order, by the toolkit's own names for it.
-  [[nodiscard]] const std::vector<std::string_view>& steps() const { return steps_; }
 
-  void windowOpened(Window& /*window*/) override { steps_.emplace_back("windowOpened"); }
-  void windowClosed(Window& /*window*/) override { steps_.emplace_back("windowClosed"); }
-  void controlChanged(Control& control) override;
-  void menuItemsEnabled() override { steps_.emplace_back("menuItemsEnabled"); }
+  void windowOpened(Window& /*window*/) override {}
+  void windowClosed(Window& /*window*/) override {}
+  void controlChanged(Control& /*control*/) override {}
+  void menuItemsEnabled() override {}
   Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override;
   void messageBox(const String& text) override { messages_.push_back(text); }
   void run() override;
-  void quit() override { steps_.emplace_back("quit"); }
-  void backgroundTask() override { ++backgroundTasks_; }
+  void quit() override {}
+  void backgroundTask() override {}
   void reportUnhandledException(const RuntimeException& exception) override;
   void reportFault(const String& sentence) override { messages_.push_back(sentence); }
 
  private:
   std::vector<String> messages_;
   std::vector<Report> reports_;
-  std::vector<std::string_view> steps_;
-  std::int64_t backgroundTasks_ = 0;
 };
 
 }  // namespace veldrin

@@ -33,10 +33,10 @@ class ProcessTest : public testing::Test {
   }
 
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
-  static std::string statusText() { return text(window()->Status()->Text()); }
 
   FakeHost host;
-  HeadlessToolkit toolkit;
+  const std::unique_ptr<Person> person = newPerson();
+  WatchedToolkit toolkit{*person};
 };
 
 TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
@@ -54,7 +54,7 @@ TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
               EXPECT_EQ(runtime._WindowSupport.Windows[0], window());
               EXPECT_EQ(window()->MenuBar(), MenuBar1::_implicitInstance);
               EXPECT_TRUE(window()->isOpen());
-              EXPECT_EQ(statusText(), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
+              EXPECT_EQ(person->shown("Status"), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
               EXPECT_TRUE(OutputFile::Calendar());
               EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened"));
             }),
@@ -131,10 +131,11 @@ TEST_F(ProcessTest, StartsInAnyYear) {
     SCOPED_TRACE(row.now.year);
     host.stand(row.now, -8.0);
     EXPECT_EQ(run([&] {
-                EXPECT_EQ(text(window()->WhichYear()->Text()), row.row);
-                EXPECT_EQ(text(window()->DSTStart()->Text()), row.start);
-                EXPECT_EQ(text(window()->DSTEnd()->Text()), row.end);
-                EXPECT_THAT(statusText(), StartsWith(std::string(row.day) + "Sunrise = 0"));
+                EXPECT_EQ(person->shown("WhichYear"), row.row);
+                EXPECT_EQ(person->shown("DSTStart"), row.start);
+                EXPECT_EQ(person->shown("DSTEnd"), row.end);
+                EXPECT_THAT(person->shown("Status"),
+                            StartsWith(std::string(row.day) + "Sunrise = 0"));
               }),
               0);
   }
@@ -146,12 +147,12 @@ TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
     EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
     EXPECT_THAT(Runtime::current()._WindowSupport.Windows, IsEmpty());
   };
-  EXPECT_EQ(run(quit), 0);
+  EXPECT_EQ(run([&] { person->command("FileQuit"); }), 0);
   EXPECT_EQ(run([&] {
               const Ref<Dictionary> list = New<Dictionary>();
               list->Value("Veldrin.Veldrin"_s, window());
               Runtime::current()._mImplicitWindowList = list;
-              window()->Close();
+              person->closeWindow();
               EXPECT_EQ(list->Count(), 0);
               EXPECT_FALSE(_GetImplicitWindow("Veldrin.Veldrin"_s));
               EXPECT_EQ(toolkit.steps().back(), "windowClosed");
@@ -191,7 +192,7 @@ TEST_F(ProcessTest, HandlerOfCancelCloseCanRefuse) {
                                      });
               EXPECT_FALSE(view->_UnifiedClose(false));
               EXPECT_FALSE(told);
-              EXPECT_TRUE(view->FileQuit()->userChose());
+              person->command("FileQuit");
               EXPECT_TRUE(told && view->isOpen());
               EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened"));
             }),
@@ -199,9 +200,11 @@ TEST_F(ProcessTest, HandlerOfCancelCloseCanRefuse) {
 }
 
 TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
-  const auto field = [](auto accessor) {
-    return [accessor] { ((*window()).*accessor)()->userLeft(); };
+  const auto press = [&](const char* name) { return [&, name] { person->press(name); }; };
+  const auto tick = [&](const char* name) {
+    return [&, name] { person->tick(name, !person->isTicked(name)); };
   };
+  const auto leave = [&](const char* name) { return [&, name] { person->leave(name); }; };
   const struct {
     const char* handler;
     const char* missing;  ///< a control that the handler needs
@@ -209,36 +212,33 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
     std::string_view exception = "NilObjectException";
     std::int32_t number = 0;
   } rows[] = {
-      {"BackOneDay_Action", "Status", [] { window()->BackOneDay()->userPressed(); }},
-      {"ForwardOneDay_Action", "Latitude", [] { window()->ForwardOneDay()->userPressed(); }},
-      {"GenerateButton_Action", "Longitude", [] { window()->GenerateButton()->userPressed(); }},
-      {"GenerateButton_Action", "", [] { window()->GenerateButton()->userPressed(); },
-       "IOException", ENOSPC},
+      {"BackOneDay_Action", "Status", press("BackOneDay")},
+      {"ForwardOneDay_Action", "Latitude", press("ForwardOneDay")},
+      {"GenerateButton_Action", "Longitude", press("GenerateButton")},
+      {"GenerateButton_Action", "", press("GenerateButton"), "IOException", ENOSPC},
       {"WhichYear_Open", "DSTEnd", [] { window()->WhichYear()->raiseEvent("Open"_s); }},
-      {"WhichYear_Change", "DSTStart", [] { window()->WhichYear()->userChose(1); }},
+      {"WhichYear_Change", "DSTStart", [&] { person->choose("WhichYear", 1); }},
       {"WhichYear_Change", "TimeZone", [] { window()->WhichYear()->ListIndex(-1); }},
-      {"DownUnderFlag_Action", "TimeZone", [] { window()->DownUnderFlag()->userTicked(true); }},
-      {"DaylightSavings_Action", "DSTStart", [] { window()->DaylightSavings()->userTicked(true); }},
-      {"Latitude_LostFocus", "DaylightSavings", field(&Veldrin::Latitude)},
-      {"TimeZone_LostFocus", "DownUnderFlag", field(&Veldrin::TimeZone)},
-      {"Longitude_LostFocus", "DSTEnd", field(&Veldrin::Longitude)},
+      {"DownUnderFlag_Action", "TimeZone", tick("DownUnderFlag")},
+      {"DaylightSavings_Action", "Longitude", tick("DaylightSavings")},
+      {"Latitude_LostFocus", "DaylightSavings", leave("Latitude")},
+      {"TimeZone_LostFocus", "DownUnderFlag", leave("TimeZone")},
+      {"Longitude_LostFocus", "DSTEnd", leave("Longitude")},
   };
   host.stand({2014, 6, 21, 12, 0, 0}, -7.0);
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.handler) + " without " + row.missing);
     const std::size_t reportsBefore = toolkit.reports().size();
-    bool after = false;
     EXPECT_EQ(run([&] {
+                person->press("ForwardOneDay");  // no field is left by what follows
                 const String missing(std::string_view(row.missing));
                 window()->_RemoveControl(RuntimeWindowControlByName<Control>(*window(), missing));
                 const Ref<MemoryItem> full = New<MemoryItem>();
                 full->linesUntilFull = 100;
                 if (row.handler[0] == 'G') toolkit.saveAnswers.emplace_back(full);
                 row.event();
-                after = true;
               }),
               1);
-    EXPECT_FALSE(after);
     ASSERT_EQ(toolkit.reports().size(), reportsBefore + 1);
     EXPECT_EQ(text(toolkit.reports().back().className), row.exception);
     EXPECT_EQ(toolkit.reports().back().errorNumber, row.number);

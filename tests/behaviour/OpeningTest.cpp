@@ -37,11 +37,10 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
               {{2024, 11, 2, 23, 59, 59}, -4.0, "-5"},
               {{2024, 11, 3, 0, 0, 0}, -4.0, "-4"}};
   for (const auto& row : rows) {
-    runtime._WindowSupport.Windows.clear();
     host.stand(row.local, row.offset);
-    EXPECT_EQ(text(window()->TimeZone()->Text()), row.zone)
-        << row.local.month << '/' << row.local.day << ' ' << row.local.hour << "h at "
-        << row.offset;
+    reopen();
+    EXPECT_EQ(person->shown("TimeZone"), row.zone) << row.local.month << '/' << row.local.day << ' '
+                                                   << row.local.hour << "h at " << row.offset;
   }
 }
 
@@ -57,10 +56,10 @@ TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZoneAndNoDay) {
               {0, "1", {2024, 3, 31, 3, 0, 0}},
               {86400, "0", {2024, 3, 30, 2, 0, 0}}};
   for (const auto& row : rows) {
-    runtime._WindowSupport.Windows.clear();
     host.moment = Change - row.before;
+    reopen();
     const Ref<Date> date = window()->statusDate;
-    EXPECT_EQ(text(window()->TimeZone()->Text()), row.zone) << row.before;
+    EXPECT_EQ(person->shown("TimeZone"), row.zone) << row.before;
     EXPECT_EQ((CivilMoment{date->Year(), date->Month(), date->Day(), date->Hour(), date->Minute(),
                            date->Second()}),
               row.shown)
@@ -68,7 +67,7 @@ TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZoneAndNoDay) {
   }
   // From 02:00 on the day before, through the hour that the host leaves out.
   for (const char* const day : {"3/31/2024", "4/1/2024"}) {
-    window()->ForwardOneDay()->userPressed();
+    person->press("ForwardOneDay");
     EXPECT_EQ(status().substr(0, status().find('\r')), day);
     EXPECT_EQ(window()->statusDate->Hour(), 2);
   }
@@ -80,12 +79,13 @@ TEST_F(OpeningTest, SetsTheNumbersTheBoundsTheDayAndTheFirstStatus) {
   EXPECT_EQ(veldrin->TwoPi, 2.0 * veldrin->Pi);
   EXPECT_EQ(veldrin->Rads, veldrin->Pi / 180.0);
   EXPECT_EQ(veldrin->Degs, 180.0 / veldrin->Pi);
-  EXPECT_EQ(text(veldrin->DSTStart()->Text()), "3/10/2024");
-  EXPECT_EQ(text(veldrin->DSTEnd()->Text()), "11/3/2024");
-  EXPECT_EQ(text(veldrin->Latitude()->Text()), "47.5");
-  EXPECT_EQ(text(veldrin->Longitude()->Text()), "-122.5");
-  EXPECT_TRUE(veldrin->DaylightSavings()->Value());
-  EXPECT_FALSE(veldrin->DownUnderFlag()->Value());
+  EXPECT_EQ(person->shown("DSTStart"), "3/10/2024");
+  EXPECT_EQ(person->shown("DSTEnd"), "11/3/2024");
+  EXPECT_EQ(person->shown("Latitude"), "47.5");
+  EXPECT_EQ(person->shown("Longitude"), "-122.5");
+  EXPECT_EQ(person->shown("WhichYear"), "2008");
+  EXPECT_TRUE(person->isTicked("DaylightSavings"));
+  EXPECT_FALSE(person->isTicked("DownUnderFlag"));
   EXPECT_EQ(veldrin->statusDate->referenceCount(), 1);
   EXPECT_EQ(status(), InSummerTime);
   EXPECT_EQ(window(), veldrin);
@@ -113,7 +113,6 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
               {2030, 0, "1/3/2000", "", false}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.year);
-    runtime._WindowSupport.Windows.clear();
     host.stand({row.year, 6, 21, 12, 0, 0});
     const Ref<Veldrin> unopened = New<Veldrin>();
     unopened->CreateControls();
@@ -139,10 +138,10 @@ TEST_F(OpeningTest, AChoiceWipesTypedBoundsAndKeepsTheDay) {
   const Ref<Veldrin> veldrin = window();
   const Ref<Date> day = veldrin->statusDate;
   const double seconds = day->TotalSeconds();
-  const auto press = [&](std::int32_t row) {
-    type(veldrin->DSTStart(), "1/1/2024");
-    type(veldrin->DSTEnd(), "12/31/2024");
-    veldrin->WhichYear()->userChose(row);
+  const auto chooseAmongTypedBounds = [&](int row) {
+    type("DSTStart", "1/1/2024");
+    type("DSTEnd", "12/31/2024");
+    person->choose("WhichYear", row);
   };
   const struct {
     std::int32_t row;
@@ -151,18 +150,24 @@ TEST_F(OpeningTest, AChoiceWipesTypedBoundsAndKeepsTheDay) {
       {0, "1/1/2024", InSummerTime},  // "2008" is selected already: no change, so no new bounds
       {3, "3/13/2011", InStandardTime},
       {12, "3/8/2020", InStandardTime},
-      {-1, "1/1/2024", InSummerTime},  // no year, no bounds, but a status
   };
   for (const auto& row : rows) {
-    press(row.row);
-    EXPECT_EQ(text(veldrin->DSTStart()->Text()), row.start) << row.row;
+    chooseAmongTypedBounds(row.row);
+    EXPECT_EQ(person->shown("DSTStart"), row.start) << row.row;
     EXPECT_EQ(status(), row.times) << row.row;
-    EXPECT_EQ(text(veldrin->TimeZone()->Text()), "-8");
+    EXPECT_EQ(person->shown("TimeZone"), "-8");
   }
   EXPECT_EQ(veldrin->statusDate, day);
   EXPECT_EQ(day->TotalSeconds(), seconds);
+  // No year, no bounds, but a status.
+  type("DSTStart", "1/1/2024");
+  veldrin->WhichYear()->ListIndex(-1);
+  EXPECT_EQ(person->shown("WhichYear"), "");
+  EXPECT_EQ(person->shown("DSTStart"), "1/1/2024");
+  EXPECT_EQ(status(), InStandardTime);
   veldrin->DownUnderFlag()->Value(true);
-  press(4);
+  EXPECT_TRUE(person->isTicked("DownUnderFlag"));
+  chooseAmongTypedBounds(4);
   EXPECT_EQ(status(), InSummerTime);
 }
 

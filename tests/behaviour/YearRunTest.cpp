@@ -13,14 +13,16 @@ namespace {
 
 class YearRunTest : public WindowTest {
  protected:
-  static void fillIn(std::string_view year, std::string_view latitude, std::string_view longitude,
-                     std::string_view zone) {
-    choose(window()->WhichYear(), year);
-    type(window()->Latitude(), latitude);
-    type(window()->Longitude(), longitude);
-    type(window()->TimeZone(), zone);
+  void fillIn(std::string_view year, std::string_view latitude, std::string_view longitude,
+              std::string_view zone) const {
+    choose(year);
+    type("Latitude", latitude);
+    type("Longitude", longitude);
+    type("TimeZone", zone);
   }
-  static void defaultPlaceIn2008() { fillIn("2008", "47.5", "-122.5", "-8"); }
+  /// A press of a button that comes from a field leaves the field first.
+  void leaveTheFields() const { person->tick("DownUnderFlag", !person->isTicked("DownUnderFlag")); }
+  void defaultPlaceIn2008() const { fillIn("2008", "47.5", "-122.5", "-8"); }
 };
 
 TEST_F(YearRunTest, WritesTheGoldenDocuments) {
@@ -33,7 +35,7 @@ TEST_F(YearRunTest, WritesTheGoldenDocuments) {
               {"year-999.ics", "999", "47.5", "-122.5", "-8", false}};
   for (const auto& row : rows) {
     fillIn(row.year, row.latitude, row.longitude, row.zone);
-    window()->DownUnderFlag()->userTicked(row.downUnder);
+    person->tick("DownUnderFlag", row.downUnder);
     EXPECT_EQ(firstDifference(generate(), golden(row.file)), "") << row.file;
   }
 }
@@ -55,6 +57,7 @@ TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
 
 TEST_F(YearRunTest, TouchesNoControlAndNoDay) {
   defaultPlaceIn2008();
+  leaveTheFields();
   const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
   const std::int64_t objects = liveObjectCount();
@@ -71,17 +74,18 @@ TEST_F(YearRunTest, TouchesNoControlAndNoDay) {
 TEST_F(YearRunTest, YieldsOnceAPass) {
   // No day at the pole has both events, so each is searched to its end: 12 passes and its own.
   fillIn("2008", "90", "0", "0");
+  leaveTheFields();
   const std::int64_t before = toolkit.backgroundTasks();
   EXPECT_NE(generate(), "");
   EXPECT_EQ(toolkit.backgroundTasks() - before, 365 * (12 + 1));
 }
 
 TEST_F(YearRunTest, CancellingWritesNothingAndSaysNothing) {
-  const Ref<Veldrin> veldrin = window();
+  leaveTheFields();
   const std::int64_t objects = liveObjectCount();
   const std::int64_t yields = toolkit.backgroundTasks();
   toolkit.saveAnswers.emplace_back(nullptr);
-  EXPECT_EQ(raisedBy([&] { veldrin->GenerateButton()->userPressed(); }), "");
+  person->press("GenerateButton");
   EXPECT_TRUE(toolkit.saveAnswers.empty());
   EXPECT_TRUE(toolkit.messages().empty());
   EXPECT_EQ(toolkit.backgroundTasks(), yields);
@@ -89,7 +93,6 @@ TEST_F(YearRunTest, CancellingWritesNothingAndSaysNothing) {
 }
 
 TEST_F(YearRunTest, AFileThatCannotBeMadeIsTold) {
-  const Ref<Veldrin> veldrin = window();
   for (const std::int32_t error : {EACCES, ENOSPC, EISDIR, ENAMETOOLONG}) {
     const Ref<MemoryItem> item = New<MemoryItem>();
     *item->content = "what was there";
@@ -97,7 +100,7 @@ TEST_F(YearRunTest, AFileThatCannotBeMadeIsTold) {
     toolkit.saveAnswers.emplace_back(item);
     const std::int64_t objects = liveObjectCount();
     const std::size_t told = toolkit.messages().size();
-    EXPECT_EQ(raisedBy([&] { veldrin->GenerateButton()->userPressed(); }), "");
+    person->press("GenerateButton");
     ASSERT_EQ(toolkit.messages().size(), told + 1);
     EXPECT_EQ(text(toolkit.messages().back()), "Cannot write to /memory/item.ics");
     EXPECT_EQ(*item->content, "what was there");
@@ -115,8 +118,9 @@ TEST_F(YearRunTest, AFullDiskRaisesAndKeepsTheLinesBefore) {
     item->linesUntilFull = lines;
     toolkit.saveAnswers.emplace_back(item);
     const std::int64_t objects = liveObjectCount();
+    toolkit.job = [&] { person->press("GenerateButton"); };
     try {
-      window()->GenerateButton()->userPressed();
+      toolkit.run();
       ADD_FAILURE() << "nothing was raised";
     } catch (const Raised& raised) {
       EXPECT_EQ(text(raised.exception->classRecord()->name), "IOException");
@@ -161,36 +165,35 @@ TEST_F(YearRunTest, AnyTextInAFieldIsTheNumberThatItBeginsWith) {
   };
   for (const auto& row : HostileTexts) {
     SCOPED_TRACE(row.text.substr(0, 20));
-    const auto statusWith = [&](const Ref<TextField>& field) {
-      const String before = field->Text();
+    const auto statusWith = [&](std::string_view field) {
+      const std::string before = person->shown(field);
       type(field, row.text);
-      window()->Latitude()->userLeft();
+      person->leave("Latitude");
       std::string lines = status();
-      type(field, before.view());
+      type(field, before);
       return lines;
     };
-    EXPECT_EQ(statusWith(window()->Latitude()), panel(row.value, -122.5));
-    EXPECT_EQ(statusWith(window()->Longitude()), panel(47.5, row.value));
+    EXPECT_EQ(statusWith("Latitude"), panel(row.value, -122.5));
+    EXPECT_EQ(statusWith("Longitude"), panel(47.5, row.value));
     // No bound is a date; a zone may give what is no time of day to anybody.
-    EXPECT_EQ(statusWith(window()->DSTStart()), "6/21/2024\rSunrise = 04:13\rSunset = 20:11");
-    EXPECT_EQ(statusWith(window()->DSTEnd()), "6/21/2024\rSunrise = 04:13\rSunset = 20:11");
-    EXPECT_TRUE(statusWith(window()->TimeZone()).starts_with("6/21/2024\rSunrise = "));
+    EXPECT_EQ(statusWith("DSTStart"), "6/21/2024\rSunrise = 04:13\rSunset = 20:11");
+    EXPECT_EQ(statusWith("DSTEnd"), "6/21/2024\rSunrise = 04:13\rSunset = 20:11");
+    EXPECT_TRUE(statusWith("TimeZone").starts_with("6/21/2024\rSunrise = "));
   }
 }
 
 TEST_F(YearRunTest, AnyTextInTheFieldsMakesAWholeDocument) {
-  choose(window()->WhichYear(), "2007");
-  const Ref<Veldrin> veldrin = window();
+  choose("2007");
   for (const auto& row : HostileTexts) {
     // A text is read afresh every day, so a megabyte in one field is enough.
-    const String shortened(row.text.substr(0, 1000));
-    for (const auto& field : {veldrin->Latitude(), veldrin->Longitude(), veldrin->DSTStart()}) {
-      field->userTyped(shortened);
+    const std::string shortened = row.text.substr(0, 1000);
+    for (const char* const field : {"Latitude", "Longitude", "DSTStart"}) {
+      person->type(field, shortened);
     }
-    veldrin->TimeZone()->userTyped(String(row.text));
+    person->type("TimeZone", row.text);
     const std::string document = generate();
-    EXPECT_NE(document.find("DTSTART:20071231T"), std::string::npos) << shortened.view();
-    EXPECT_TRUE(document.ends_with("\r\nEND:VCALENDAR\r\n")) << shortened.view();
+    EXPECT_NE(document.find("DTSTART:20071231T"), std::string::npos) << shortened;
+    EXPECT_TRUE(document.ends_with("\r\nEND:VCALENDAR\r\n")) << shortened;
   }
 }
 
@@ -205,8 +208,8 @@ TEST_F(YearRunTest, AnyRowOfTheChooserIsAYear) {
               {std::string(1 << 20, '9'), "2147483647", "3/10/2147483647"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.row.substr(0, 20));
-    choose(window()->WhichYear(), row.row);
-    EXPECT_EQ(text(window()->DSTStart()->Text()), row.start);
+    choose(row.row);
+    EXPECT_EQ(person->shown("DSTStart"), row.start);
     const std::string document = generate();
     EXPECT_NE(document.find("\r\nDTSTART:" + row.year + "0102T"), std::string::npos);
     EXPECT_NE(document.find("\r\nDTSTART:" + row.year + "1231T"), std::string::npos);

@@ -30,43 +30,42 @@ TEST_F(StatusTest, ThreeLinesOfKnownDays) {
     window()->statusDate->Month(row.month);
     window()->statusDate->Day(row.day);
     window()->DaylightSavings()->Value(row.daylightSaving);
-    window()->Latitude()->userTyped(String(row.latitude));
-    window()->TimeZone()->userTyped(String(row.zone));
-    type(window()->Longitude(), row.longitude);
+    person->type("Latitude", row.latitude);
+    person->type("TimeZone", row.zone);
+    type("Longitude", row.longitude);
     EXPECT_EQ(status(), row.expected) << row.latitude << ' ' << row.longitude << ' ' << row.zone;
   }
 }
 
 TEST_F(StatusTest, RecomputedWhenAFieldIsLeftOrABoxTicked) {
   const std::string first = status();
-  for (const auto& field : {window()->Latitude(), window()->Longitude(), window()->TimeZone()}) {
-    const std::string name = text(field->Name);
+  for (const char* const field : {"Latitude", "Longitude", "TimeZone"}) {
     const std::string before = status();
-    field->userTyped("12"_s);
-    EXPECT_EQ(status(), before) << name;
-    field->userLeft();
-    EXPECT_NE(status(), before) << name;
+    person->type(field, "12");
+    EXPECT_EQ(status(), before) << field;
+    person->leave(field);
+    EXPECT_NE(status(), before) << field;
   }
-  for (const auto& box : {window()->DaylightSavings(), window()->DownUnderFlag()}) {
+  for (const char* const box : {"DaylightSavings", "DownUnderFlag"}) {
     const std::string before = status();
-    box->userTicked(!box->Value());
+    person->tick(box, !person->isTicked(box));
     // Off, daylight saving leaves nothing for the other box to change.
-    EXPECT_NE(status(), before) << text(box->Name);
-    window()->DaylightSavings()->userTicked(true);
+    EXPECT_NE(status(), before) << box;
+    person->tick("DaylightSavings", true);
   }
   EXPECT_NE(status(), first);
 }
 
 TEST_F(StatusTest, AnEditOfABoundShowsAtTheNextRecomputation) {
   const std::string summer = status();
-  for (const auto& bound : {window()->DSTStart(), window()->DSTEnd()}) {
-    const String before = bound->Text();
+  for (const char* const bound : {"DSTStart", "DSTEnd"}) {
+    const std::string before = person->shown(bound);
     type(bound, "never");
-    EXPECT_EQ(status(), summer) << text(bound->Name);
-    window()->Latitude()->userLeft();
-    EXPECT_EQ(status(), "6/21/2024\rSunrise = 04:13\rSunset = 20:11") << text(bound->Name);
-    type(bound, before.view());
-    window()->Latitude()->userLeft();
+    EXPECT_EQ(status(), summer) << bound;
+    person->leave("Latitude");
+    EXPECT_EQ(status(), "6/21/2024\rSunrise = 04:13\rSunset = 20:11") << bound;
+    type(bound, before);
+    person->leave("Latitude");
     EXPECT_EQ(status(), summer);
   }
 }
@@ -80,33 +79,33 @@ TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
               {{1900, 2, 28, 12, 0, 0}, "2/27/1900", "3/1/1900"},
               {{2025, 1, 1, 0, 0, 0}, "12/31/2024", "1/2/2025"}};
   for (const auto& row : rows) {
-    runtime._WindowSupport.Windows.clear();
     host.stand(row.at);
+    reopen();
     const Ref<Veldrin> veldrin = window();
     const Ref<Date> date = veldrin->statusDate;
     const double seconds = date->TotalSeconds();
     const std::string shown = status();
+    const auto day = [&] { return status().substr(0, status().find('\r')); };
+    person->press("BackOneDay");
+    EXPECT_EQ(day(), row.before);
     std::string touched;
     toolkit.onControlChanged = [&](Control& control) { touched += text(control.Name) + " "; };
-    const auto day = [&] { return status().substr(0, status().find('\r')); };
-    veldrin->BackOneDay()->userPressed();
-    EXPECT_EQ(day(), row.before);
-    veldrin->ForwardOneDay()->userPressed();
+    person->press("ForwardOneDay");
     EXPECT_EQ(date->TotalSeconds(), seconds);
     EXPECT_EQ(status(), shown);
-    veldrin->ForwardOneDay()->userPressed();
+    person->press("ForwardOneDay");
     EXPECT_EQ(day(), row.after);
     EXPECT_EQ(veldrin->statusDate, date);
-    EXPECT_EQ(touched, "Status Status Status ");
+    EXPECT_EQ(touched, "Status Status ");
   }
 }
 
 TEST_F(StatusTest, BoundsKeepTheirYearWhenTheDayLeavesIt) {
   window()->statusDate->Year(2025);
-  window()->Latitude()->userLeft();
+  person->leave("Latitude");
   EXPECT_EQ(status(), "6/21/2025\rSunrise = 04:13\rSunset = 20:11");
-  EXPECT_EQ(text(window()->DSTStart()->Text()), "3/10/2024");
-  window()->DownUnderFlag()->userTicked(true);
+  EXPECT_EQ(person->shown("DSTStart"), "3/10/2024");
+  person->tick("DownUnderFlag", true);
   EXPECT_EQ(status(), "6/21/2025\rSunrise = 05:13\rSunset = 21:11");
 }
 
@@ -120,11 +119,11 @@ TEST_F(StatusTest, ADayIsMadeWhereThereIsNoneButNotByAStep) {
   unopened->UpdateStatus();
   const Ref<Date> made = unopened->statusDate;
   ASSERT_TRUE(made);
-  EXPECT_EQ(status(), "6/21/2024\rSunrise = N/A\rSunset = N/A");
+  EXPECT_EQ(text(unopened->Status()->Text()), "6/21/2024\rSunrise = N/A\rSunset = N/A");
   unopened->Event_Open();
   EXPECT_NE(unopened->statusDate, made);
   EXPECT_EQ(made->referenceCount(), 1);
-  EXPECT_EQ(status(), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
+  EXPECT_EQ(text(unopened->Status()->Text()), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
 }
 
 }  // namespace

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QApplication>
+#include <QDialog>
+#include <QMainWindow>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/Person.h"
+#include "toolkits/qt/QtToolkit.h"
+
+namespace veldrin::test {
+
+/// Acts through the widgets of a desktop that has no screen, with keys and mouse.
+class QtPerson final : public Person {
+ public:
+  using Answer = std::function<void(QDialog&)>;
+
+  /// The one toolkit of the process, as there can be one application object.
+  static inline QtToolkit* theToolkit = nullptr;
+
+  QtPerson();
+  ~QtPerson() override;
+
+  static QMainWindow& window();
+
+  template <class Widget = QWidget>
+  static Widget& widget(std::string_view name) {
+    return *window().findChild<Widget*>(QString::fromStdString(std::string(name)));
+  }
+
+  /// Answers a dialog to come, in the order in which they come. With no answer left, one that asks
+  /// something fails the test.
+  void whenAsked(Answer answer) { answers_.push_back(std::move(answer)); }
+
+  Toolkit& toolkit() override { return *theToolkit; }
+  void turnToWindow() override { QApplication::setActiveWindow(&window()); }
+  void runLoop(const std::function<void()>& job) override;
+  void type(std::string_view field, std::string_view text) override;
+  void leave(std::string_view field) override;
+  void press(std::string_view button) override;
+  void tick(std::string_view box, bool ticked) override;
+  void choose(std::string_view list, int row) override;
+  void command(std::string_view menuItem) override;
+  void closeWindow() override { window().close(); }
+  std::string shown(std::string_view control) override;
+  bool isTicked(std::string_view box) override;
+
+ private:
+  void attend();
+  Answer nextAnswer();
+
+  std::deque<Answer> answers_;
+  bool scheduled_ = false;          ///< an answer waits for its turn
+  std::vector<QDialog*> attended_;  ///< whose answers are being given, each inside the one before
+  QTimer watch_;
+};
+
+}  // namespace veldrin::test

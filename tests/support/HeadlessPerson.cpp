@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include "shell/CheckBox.h"
+#include "shell/MenuItem.h"
+#include "shell/PopupMenu.h"
+#include "shell/PushButton.h"
+#include "shell/Runtime.h"
+#include "shell/StaticText.h"
+#include "shell/TextField.h"
+#include "shell/Window.h"
+#include "tests/support/Person.h"
+#include "toolkits/headless/HeadlessToolkit.h"
+
+namespace veldrin::test {
+namespace {
+
+/// Acts through the controls, as there is nothing else.
+class HeadlessPerson final : public Person {
+ public:
+  Toolkit& toolkit() override { return toolkit_; }
+  void turnToWindow() override {}
+  void runLoop(const std::function<void()>& job) override {
+    toolkit_.job = job;
+    toolkit_.run();
+  }
+
+  void type(std::string_view field, std::string_view text) override {
+    at<TextField>(field)->userTyped(String(text));
+  }
+  void leave(std::string_view field) override { at<TextField>(field)->userLeft(); }
+  void press(std::string_view button) override { at<PushButton>(button)->userPressed(); }
+  void tick(std::string_view box, bool ticked) override { at<CheckBox>(box)->userTicked(ticked); }
+  void choose(std::string_view list, int row) override { at<PopupMenu>(list)->userChose(row); }
+  void command(std::string_view menuItem) override {
+    window()->MenuBar()->_Lookup(String(menuItem))->userChose();
+  }
+  void closeWindow() override { window()->Close(); }
+
+  std::string shown(std::string_view control) override {
+    const Ref<Control> found = at<Control>(control);
+    std::string text;
+    const bool hasText = read<TextField>(found, text) || read<PopupMenu>(found, text) ||
+                         read<StaticText>(found, text);
+    EXPECT_TRUE(hasText) << control;
+    return text;
+  }
+  bool isTicked(std::string_view box) override { return at<CheckBox>(box)->Value(); }
+
+ private:
+  static Ref<Window> window() { return Runtime::current()._WindowSupport.Windows.back(); }
+  template <class T>
+  static Ref<T> at(std::string_view name) {
+    return RuntimeWindowControlByName<T>(*window(), String(name));
+  }
+  template <class T>
+  static bool read(const Ref<Control>& control, std::string& text) {
+    if (!RuntimeObjectIsa(control.get(), T::__Lookup())) return false;
+    text = CheckCast<T>(control)->Text().view();
+    return true;
+  }
+
+  HeadlessToolkit toolkit_;
+};
+
+}  // namespace
+
+std::unique_ptr<Person> newPerson() {
+  return std::make_unique<HeadlessPerson>();
+}
+
+}  // namespace veldrin::test

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "shell/Failure.h"
+#include "shell/FolderItem.h"
+#include "tests/support/Person.h"
+
+namespace veldrin::test {
+
+/// Stands before the toolkit of a person, passes everything on to it, and keeps what was asked.
+class WatchedToolkit final : public Toolkit {
+ public:
+  /// An exception that was reported, by its class and number.
+  struct Report {
+    String className;
+    std::int32_t errorNumber;
+  };
+
+  explicit WatchedToolkit(Person& person) : person_(person), shown_(person.toolkit()) {}
+
+  /// What a person does while the event loop runs.
+  std::function<void()> job;
+  /// Answers to the save dialogs to come, nil for cancelled. No dialog is shown while there are
+  /// any.
+  std::deque<Ref<FolderItem>> saveAnswers;
+  /// Called for every change made by the program, where it is set.
+  std::function<void(Control&)> onControlChanged;
+
+  /// What the message boxes said, in order.
+  [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
+  /// The exceptions that nothing caught.
+  [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
+  /// How often a loop has yielded.
+  [[nodiscard]] std::int64_t backgroundTasks() const { return backgroundTasks_; }
+  /// How often the menu items were worked out.
+  [[nodiscard]] int menusEnabled() const { return menusEnabled_; }
+  /// What became of windows and the loop, in order, by the toolkit's own names for it.
+  [[nodiscard]] const std::vector<std::string_view>& steps() const { return steps_; }
+
+  void windowOpened(Window& window) override {
+    steps_.emplace_back("windowOpened");
+    shown_.windowOpened(window);
+  }
+  void windowClosed(Window& window) override {
+    steps_.emplace_back("windowClosed");
+    shown_.windowClosed(window);
+  }
+  void controlChanged(Control& control) override {
+    if (onControlChanged) onControlChanged(control);
+    shown_.controlChanged(control);
+  }
+  void menuItemsEnabled() override {
+    ++menusEnabled_;
+    shown_.menuItemsEnabled();
+  }
+  Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override {
+    if (saveAnswers.empty()) return shown_.getSaveFolderItem(filter, defaultName);
+    Ref<FolderItem> answer = std::move(saveAnswers.front());
+    saveAnswers.pop_front();
+    return answer;
+  }
+  void messageBox(const String& text) override {
+    messages_.push_back(text);
+    shown_.messageBox(text);
+  }
+  void run() override { person_.runLoop(job); }
+  void quit() override {
+    steps_.emplace_back("quit");
+    shown_.quit();
+  }
+  void backgroundTask() override {
+    ++backgroundTasks_;
+    shown_.backgroundTask();
+  }
+  void reportUnhandledException(const RuntimeException& exception) override {
+    reports_.push_back({exception.classRecord()->name, exception.ErrorNumber});
+    shown_.reportUnhandledException(exception);
+  }
+  void reportFault(const String& sentence) override {
+    messages_.push_back(sentence);
+    shown_.reportFault(sentence);
+  }
+
+ private:
+  Person& person_;
+  Toolkit& shown_;
+  std::vector<String> messages_;
+  std::vector<Report> reports_;
+  std::vector<std::string_view> steps_;
+  std::int64_t backgroundTasks_ = 0;
+  int menusEnabled_ = 0;
+};
+
+}  // namespace veldrin::test
