@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <cerrno>
@@ -46,6 +47,8 @@ TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
   });
   person->press("GenerateButton");
   EXPECT_EQ(firstDifference(readFile(path()), golden("default-2008.ics")), "");
+  // Nothing is kept from one run to the next, not even where the last file went.
+  EXPECT_TRUE(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).isEmpty());
 }
 
 TEST_F(SavingTest, AnExistingFileIsReplacedOnlyWhenThePersonSaysSo) {

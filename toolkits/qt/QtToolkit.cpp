@@ -1,5 +1,6 @@
 #include "toolkits/qt/QtToolkit.h"
 
+#include <QSettings>
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
@@ -27,6 +28,8 @@ QtToolkit::Application::Application() : QApplication(argumentCount, programArgum
   std::setlocale(LC_NUMERIC, "C");
   setDesktopFileName("org.veldrin.Veldrin");
   setQuitOnLastWindowClosed(false);
+  // Qt's save dialog would keep a file of its own about where it was; this program keeps nothing.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
 QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names) {}
