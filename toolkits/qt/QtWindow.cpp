@@ -144,7 +144,8 @@ void QtWindow::closeEvent(QCloseEvent* event) {
 bool QtWindow::event(QEvent* event) {
   const QEvent::Type type = event->type();
   const bool done = QMainWindow::event(event);
-  if (window_ == nullptr) return done;
+  // Behind a deferred deletion there is no window left to look into.
+  if (type == QEvent::DeferredDelete || window_ == nullptr) return done;
   if (type == QEvent::WindowActivate) delivery_.deliver([this] { window_->_CallActivated(); });
   if (type == QEvent::WindowDeactivate) delivery_.deliver([this] { window_->_CallDeactivated(); });
   if (type == QEvent::ApplicationFontChange || type == QEvent::StyleChange) fitFont();
