@@ -23,7 +23,8 @@ void complain(const QString& reason) {
 
 }  // namespace
 
-QtToolkit::Application::Application() : QApplication(argumentCount, programArguments) {
+QtToolkit::Application::Application(const NoDisplay& /*watch*/)
+    : QApplication(argumentCount, programArguments) {
   // Qt has just set the whole locale of the C library; a number has its point everywhere.
   std::setlocale(LC_NUMERIC, "C");
   setDesktopFileName("org.veldrin.Veldrin");
@@ -32,7 +33,8 @@ QtToolkit::Application::Application() : QApplication(argumentCount, programArgum
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
-QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names) {}
+QtToolkit::QtToolkit(std::span<const SpokenName> names)
+    : names_(names), application_(NoDisplay()) {}
 
 QtToolkit::~QtToolkit() = default;
 

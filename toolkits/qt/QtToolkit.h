@@ -8,6 +8,7 @@
 #include "shell/Toolkit.h"
 #include "toolkits/qt/Delivery.h"
 #include "toolkits/qt/Editing.h"
+#include "toolkits/qt/NoDisplay.h"
 #include "toolkits/qt/QtWindow.h"
 
 namespace veldrin {
@@ -35,7 +36,7 @@ class QtToolkit final : public Toolkit {
   /// Qt's application object, with the C library's numbers left as they were.
   class Application : public QApplication {
    public:
-    Application();
+    explicit Application(const NoDisplay& watch);
   };
 
   [[nodiscard]] QWidget* front() const;
