@@ -10,6 +10,11 @@ if(TARGET veldrin)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   install(FILES desktop/org.veldrin.Veldrin.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+  foreach(icon IN LISTS icons)
+    cmake_path(GET icon STEM size)
+    install(FILES ${icon} RENAME org.veldrin.Veldrin.png
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+  endforeach()
 endif()
 # No licence has been chosen, which the package says in the place where one is looked for.
 install(FILES desktop/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/veldrin)

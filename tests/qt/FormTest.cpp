@@ -55,6 +55,15 @@ TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
   QApplication::setFont(before);
 }
 
+TEST_F(FormOnDesktopTest, TheIconIsThereAtTheSizesOfPanelsAndLists) {
+  for (const int size : {16, 32, 48, 128}) {
+    const QImage picture = QtPerson::window().windowIcon().pixmap(size).toImage();
+    ASSERT_EQ(picture.size(), QSize(size, size));
+    EXPECT_EQ(picture.pixelColor(size / 2, size / 2), QColor("#ffd75e")) << "the sun at " << size;
+    EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "the corner at " << size;
+  }
+}
+
 TEST_F(FormOnDesktopTest, TabGoesThroughTheFormAndRoundAgain) {
   const Names order{"Latitude",      "TimeZone",       "Longitude",       "DSTEnd",
                     "DSTStart",      "DownUnderFlag",  "DaylightSavings", "BackOneDay",

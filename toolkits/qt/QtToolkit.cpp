@@ -1,5 +1,7 @@
 #include "toolkits/qt/QtToolkit.h"
 
+#include <QDir>
+#include <QIcon>
 #include <QSettings>
 #include <algorithm>
 #include <clocale>
@@ -17,6 +19,14 @@ char programName[] = "veldrin";
 char* programArguments[] = {programName, nullptr};
 int argumentCount = 1;
 
+/// The desktop's theme is not asked: what is installed there is the same picture, and the search
+/// for it costs a start three milliseconds.
+QIcon iconOfTheProgram() {
+  QIcon icon;
+  for (const QFileInfo& picture : QDir(":/icons").entryInfoList()) icon.addFile(picture.filePath());
+  return icon;
+}
+
 void complain(const QString& reason) {
   static_cast<void>(std::fprintf(stderr, "veldrin: %s\n", reason.toLocal8Bit().constData()));
 }
@@ -28,6 +38,7 @@ QtToolkit::Application::Application(const NoDisplay& /*watch*/)
   // Qt has just set the whole locale of the C library; a number has its point everywhere.
   std::setlocale(LC_NUMERIC, "C");
   setDesktopFileName("org.veldrin.Veldrin");
+  setWindowIcon(iconOfTheProgram());
   setQuitOnLastWindowClosed(false);
   // Qt's save dialog would keep a file of its own about where it was; this program keeps nothing.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
