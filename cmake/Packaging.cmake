@@ -1,9 +1,24 @@
 # What `cmake --install` puts where, and the Debian package that `cpack` makes of it.
+find_program(GZIP gzip REQUIRED)
+
+# install_compressed(NAME DESTINATION): a file of desktop/, compressed as Debian wants manuals and
+# change logs. Its date stays out, so that the same text gives the same bytes.
+function(install_compressed name destination)
+  set(text ${CMAKE_SOURCE_DIR}/desktop/${name})
+  set(compressed ${CMAKE_BINARY_DIR}/desktop/${name}.gz)
+  add_custom_command(OUTPUT ${compressed}
+    COMMAND ${GZIP} -9 --no-name --stdout ${text} > ${compressed}
+    DEPENDS ${text}
+    VERBATIM)
+  add_custom_target(${name}.gz ALL DEPENDS ${compressed})
+  install(FILES ${compressed} DESTINATION ${destination})
+endfunction()
+
 install(TARGETS veldrin-calendar)
-install(FILES desktop/veldrin-calendar.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install_compressed(veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
 if(TARGET veldrin)
   install(TARGETS veldrin)
-  install(FILES desktop/veldrin.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install_compressed(veldrin.1 ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES desktop/org.veldrin.Veldrin.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
   install(FILES desktop/org.veldrin.Veldrin.metainfo.xml
@@ -18,15 +33,18 @@ if(TARGET veldrin)
 endif()
 # No licence has been chosen, which the package says in the place where one is looked for.
 install(FILES desktop/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
+install_compressed(changelog ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME veldrin)
 set(CPACK_PACKAGE_CONTACT "Veldrin <veldrin@localhost>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Times of sunrise and sunset, as a calendar")
 set(CPACK_PACKAGE_DESCRIPTION
-  "Shows when the sun rises and sets at a place, and writes the times of a year into an iCalendar file.")
+  "Shows when the sun rises and sets at a place, and writes the times of a
+year into an iCalendar file.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/OpenFolders.cmake)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

@@ -36,7 +36,8 @@ need_packages() {
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev)
 WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core)
-TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream)
+TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream
+  dpkg-dev file man-db)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)
 
 # german_locale FOLDER: makes a German locale there, for tests that run with LOCPATH=FOLDER.
