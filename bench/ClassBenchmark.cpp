@@ -1,21 +1,17 @@
 // What the class tables cost: building all of them at the start, finding one, calling through one,
 // and decoding the form by them. The program fails above a limit.
 
-#include <benchmark/benchmark.h>
 #include <malloc.h>
 
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 
-#include "apps/VeldrinParts.h"
+#include "bench/HeldBenchmarks.h"
 #include "daystatus/Veldrin.h"
 #include "reflection/ClassInfo.h"
 #include "reflection/MethodInfo.h"
 #include "shell/NewArray.h"
-#include "shell/SystemHost.h"
-#include "toolkits/headless/HeadlessToolkit.h"
 #include "ui/FormStreams.h"
 #include "ui/PropertyStream.h"
 
@@ -28,14 +24,6 @@ constexpr double LargestBuildTime = 1000.0;    // microseconds
 constexpr double LargestBuildMemory = 512.0;   // KiB
 constexpr double LargestInvokeRatio = 20.0;    // times a direct call
 constexpr double LargestDecodingTime = 200.0;  // microseconds
-
-bool limitBroken = false;
-
-void hold(benchmark::State& state, double value, double limit) {
-  if (value <= limit) return;
-  state.SetLabel("above the limit");
-  limitBroken = true;
-}
 
 /// Classes are built once in a process, so this is measured outside the library, before all else.
 void reportBuilding() {
@@ -106,20 +94,10 @@ BENCHMARK(lookup)->Name("Classes/lookup");
 BENCHMARK(invoke)->Name("Classes/invoke/against/call")->Iterations(300);
 BENCHMARK(decodeForm)->Name("Form/decode")->Unit(benchmark::kMicrosecond);
 
-int benchmarkMain(int count, char** arguments) {
-  reportBuilding();
-  SystemHost host;
-  HeadlessToolkit toolkit;
-  benchmark::Initialize(&count, arguments);
-  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return EXIT_FAILURE;
-  toolkit.job = [] { benchmark::RunSpecifiedBenchmarks(); };
-  const int status = runProcess(host, toolkit, VeldrinParts);
-  return status == 0 && !limitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
-}
-
 }  // namespace
 }  // namespace veldrin
 
 int main(int count, char** arguments) {
-  return veldrin::benchmarkMain(count, arguments);
+  veldrin::reportBuilding();
+  return veldrin::runHeldBenchmarks(count, arguments);
 }

@@ -7,7 +7,6 @@
 //
 // The program fails where a ratio is above its limit.
 
-#include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -15,7 +14,6 @@
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
@@ -26,14 +24,11 @@
 #include <system_error>
 #include <vector>
 
-#include "apps/VeldrinParts.h"
+#include "bench/HeldBenchmarks.h"
 #include "bench/bare/Bare.h"
 #include "daystatus/Veldrin.h"
 #include "shell/FolderItem.h"
-#include "shell/Process.h"
 #include "shell/Runtime.h"
-#include "shell/SystemHost.h"
-#include "toolkits/headless/HeadlessToolkit.h"
 
 namespace veldrin {
 namespace {
@@ -138,8 +133,6 @@ double microseconds(const Work& work) {
   return processorMicroseconds() - start;
 }
 
-bool limitBroken = false;
-
 template <class Bare, class Press>
 void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldrinYear) {
   for (int i = 0; i < WarmUps; ++i) {
@@ -162,10 +155,7 @@ void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldr
   state.counters["limit"] = Limit;
   state.counters["bare_us"] = median(bareTimes);
   state.counters["veldrin_us"] = median(veldrinTimes);
-  if (ratio > Limit) {
-    state.SetLabel("above the limit");
-    limitBroken = true;
-  }
+  hold(state, ratio, Limit);
 }
 
 /// The whole run, all text included, against the arithmetic alone.
@@ -200,22 +190,9 @@ BENCHMARK(againstWrites)
     ->Iterations(Repetitions)
     ->Unit(benchmark::kMicrosecond);
 
-int benchmarkMain(int count, char** arguments) {
-  SystemHost host;
-  HeadlessToolkit toolkit;
-  benchmark::Initialize(&count, arguments);
-  if (benchmark::ReportUnrecognizedArguments(count, arguments)) return EXIT_FAILURE;
-  toolkit.job = [] {
-    fillInWindow();
-    benchmark::RunSpecifiedBenchmarks();
-  };
-  const int status = runProcess(host, toolkit, VeldrinParts);
-  return status == 0 && !limitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
-}
-
 }  // namespace
 }  // namespace veldrin
 
 int main(int count, char** arguments) {
-  return veldrin::benchmarkMain(count, arguments);
+  return veldrin::runHeldBenchmarks(count, arguments, veldrin::fillInWindow);
 }
