@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# window.sh BUILD
+#
+# Measures the window on a screen of its own: from the start to the first frame with a status, and
+# the memory that is resident by then, by those of an empty window of the same size in bare Qt; and
+# a press of the year button. Beside the empty window stands one with a word in it, since the first
+# word that is drawn is what loads the fonts. BUILD is the directory of a release build with
+# VELDRIN_BENCH; nothing is built here. Exits 1 when a limit is broken, 2 when it cannot measure.
+. "$(dirname "$0")/measure.sh"
+
+readonly start_limit=1.25    # times that of the empty window
+readonly memory_limit=1.15   # times that of the empty window
+readonly press_limit=20      # milliseconds
+readonly rounds=40           # of two starts each
+
+[[ $# -eq 1 ]] || die "usage: window.sh BUILD"
+need Xvfb xvfb
+need hyperfine hyperfine
+need python3 python3
+need valgrind valgrind
+need_programs "$1" veldrin-calendar bench/bare-window bench/veldrin-window bench/year-press
+readonly empty="$1/bench/bare-window"
+readonly word="$1/bench/bare-window Sunrise"
+readonly veldrin="$1/bench/veldrin-window"
+
+# A desktop that nobody has set up, with no bus to look for a screen reader on.
+export HOME=$work XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=xcb
+export DBUS_SESSION_BUS_ADDRESS=unix:path=$work/none
+unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE QT_LINUX_ACCESSIBILITY_ALWAYS_ON QT_SCALE_FACTOR \
+  XDG_CURRENT_DESKTOP
+
+mkfifo "$work/number"
+# It would begin anew whenever the last program has left it, and turn away the next one meanwhile.
+Xvfb -noreset -displayfd 3 -screen 0 1024x768x24 3>"$work/number" 2>"$work/screen" &
+screen=$!
+trap 'kill "$screen" 2>/dev/null || true; wait; rm -rf "$work"' EXIT
+read -r -t 10 number <"$work/number" || die "no screen: $(cat "$work/screen")"
+export DISPLAY=:$number
+
+# round NUMBER: every other round the other way round, so that none always follows the same one.
+round() {
+  local sides=(-n empty "$empty" -n word "$word" -n veldrin "$veldrin")
+  ((${1} % 2 == 0)) || sides=(-n veldrin "$veldrin" -n word "$word" -n empty "$empty")
+  hyperfine -N --runs 2 --export-json "$work/round$1.json" "${sides[@]}" \
+    >"$work/log" 2>&1 || die "hyperfine failed: $(cat "$work/log")"
+}
+for ((i = 0; i < rounds; ++i)); do round "$i"; done
+
+# The tenth percentile of each side's starts: whatever else the machine does only makes a start
+# slower, and the very fastest may be a stroke of luck.
+read -r empty_start word_start veldrin_start < <(
+  python3 - "$work"/round*.json <<'PYTHON'
+import json, statistics, sys
+sides = [side for file in sys.argv[1:] for side in json.load(open(file))["results"]]
+for name in "empty", "word", "veldrin":
+    times = [time for side in sides if side["command"] == name for time in side["times"]]
+    print(f"{statistics.quantiles(times, n=10)[0] * 1000:.1f}", end=" ")
+print()
+PYTHON
+) || die "hyperfine gave no times"
+
+# Not quoted, since the word is an argument.
+empty_memory=$($empty) word_memory=$($word) veldrin_memory=$($veldrin)
+empty_instructions=$(instructions $empty) word_instructions=$(instructions $word)
+veldrin_instructions=$(instructions $veldrin)
+
+read -r press fast_press < <("$1/bench/year-press" "$work/window.ics") || die "no press was measured"
+"$1/veldrin-calendar" --year=2020 "--output=$work/calendar.ics"
+cmp -s "$work/window.ics" "$work/calendar.ics" || die "the button wrote a different document"
+
+line "start of an empty window, ms" "$empty_start"
+line "start of a window with a word, ms" "$word_start"
+line "start of veldrin, ms" "$veldrin_start"
+row "ratio by the empty window" "$(quotient "$veldrin_start" "$empty_start")" "$start_limit" times
+line "ratio by the window with a word" "$(quotient "$veldrin_start" "$word_start")"
+line "memory of an empty window, KiB" "$empty_memory"
+line "memory of a window with a word, KiB" "$word_memory"
+line "memory of veldrin, KiB" "$veldrin_memory"
+row "ratio by the empty window" "$(quotient "$veldrin_memory" "$empty_memory")" "$memory_limit" times
+line "ratio by the window with a word" "$(quotient "$veldrin_memory" "$word_memory")"
+line "instructions of an empty window" "$empty_instructions"
+line "instructions of a window with a word" "$word_instructions"
+line "instructions of veldrin" "$veldrin_instructions"
+line "ratio by the window with a word" "$(quotient "$veldrin_instructions" "$word_instructions")"
+row "a press of the year button, ms" "$press" "$press_limit" ms
+line "the tenth percentile of the presses, ms" "$fast_press"
+exit "$status"

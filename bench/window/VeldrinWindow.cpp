@@ -1,0 +1,25 @@
+// Veldrin as it starts on a desktop, up to the first frame that shows a status.
+
+#include <QLabel>
+
+#include "apps/SpokenNames.h"
+#include "apps/VeldrinParts.h"
+#include "bench/window/FirstFrame.h"
+#include "shell/SystemHost.h"
+#include "toolkits/qt/QtToolkit.h"
+
+namespace {
+
+bool isStatus(const QWidget& painted) {
+  const auto* const label = qobject_cast<const QLabel*>(&painted);
+  return label != nullptr && label->objectName() == "Status" && !label->text().isEmpty();
+}
+
+}  // namespace
+
+int main() {
+  veldrin::SystemHost host;
+  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  const FirstFrame frame(isStatus);
+  return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
+}

@@ -1,0 +1,84 @@
+// year-press FILE
+//
+// Presses the year button for 2020 in a window on a display, answers the save dialog with FILE, and
+// prints what a press took from the answer to the end of its handler, in milliseconds: the median
+// and the tenth percentile of many.
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "apps/SpokenNames.h"
+#include "apps/VeldrinParts.h"
+#include "shell/SystemHost.h"
+#include "toolkits/qt/QtToolkit.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr const char* Year = "2020";
+constexpr int Presses = 100;
+
+Clock::time_point answered;
+
+/// Answers the dialog that is open by then. It loses its watch over the folder first: to end one
+/// the system takes its time, which is the dialog's and would be measured with the handler.
+void answer(const QString& path) {
+  auto& dialog = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  dialog.findChild<QFileSystemModel*>()->setOption(QFileSystemModel::DontWatchForChanges);
+  dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+  QObject::connect(&dialog, &QDialog::finished, &dialog, [] { answered = Clock::now(); });
+  static_cast<QDialog&>(dialog).accept();
+}
+
+/// One press, from the answer on.
+Milliseconds press(QPushButton& button, const QString& path) {
+  QTimer::singleShot(0, &button, [&path] { answer(path); });
+  button.click();
+  return Clock::now() - answered;
+}
+
+template <class Widget>
+Widget& widget(const char* name) {
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (auto* const found = window->findChild<Widget*>(name)) return *found;
+  }
+  std::abort();
+}
+
+void measure(const QString& path) {
+  widget<QComboBox>("WhichYear").setCurrentText(Year);
+  auto& button = widget<QPushButton>("GenerateButton");
+  std::vector<Milliseconds> times;
+  while (times.size() < Presses) times.push_back(press(button, path));
+  std::ranges::sort(times);
+  std::printf("%.2f %.2f\n", times[Presses / 2].count(), times[Presses / 10].count());
+  QCoreApplication::exit();
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::fputs("usage: year-press FILE\n", stderr);
+    return 2;
+  }
+  const QString path = QString::fromLocal8Bit(arguments[1]);
+  QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  veldrin::SystemHost host;
+  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  QTimer::singleShot(0, qApp, [&path] { measure(path); });
+  return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
+}
