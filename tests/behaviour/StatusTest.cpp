@@ -97,6 +97,7 @@ TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
     EXPECT_EQ(day(), row.after);
     EXPECT_EQ(veldrin->statusDate, date);
     EXPECT_EQ(touched, "Status Status ");
+    toolkit.onControlChanged = nullptr;
   }
 }
 
