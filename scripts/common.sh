@@ -35,7 +35,8 @@ need_packages() {
 # benchmarks do.
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev)
 WINDOW_PACKAGES=(qt6-base-dev)
-SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core)
+SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
+  at-spi2-core dbus-daemon)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream
   dpkg-dev file man-db)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)

@@ -1,0 +1,46 @@
+"""A day and a calendar, made by typing, pressing and choosing."""
+
+from case import ScreenTest
+from desktop import until
+
+# Inputs under which every step below changes the status, whatever today is.
+ELSEWHERE = ("--longitude=0", "--time-zone=-8", "--year=2012",
+             "--dst-start=3/11/2012", "--dst-end=11/4/2012")
+
+
+class DayTest(ScreenTest):
+    def test_inputs_count_in_the_status_and_in_the_calendar(self) -> None:
+        self.click("combo box", "2008")
+        self.click("list item", "2012")
+        self.find("combo box", "2012")
+        self.await_text("Start Date", "3/11/2012")
+        self.await_text("End Date", "11/4/2012")
+
+        self.click("text", "Longitude")
+        self.desktop.key("ctrl+a")
+        self.desktop.type("0")
+        before = self.status()
+        self.await_text("Longitude", "0")
+        self.assertEqual(self.status(), before)
+        self.desktop.key("Tab")
+        self.await_status(*ELSEWHERE)
+        self.assertNotEqual(self.status(), before)
+
+        today = self.status()
+        self.click("push button", "Next day")
+        until(lambda: self.status() != today, "the next day")
+        self.await_status(*ELSEWHERE)
+        self.desktop.key("shift+Tab", "space")
+        until(lambda: self.status() == today, "the day before")
+
+        self.click("check box", "Down Under")
+        until(lambda: self.find("check box", "Down Under").is_("checked"), "the tick")
+        self.await_status(*ELSEWHERE, "--down-under")
+        self.assertNotEqual(self.status(), today)
+
+        file = self.desktop.home / "made on a screen.ics"
+        self.save_as(str(file))
+        whole = b"END:VCALENDAR\r\n"
+        until(lambda: file.exists() and file.read_bytes().endswith(whole), "the whole calendar")
+        expected = self.companion(*ELSEWHERE, "--down-under", "--output=-")
+        self.assertTrue(file.read_bytes() == expected, "the calendar is not the companion's")

@@ -1,0 +1,79 @@
+"""The Edit menu and the keys that edit, leave and end."""
+
+from datetime import datetime, timedelta
+
+from case import ScreenTest
+from desktop import until
+
+
+class EditingTest(ScreenTest):
+    def choose(self, menu: str, item: str) -> None:
+        """Chooses by mouse."""
+        self.click("menu item", menu)
+        self.click("menu item", item)
+
+    def open_by_keys(self, menu: str, item: str) -> None:
+        """Opens the menu of that letter, which has that item."""
+        self.desktop.hold("alt", menu)
+        self.find("menu item", item)
+
+    def day(self) -> datetime:
+        return datetime.strptime(self.status().splitlines()[0], "%m/%d/%Y")
+
+    def test_the_edit_menu_acts_on_the_field_that_is_edited(self) -> None:
+        before = self.status()
+        self.choose("Edit", "Copy")
+        self.await_focus("Latitude")
+        self.assertEqual(self.field("Latitude").selection, "47.5")
+        self.desktop.key("Delete")
+        self.await_text("Latitude", "")
+        self.choose("Edit", "Undo")
+        self.await_text("Latitude", "47.5")
+        self.choose("Edit", "Select All")
+        until(lambda: self.field("Latitude").selection == "47.5", "the selection")
+        self.open_by_keys("e", "Cut")
+        self.assertEqual(self.field("Latitude").selection, "47.5")
+        self.desktop.key("t")
+        self.await_text("Latitude", "")
+        self.desktop.key("ctrl+v", "ctrl+v", "ctrl+a", "ctrl+c", "Right", "BackSpace", "BackSpace")
+        self.await_text("Latitude", "47.547")
+        self.assertEqual(self.status(), before)
+        self.desktop.key("ctrl+a")
+        self.desktop.type("-33.25")
+        self.await_text("Latitude", "-33.25")
+        self.assertEqual(self.status(), before)
+        self.desktop.key("Tab")
+        self.await_status("--latitude=-33.25")
+
+    def test_return_and_escape_press_no_button(self) -> None:
+        keys = ("Return", "KP_Enter", "Escape")
+        today = self.day()
+        self.desktop.type("12.5")
+        self.desktop.key(*keys, *["Tab"] * 7, *keys, "Tab", *keys, "Tab", *keys)
+        self.await_focus("Generate iCal For")
+        self.await_status("--latitude=12.5")
+        self.assertEqual(self.day(), today)
+        self.desktop.key("shift+Tab", "space")
+        until(lambda: self.day() != today, "the next day")
+        self.assertEqual(self.day(), today + timedelta(days=1))
+
+    def test_ctrl_q_ends_with_status_0(self) -> None:
+        self.edit()
+        self.desktop.key("ctrl+q")
+        self.assertEqual(self.ended(), (0, ""))
+
+    def test_the_file_menu_ends_with_status_0(self) -> None:
+        self.edit()
+        self.open_by_keys("f", "Quit")
+        self.desktop.key("q")
+        self.assertEqual(self.ended(), (0, ""))
+
+    def test_the_close_request_of_the_desktop_ends_with_status_0(self) -> None:
+        self.edit()
+        self.desktop.key("alt+F4")
+        self.assertEqual(self.ended(), (0, ""))
+
+    def edit(self) -> None:
+        """Leaves off in the middle of typing."""
+        self.desktop.type("12")
+        self.await_text("Latitude", "12")

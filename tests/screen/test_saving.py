@@ -1,0 +1,39 @@
+"""Places that a calendar cannot be written to, or that hold something already."""
+
+from case import ScreenTest
+from desktop import until
+
+
+class SavingTest(ScreenTest):
+    def test_a_place_that_cannot_be_written_to_is_told_and_the_window_goes_on(self) -> None:
+        before = self.status()
+        nowhere = str(self.desktop.home / "no folder" / "Veldrin.ics")
+        self.save_as(nowhere)
+        self.find("label", "Cannot write to " + nowhere)
+        self.await_focus("OK")
+        self.desktop.key("Return")
+        self.await_focus("Generate iCal For")
+        self.click("push button", "Next day")
+        until(lambda: self.status() != before, "the next day")
+
+    def test_what_is_not_to_be_replaced_stays(self) -> None:
+        file = self.desktop.home / "old.ics"
+        file.write_text("old")
+        self.save_as(str(file))
+        self.find("label", "old.ics already exists.\nDo you want to replace it?")
+        self.await_focus("No")
+        self.desktop.key("Return")
+        self.await_focus("File name:")
+        self.desktop.key("Escape")
+        self.await_focus("Generate iCal For")
+        self.assertEqual(file.read_text(), "old")
+
+    def test_a_full_disk_is_reported_and_ends_the_program(self) -> None:
+        self.save_as("/dev/full")
+        self.await_focus("No")
+        self.click("push button", "Yes")
+        self.find("label", "IOException, error 28: No space left on device")
+        self.await_focus("OK")
+        self.desktop.key("Return")
+        said = "veldrin: IOException, error 28: No space left on device\n"
+        self.assertEqual(self.ended(), (1, said))
