@@ -19,6 +19,7 @@ from typing import Any
 
 TIME_OUT = 10.0  # seconds
 POLL = 0.02  # seconds
+PATIENCE = 1.0  # seconds, with what has been told to end and may tidy up first
 QUIET = dict.fromkeys(("stdin", "stdout", "stderr"), subprocess.DEVNULL)
 
 # What a program is told of the machine. Whatever else the environment says is of another desktop.
@@ -83,7 +84,7 @@ class Desktop:
         """Ends the program if it has not ended by itself."""
         job.terminate()
         try:
-            job.wait(TIME_OUT)
+            job.wait(PATIENCE)
         except subprocess.TimeoutExpired:
             job.kill()
             job.wait()
