@@ -55,6 +55,26 @@ TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
   QApplication::setFont(before);
 }
 
+TEST_F(FormOnDesktopTest, WhatHasAFrameShowsItOnADarkDesktop) {
+  const QPalette before = QApplication::palette();
+  for (const QColor& ground : {QColor(42, 46, 50), QColor(Qt::black)}) {
+    QApplication::setPalette(QPalette(ground, ground));
+    QCoreApplication::processEvents();
+    const QImage picture = QtPerson::window().centralWidget()->grab().toImage();
+    for (const char* const name : {"Placard1", "Longitude", "DownUnderFlag"}) {
+      // Along the middle, from the left edge on.
+      const QRect place = widget(name).geometry();
+      float brightest = 0.0F;
+      for (int x = place.left(); x < place.left() + 3; ++x) {
+        brightest = std::max(brightest, picture.pixelColor(x, place.center().y()).lightnessF());
+      }
+      EXPECT_GT(brightest - ground.lightnessF(), 0.25F)
+          << name << " on " << ground.name().toStdString();
+    }
+  }
+  QApplication::setPalette(before);
+}
+
 TEST_F(FormOnDesktopTest, TheIconIsThereAtTheSizesOfPanelsAndLists) {
   for (const int size : {16, 32, 48, 128}) {
     const QImage picture = QtPerson::window().windowIcon().pixmap(size).toImage();

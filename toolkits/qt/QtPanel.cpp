@@ -3,22 +3,9 @@
 #include <QPainter>
 #include <cmath>
 
+#include "toolkits/qt/LineColour.h"
+
 namespace veldrin {
-namespace {
-
-/// The frames of some styles vanish on a dark desktop: this line is three times as bright as a dark
-/// background, or as dark as a light one, whatever the desktop's colours are. It is mixed here, as
-/// Qt would start threads of its own to mix it on the screen.
-QColor lineColour(const QPalette& palette) {
-  constexpr float Share = 0.45F;
-  const QColor text = palette.color(QPalette::WindowText);
-  const QColor ground = palette.color(QPalette::Window);
-  const auto mixed = [](float of, float with) { return of * Share + with * (1.0F - Share); };
-  return QColor::fromRgbF(mixed(text.redF(), ground.redF()), mixed(text.greenF(), ground.greenF()),
-                          mixed(text.blueF(), ground.blueF()));
-}
-
-}  // namespace
 
 QtPanel::QtPanel(const Ref<Placard>& /*panel*/, Delivery& /*delivery*/, QWidget& parent)
     : QWidget(&parent) {}

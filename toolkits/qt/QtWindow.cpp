@@ -1,6 +1,7 @@
 #include "toolkits/qt/QtWindow.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
@@ -12,6 +13,7 @@
 #include "shell/FocusOrder.h"
 #include "shell/StaticText.h"
 #include "shell/TextField.h"
+#include "toolkits/qt/LineColour.h"
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {
@@ -49,6 +51,7 @@ QtWindow::QtWindow(Window& window, Delivery& delivery, const Editing& editing,
   makeControls();
   nameControls(names);
   fitFont();
+  brightenFrames();
   chainFocus();
   if (window.MenuBarVisible && window.MenuBar()) {
     menus_ = std::make_unique<QtMenus>(*menuBar(), *window.MenuBar(), delivery, editing);
@@ -115,6 +118,19 @@ void QtWindow::fitFont() {
   for (const auto& [control, made] : controls_) made->write(font);
 }
 
+void QtWindow::brightenFrames() {
+  // Some styles darken the background to frame a field or a box, which nobody sees on a dark one.
+  constexpr int AsTheyDarken = 140;  // percent
+  QPalette own;
+  const QPalette desktop = QApplication::palette();
+  if (isDark(desktop)) own.setColor(QPalette::Window, lineColour(desktop).lighter(AsTheyDarken));
+  for (const auto& each : controls_) {
+    QWidget& widget = each.second->widget();
+    const bool isFramed = qobject_cast<QLineEdit*>(&widget) || qobject_cast<QCheckBox*>(&widget);
+    if (isFramed) widget.setPalette(own);
+  }
+}
+
 QWidget* QtWindow::widgetOf(const Control& control) const {
   const auto found = std::ranges::find(controls_, &control, [](const auto& c) { return c.first; });
   return found == controls_.end() ? nullptr : &found->second->widget();
@@ -149,6 +165,7 @@ bool QtWindow::event(QEvent* event) {
   if (type == QEvent::WindowActivate) delivery_.deliver([this] { window_->_CallActivated(); });
   if (type == QEvent::WindowDeactivate) delivery_.deliver([this] { window_->_CallDeactivated(); });
   if (type == QEvent::ApplicationFontChange || type == QEvent::StyleChange) fitFont();
+  if (type == QEvent::ApplicationPaletteChange) brightenFrames();
   return done;
 }
 

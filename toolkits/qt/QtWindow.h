@@ -41,6 +41,7 @@ class QtWindow final : public QMainWindow {
   void nameControls(std::span<const SpokenName> names);
   void chainFocus();
   void fitFont();
+  void brightenFrames();
   [[nodiscard]] QWidget* widgetOf(const Control& control) const;
 
   Window* window_;
