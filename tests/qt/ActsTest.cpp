@@ -1,4 +1,9 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPushButton>
+#include <QWheelEvent>
 #include <functional>
 #include <string>
 
@@ -20,6 +25,11 @@ TEST_F(ActsOnDesktopTest, AFieldIsLeftByKeyByMouseAndByAButton) {
       {"Tab", [] { QTest::keyClick(&field("Latitude"), Qt::Key_Tab); }},
       {"Shift+Tab", [] { QTest::keyClick(&field("Latitude"), Qt::Key_Backtab); }},
       {"mouse", [] { QTest::mouseClick(&field("DSTStart"), Qt::LeftButton); }},
+      {"Alt and mouse",
+       [] {
+         QTest::keyClick(&field("Latitude"), Qt::Key_Alt);
+         QTest::mouseClick(&field("DSTStart"), Qt::LeftButton);
+       }},
       {"button", [this] { person->press("ForwardOneDay"); }, "6/22/2024"},
   };
   for (const auto& row : rows) {
@@ -59,6 +69,45 @@ TEST_F(ActsOnDesktopTest, KeysPressTickAndChooseButReturnAndEscapeDoNothing) {
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
   EXPECT_EQ(person->shown("WhichYear"), "2009");
   EXPECT_EQ(person->shown("DSTEnd"), "11/1/2009");
+}
+
+TEST_F(ActsOnDesktopTest, WhatIsDroppedIsLeftLikeWhatIsTyped) {
+  widget("BackOneDay").setFocus();
+  field("Latitude").setCursorPosition(0);
+  QMimeData text;
+  text.setText("-");
+  QDragEnterEvent enter({1, 1}, Qt::CopyAction, &text, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&field("Latitude"), &enter);
+  QDropEvent drop({1.0, 1.0}, Qt::CopyAction, &text, Qt::LeftButton, {});
+  QCoreApplication::sendEvent(&field("Latitude"), &drop);
+  EXPECT_EQ(person->shown("Latitude"), "-47.5");
+  EXPECT_EQ(status(), June21);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_NE(status(), June21);
+}
+
+TEST_F(ActsOnDesktopTest, AWheelChoosesOnlyInTheListThatHasTheFocus) {
+  auto& list = widget("WhichYear");
+  for (const char* const year : {"2008", "2009"}) {
+    QWheelEvent down({5, 5}, list.mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {},
+                     Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&list, &down);
+    EXPECT_EQ(person->shown("WhichYear"), year);
+    list.setFocus();
+  }
+}
+
+TEST_F(ActsOnDesktopTest, WhatAScreenReaderDoesBehindADialogIsTakenBack) {
+  whenAsked([](QDialog& dialog) {
+    widget<QCheckBox>("DownUnderFlag").click();
+    widget<QComboBox>("WhichYear").setCurrentIndex(3);
+    dialog.reject();
+  });
+  person->press("GenerateButton");
+  EXPECT_FALSE(person->isTicked("DownUnderFlag"));
+  EXPECT_EQ(person->shown("WhichYear"), "2008");
+  person->tick("DownUnderFlag", true);
+  EXPECT_TRUE(window()->DownUnderFlag()->Value());
 }
 
 TEST_F(ActsOnDesktopTest, AnyNumberOfPressesIsAnswered) {

@@ -42,6 +42,11 @@ const EditingCommand* editingCommand(const String& item) {
   return found == std::end(Commands) ? nullptr : found;
 }
 
+bool isMenu(const QWidget* widget) {
+  return qobject_cast<const QMenuBar*>(widget) != nullptr ||
+         qobject_cast<const QMenu*>(widget) != nullptr;
+}
+
 Editing::Editing() {
   QObject::connect(qApp, &QApplication::focusChanged, &context_,
                    [this](QWidget* /*before*/, QWidget* now) { focusMoved(now); });
@@ -57,7 +62,7 @@ void Editing::carryOut(const EditingCommand& command) const {
 
 void Editing::focusMoved(QWidget* widget) {
   // Without a focus another program has it; a menu has only borrowed it.
-  if (widget == nullptr || qobject_cast<QMenuBar*>(widget) || qobject_cast<QMenu*>(widget)) return;
+  if (widget == nullptr || isMenu(widget)) return;
   field_ = qobject_cast<QLineEdit*>(widget);
 }
 

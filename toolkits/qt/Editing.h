@@ -18,6 +18,9 @@ struct EditingCommand {
 /// The command of the item of that name, or nil.
 const EditingCommand* editingCommand(const String& item);
 
+/// Whether the widget is a menu or a menu bar, which borrow the focus and give it back.
+bool isMenu(const QWidget* widget);
+
 /// Knows the field that the editing commands act on: the one with the focus, also while a menu has
 /// taken the focus from it.
 class Editing {

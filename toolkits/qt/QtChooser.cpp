@@ -2,6 +2,7 @@
 
 #include <QSignalBlocker>
 #include <QStyleOptionComboBox>
+#include <QWheelEvent>
 #include <utility>
 
 #include "toolkits/qt/QtText.h"
@@ -13,6 +14,7 @@ QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::currentIndexChanged, this, [this, &delivery](int row) {
     delivery.deliver(*chooser_, [&] { chooser_->userChose(row); });
+    follow();  // what was not delivered is taken back
   });
 }
 
@@ -41,6 +43,12 @@ bool QtChooser::fits(const QFont& font) const {
     if (!textFits(font, itemText(row), box.size())) return false;
   }
   return true;
+}
+
+void QtChooser::wheelEvent(QWheelEvent* event) {
+  // To scroll past the list is no choice, and would wipe dates that somebody has typed.
+  if (hasFocus()) return QComboBox::wheelEvent(event);
+  event->ignore();
 }
 
 }  // namespace veldrin

@@ -16,6 +16,9 @@ class QtChooser final : public QComboBox, public QtControl {
   void follow() override;
   [[nodiscard]] bool fits(const QFont& font) const override;
 
+ protected:
+  void wheelEvent(QWheelEvent* event) override;
+
  private:
   Ref<PopupMenu> chooser_;
 };

@@ -18,11 +18,16 @@ class QtField final : public QLineEdit, public QtControl {
   [[nodiscard]] bool fits(const QFont& font) const override;
 
  protected:
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
+  void focusMoved(const QWidget* widget);
+
   Ref<TextField> field_;
   Delivery& delivery_;
+  bool lent_ = false;  ///< a menu has the focus, and is to give it back
 };
 
 }  // namespace veldrin

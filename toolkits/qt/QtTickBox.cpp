@@ -13,6 +13,7 @@ QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
     if (ticked == box_->Value()) return;  // the program's own change, come back
     delivery.deliver(*box_, [&] { box_->userTicked(ticked); });
+    follow();  // what was not delivered is taken back
   });
 }
 
