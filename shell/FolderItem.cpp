@@ -83,14 +83,17 @@ std::unique_ptr<WritableFile> FolderItem::create() {
     LastErrorCode = EINVAL;
     return nullptr;
   }
+  // A pipe that nobody reads would hold the program up, and with it the window, until somebody does.
+  constexpr int AtOnce = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   int descriptor = -1;
   do {
-    descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, ReadAndWrite);
+    descriptor = ::open(path.c_str(), AtOnce, ReadAndWrite);
   } while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0) {
     LastErrorCode = errno;
     return nullptr;
   }
+  ::fcntl(descriptor, F_SETFL, 0);  // to be written to at the pace of its reader all the same
   return openDescriptor(descriptor);
 }
 

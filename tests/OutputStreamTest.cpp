@@ -73,6 +73,7 @@ TEST_F(OutputStreamTest, CreateRaisesWhereTheFileCannotBeMade) {
   const Ref<MemoryItem> memory = New<MemoryItem>();
   memory->errorOfCreate = EROFS;
   std::ofstream(folder / "file") << "kept";
+  ASSERT_EQ(::mkfifo((folder / "unread").c_str(), 0600), 0);
   struct Row {
     Ref<FolderItem> item;
     std::int32_t error;
@@ -81,6 +82,7 @@ TEST_F(OutputStreamTest, CreateRaisesWhereTheFileCannotBeMade) {
                       {item("missing/file.ics"), ENOENT},
                       {item("file/below.ics"), ENOTDIR},
                       {item("."), EISDIR},
+                      {item("unread"), ENXIO},
                       {item(std::string("file\0.ics", 9)), EINVAL},
                       {item(std::string(300, 'x')), ENAMETOOLONG},
                       {FolderItem::atPath(String()), ENOENT}};
