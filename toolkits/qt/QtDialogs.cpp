@@ -36,7 +36,7 @@ Ref<FolderItem> askWhereToSave(QWidget* parent, const String& filter, const Stri
     entries.append(entryOf(type, fileName));
   }
   entries.append("All files (*)");
-  QFileDialog dialog(parent);
+  QFileDialog dialog(parent, "Save As");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setNameFilters(entries);

@@ -25,25 +25,30 @@ QtLabel::QtLabel(Ref<StaticText> text, Delivery& /*delivery*/, QWidget& parent)
 void QtLabel::follow() {
   const QString shown = toQt(text_->Text()).replace('\r', '\n');
   if (shown == this->text()) return;
+  [[maybe_unused]] const bool isNews = !this->text().isEmpty();
   setText(shown);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
-  QAccessibleAnnouncementEvent announcement(this, shown);
-  QAccessible::updateAccessibility(&announcement);
+  if (isNews) {
+    QAccessibleAnnouncementEvent announcement(this, shown);
+    QAccessible::updateAccessibility(&announcement);
+  }
 #endif
 }
 
 bool QtLabel::fits(const QFont& font) const {
-  return textFits(ownFont(font), this->text(), contentsRect().size());
+  return hasOwnSize() || textFits(font, this->text(), contentsRect().size());
 }
 
 void QtLabel::write(const QFont& font) {
-  setFont(ownFont(font));
-}
-
-QFont QtLabel::ownFont(const QFont& font) const {
+  constexpr double Step = 0.25;  // points
   QFont own = font;
-  if (text_->TextSize > 0.0F) own.setPointSizeF(static_cast<double>(text_->TextSize));
-  return own;
+  if (hasOwnSize()) own.setPointSizeF(static_cast<double>(text_->TextSize));
+  // No other control has to follow a text that is too large in its own size.
+  while (hasOwnSize() && own.pointSizeF() > Step &&
+         !textFits(own, this->text(), contentsRect().size())) {
+    own.setPointSizeF(own.pointSizeF() - Step);
+  }
+  setFont(own);
 }
 
 }  // namespace veldrin

@@ -18,7 +18,7 @@ class QtLabel final : public QLabel, public QtControl {
   void write(const QFont& font) override;
 
  private:
-  [[nodiscard]] QFont ownFont(const QFont& font) const;
+  [[nodiscard]] bool hasOwnSize() const { return text_->TextSize > 0.0F; }
 
   Ref<StaticText> text_;
 };
