@@ -43,17 +43,6 @@ TEST_F(ActsOnDesktopTest, AFieldIsLeftByKeyByMouseAndByAButton) {
   }
 }
 
-TEST_F(ActsOnDesktopTest, AFieldKeepsItsSelectionAndIsNotLeftForAMenu) {
-  person->type("Latitude", "70");
-  field("Latitude").selectAll();
-  for (const Qt::FocusReason reason : {Qt::MenuBarFocusReason, Qt::PopupFocusReason}) {
-    QFocusEvent toMenu(QEvent::FocusOut, reason);
-    QCoreApplication::sendEvent(&field("Latitude"), &toMenu);
-    EXPECT_EQ(field("Latitude").selectedText().toStdString(), "70");
-    EXPECT_EQ(status(), June21);
-  }
-}
-
 TEST_F(ActsOnDesktopTest, KeysPressTickAndChooseButReturnAndEscapeDoNothing) {
   QTest::keyClick(&widget("BackOneDay"), Qt::Key_Space);
   EXPECT_EQ(status().substr(0, 9), "6/20/2024");
@@ -124,15 +113,6 @@ TEST_F(ActsOnDesktopTest, WhateverIsPastedTheWindowAnswers) {
   }
   person->press("ForwardOneDay");
   EXPECT_EQ(status().substr(0, 9), "6/22/2024");
-}
-
-TEST_F(ActsOnDesktopTest, CtrlQEndsTheProgramInTheMiddleOfATypedText) {
-  toolkit.job = [this] {
-    person->type("Latitude", "12");
-    QTest::keyClick(&field("Latitude"), Qt::Key_Q, Qt::ControlModifier);
-  };
-  toolkit.run();
-  EXPECT_TRUE(runtime._WindowSupport.Windows.empty());
 }
 
 }  // namespace

@@ -66,18 +66,6 @@ TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
   EXPECT_TRUE(item("FileQuit").isEnabled());
 }
 
-TEST_F(EditMenuTest, OpenedByKeyboardItActsOnTheSelection) {
-  person->type("Longitude", "-0.25");
-  field("Longitude").selectAll();
-  QTest::keyClick(&field("Longitude"), Qt::Key_E, Qt::AltModifier);
-  auto& menu = widget<QMenu>("EditMenu");
-  ASSERT_TRUE(menu.isVisible());
-  EXPECT_EQ(field("Longitude").selectedText(), "-0.25");
-  QTest::keyClick(&menu, Qt::Key_C);
-  EXPECT_FALSE(menu.isVisible());
-  EXPECT_EQ(QApplication::clipboard()->text(), "-0.25");
-}
-
 TEST_F(EditMenuTest, ShortcutsAreThoseOfTheForm) {
   const struct {
     const char* name;

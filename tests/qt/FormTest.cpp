@@ -1,10 +1,7 @@
-#include <QAccessible>
 #include <QLabel>
-#include <QPushButton>
 #include <algorithm>
 #include <clocale>
 #include <string>
-#include <vector>
 
 #include "tests/qt/QtTest.h"
 #include "ui/FormTable.h"
@@ -13,7 +10,6 @@ namespace veldrin::test {
 namespace {
 
 using FormOnDesktopTest = QtTest;
-using Names = std::vector<std::string>;
 
 TEST_F(FormOnDesktopTest, EveryControlStandsAtItsPlaceInAWindowOfFixedSize) {
   EXPECT_EQ(FormTable.size(), 21U);
@@ -82,55 +78,6 @@ TEST_F(FormOnDesktopTest, TheIconIsThereAtTheSizesOfPanelsAndLists) {
     EXPECT_EQ(picture.pixelColor(size / 2, size / 2), QColor("#ffd75e")) << "the sun at " << size;
     EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0) << "the corner at " << size;
   }
-}
-
-TEST_F(FormOnDesktopTest, TabGoesThroughTheFormAndRoundAgain) {
-  const Names order{"Latitude",      "TimeZone",       "Longitude",       "DSTEnd",
-                    "DSTStart",      "DownUnderFlag",  "DaylightSavings", "BackOneDay",
-                    "ForwardOneDay", "GenerateButton", "WhichYear"};
-  const auto walk = [&](Qt::Key key) {
-    Names names;
-    for (std::size_t step = 0; step < order.size(); ++step) {
-      names.push_back(QApplication::focusWidget()->objectName().toStdString());
-      QTest::keyClick(QApplication::focusWidget(), key);
-    }
-    return names;
-  };
-  EXPECT_EQ(walk(Qt::Key_Tab), order);
-  EXPECT_EQ(walk(Qt::Key_Tab), order);
-  Names backward(order.rbegin(), order.rend());
-  std::rotate(backward.begin(), backward.end() - 1, backward.end());
-  EXPECT_EQ(walk(Qt::Key_Backtab), backward);
-}
-
-TEST_F(FormOnDesktopTest, AScreenReaderHasANameAndARoleForEveryControl) {
-  const struct {
-    const char* control;
-    const char* name;
-    QAccessible::Role role;
-  } rows[] = {
-      {"Latitude", "Latitude", QAccessible::EditableText},
-      {"Longitude", "Longitude", QAccessible::EditableText},
-      {"TimeZone", "Standard Time Zone", QAccessible::EditableText},
-      {"DSTStart", "Start Date", QAccessible::EditableText},
-      {"DSTEnd", "End Date", QAccessible::EditableText},
-      {"DownUnderFlag", "Down Under", QAccessible::CheckBox},
-      {"DaylightSavings", "Daylight Savings Time", QAccessible::CheckBox},
-      {"BackOneDay", "Previous day", QAccessible::Button},
-      {"ForwardOneDay", "Next day", QAccessible::Button},
-      {"GenerateButton", "Generate iCal For", QAccessible::Button},
-      {"Status", "6/21/2024\nSunrise = 05:13\nSunset = 21:11", QAccessible::StaticText},
-  };
-  for (const auto& row : rows) {
-    QAccessibleInterface* const spoken =
-        QAccessible::queryAccessibleInterface(&widget(row.control));
-    EXPECT_EQ(spoken->text(QAccessible::Name).toStdString(), row.name);
-    EXPECT_EQ(spoken->role(), row.role) << row.control;
-  }
-  EXPECT_EQ(widget<QPushButton>("ForwardOneDay").text(), "+");
-  QAccessibleInterface* const years = QAccessible::queryAccessibleInterface(&widget("WhichYear"));
-  EXPECT_EQ(years->role(), QAccessible::ComboBox);
-  EXPECT_EQ(years->text(QAccessible::Description), "Year");
 }
 
 TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryKeepTheirPoint) {

@@ -1,10 +1,7 @@
-#include <gmock/gmock.h>
-
 #include <QAbstractButton>
 #include <QDir>
 #include <QFileDialog>
 #include <QMessageBox>
-#include <cerrno>
 #include <fstream>
 #include <string>
 
@@ -76,31 +73,6 @@ TEST_F(SavingTest, AFileThatCannotBeMadeIsToldAndTheWindowGoesOn) {
   person->press("GenerateButton");
   person->press("ForwardOneDay");
   EXPECT_EQ(status().substr(0, 9), "6/22/2024");
-}
-
-TEST_F(SavingTest, AFullDiskEndsTheLoopAndIsReported) {
-  whenAsked(saveAs("/dev/full"));
-  whenAsked(press(QMessageBox::Yes));
-  toolkit.job = [this] { person->press("GenerateButton"); };
-  Ref<RuntimeException> raised;
-  try {
-    toolkit.run();
-  } catch (const Raised& failure) {
-    raised = failure.exception;
-  }
-  ASSERT_TRUE(raised);
-  EXPECT_EQ(raised->classRecord()->name, "IOException");
-  EXPECT_EQ(raised->ErrorNumber, ENOSPC);
-  std::string shown;
-  whenAsked([&](QDialog& dialog) {
-    shown = dynamic_cast<QMessageBox&>(dialog).informativeText().toStdString();
-    press(QMessageBox::Ok)(dialog);
-  });
-  testing::internal::CaptureStderr();
-  toolkit.reportUnhandledException(*raised);
-  EXPECT_THAT(testing::internal::GetCapturedStderr(),
-              testing::HasSubstr("veldrin: " + shown + "\n"));
-  EXPECT_TRUE(shown.starts_with("IOException, error 28: ")) << shown;
 }
 
 }  // namespace
