@@ -19,7 +19,7 @@ QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
   setFrame(field_->Border);
   if (field_->Password) setEchoMode(QLineEdit::Password);
   setPlaceholderText(toQt(field_->CueText));
-  connect(qApp, &QApplication::focusChanged, this,
+  connect(qApp, &QApplication::focusChanged, &context_,
           [this](const QWidget* /*before*/, const QWidget* now) { focusMoved(now); });
   connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
     delivery_.guard([&] {

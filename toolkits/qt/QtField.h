@@ -28,6 +28,7 @@ class QtField final : public QLineEdit, public QtControl {
   Ref<TextField> field_;
   Delivery& delivery_;
   bool lent_ = false;  ///< a menu has the focus, and is to give it back
+  QObject context_;    ///< ends a connection ahead of the widget, which loses its focus as it goes
 };
 
 }  // namespace veldrin
