@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -53,6 +52,9 @@ inline constexpr FormLiteral FormLiterals[] = {
     {"StaticText", "StaticText7", "", 5, 400, 24, 20, 14, "v6"},
 };
 
+/// The window, which has no place and no parent.
+inline constexpr FormLiteral WindowLiteral{"Window", "Veldrin", "", 0, 0, 350, 420, 0, "Veldrin"};
+
 /// The words of a text that blanks part.
 inline std::vector<std::string_view> words(std::string_view list) {
   std::vector<std::string_view> all;
@@ -62,8 +64,6 @@ inline std::vector<std::string_view> words(std::string_view list) {
   }
   return all;
 }
-
-namespace detail {
 
 /// The keys of a stream in order: those that all controls begin with, and those of each kind.
 inline constexpr std::string_view FirstKeys =
@@ -88,29 +88,27 @@ inline constexpr struct {
     {"CheckBox",
      "TabStop Caption Enabled Visible HelpTag AutoDeactivate TextFont Bold Italic Underline State "
      "Value DataSource DataField InitialParent"},
+    {"Window",
+     "Placement Width Height MinWidth MinHeight MaxWidth MaxHeight Frame Composite HasBackColor "
+     "BackColor Title Visible FullScreen MenuBarVisible CloseButton Resizeable LiveResize "
+     "MaximizeButton MinimizeButton MacProcID"},
 };
 
-/// Settings of the control named, or of all where none is.
-struct Setting {
-  std::string_view control, keys;
-  Variant value;
-};
-
-}  // namespace detail
-
-/// All settings of a control in the order of its stream.
-inline std::vector<FormEntry> entriesOf(const FormLiteral& control) {
-  const String text(control.text);
-  // The first row that fits counts.
-  const detail::Setting settings[] = {
-      {"", "Name", String(control.name)},
-      {"", "InitialParent", String(control.parent)},
-      {"", "Left", control.left},
-      {"", "Top", control.top},
-      {"", "Width", control.width},
-      {"", "Height", control.height},
-      {"", "TabIndex", control.tabIndex},
-      {"", "Text Caption InitialValue", text},
+/// All settings of a control or of the window in the order of its stream.
+inline std::vector<FormEntry> entriesOf(const FormLiteral& literal) {
+  // The first row that fits counts; one with no name is for all.
+  const struct {
+    std::string_view name, keys;
+    Variant value;
+  } settings[] = {
+      {"", "Name", String(literal.name)},
+      {"", "InitialParent", String(literal.parent)},
+      {"", "Left", literal.left},
+      {"", "Top", literal.top},
+      {"", "Width", literal.width},
+      {"", "Height", literal.height},
+      {"", "TabIndex", literal.tabIndex},
+      {"", "Text Caption InitialValue Title", String(literal.text)},
       {"Placard1", "LockLeft LockTop LockRight", true},
       {"Status", "Multiline", true},
       {"Status", "TextAlign", 1},
@@ -124,50 +122,30 @@ inline std::vector<FormEntry> entriesOf(const FormLiteral& control) {
       {"", "TextFont", String("System")},
       {"", "HelpTag DataSource DataField Format CueText Mask", String()},
       {"", "TabStop Visible AutoDeactivate Enabled Border UseFocusRing", true},
+      {"", "MenuBarVisible CloseButton MinimizeButton", true},
       {"", "LockLeft LockTop LockRight LockBottom Value Multiline Bold Italic Underline", false},
       {"", "Default Cancel Password ReadOnly AcceptTabs", false},
-      {"", "TabPanelIndex ListIndex LimitText Alignment State", 0},
+      {"", "Composite HasBackColor FullScreen Resizeable LiveResize MaximizeButton", false},
+      {"", "TabPanelIndex ListIndex LimitText Alignment State Placement Frame MacProcID", 0},
+      {"", "MinWidth MinHeight", 64},
+      {"", "MaxWidth MaxHeight", 32000},
   };
+  const auto* const kind =
+      std::ranges::find_if(KeysOfKinds, [&](const auto& row) { return row.kind == literal.kind; });
+  std::vector<std::string_view> keys = words(kind->keys);
+  if (kind->kind != "Window") {
+    const std::vector<std::string_view> first = words(FirstKeys);
+    keys.insert(keys.begin(), first.begin(), first.end());
+  }
   std::vector<FormEntry> entries;
-  const auto add = [&](std::string_view keys) {
-    for (const std::string_view key : words(keys)) {
-      const auto fits = [&](const detail::Setting& row) {
-        return std::ranges::count(words(row.keys), key) != 0 &&
-               (row.control.empty() || row.control == control.name);
-      };
-      entries.push_back({key, std::ranges::find_if(settings, fits)->value});
-    }
-  };
-  add(detail::FirstKeys);
-  for (const auto& row : detail::KeysOfKinds) {
-    if (row.kind == control.kind) add(row.keys);
+  for (const std::string_view key : keys) {
+    const auto fits = [&](const auto& row) {
+      return (row.name.empty() || row.name == literal.name) &&
+             std::ranges::count(words(row.keys), key) != 0;
+    };
+    entries.push_back({key, std::ranges::find_if(settings, fits)->value});
   }
   return entries;
-}
-
-/// All settings of the window in the order of its stream.
-inline std::vector<FormEntry> windowEntries() {
-  return {{"Placement", 0},
-          {"Width", 350},
-          {"Height", 420},
-          {"MinWidth", 64},
-          {"MinHeight", 64},
-          {"MaxWidth", 32000},
-          {"MaxHeight", 32000},
-          {"Frame", 0},
-          {"Composite", false},
-          {"HasBackColor", false},
-          {"BackColor", Color{255, 255, 255}},
-          {"Title", String("Veldrin")},
-          {"Visible", true},
-          {"FullScreen", false},
-          {"MenuBarVisible", true},
-          {"CloseButton", true},
-          {"Resizeable", false},
-          {"LiveResize", false},
-          {"MaximizeButton", false},
-          {"MinimizeButton", true},
-          {"MacProcID", 0}};
 }
 
 }  // namespace veldrin::test
