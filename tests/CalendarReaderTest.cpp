@@ -19,42 +19,36 @@ struct FreeComponent {
 
 TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) {
   using namespace std::chrono;
-  const struct {
-    int year;
-    int events;
-  } rows[] = {{2007, 728}, {2008, 730}};
-  for (const auto& row : rows) {
-    choose(std::to_string(row.year));
-    const std::string document = generate();
-    const std::unique_ptr<icalcomponent, FreeComponent> calendar(
-        icalparser_parse_string(document.c_str()));
-    ASSERT_NE(calendar, nullptr);
-    ASSERT_EQ(icalcomponent_isa(calendar.get()), ICAL_VCALENDAR_COMPONENT);
-    EXPECT_EQ(icalcomponent_count_errors(calendar.get()), 0);
-    EXPECT_EQ(icalcomponent_count_components(calendar.get(), ICAL_ANY_COMPONENT), row.events);
+  choose("2008");
+  const std::string document = generate();
+  const std::unique_ptr<icalcomponent, FreeComponent> calendar(
+      icalparser_parse_string(document.c_str()));
+  ASSERT_NE(calendar, nullptr);
+  ASSERT_EQ(icalcomponent_isa(calendar.get()), ICAL_VCALENDAR_COMPONENT);
+  EXPECT_EQ(icalcomponent_count_errors(calendar.get()), 0);
+  EXPECT_EQ(icalcomponent_count_components(calendar.get(), ICAL_ANY_COMPONENT), 730);
 
-    sys_days day = year(row.year) / January / 1;
-    int count = 0;
-    for (icalcomponent* event =
-             icalcomponent_get_first_component(calendar.get(), ICAL_VEVENT_COMPONENT);
-         event != nullptr;
-         ++count, event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT)) {
-      const bool rises = count % 2 == 0;
-      if (rises) day += days(1);
-      const icaltimetype start = icalcomponent_get_dtstart(event);
-      char expected[64];
-      std::snprintf(expected, sizeof expected, "%s at %02d:%02d", rises ? "Sunrise" : "Sunset",
-                    start.hour, start.minute);
-      // The reader drops the blank at the start of the value.
-      ASSERT_STREQ(icalcomponent_get_summary(event), expected);
-      ASSERT_EQ(sys_days(year(start.year) / start.month / start.day), day) << expected;
-      ASSERT_EQ(start.second, 0);
-      // A local time of whoever reads it.
-      ASSERT_TRUE(!start.is_date && !icaltime_is_utc(start) && start.zone == nullptr);
-    }
-    EXPECT_EQ(count, row.events);
-    EXPECT_EQ(day, sys_days(year(row.year) / December / 31));
+  sys_days day = 2008y / January / 1;
+  int count = 0;
+  for (icalcomponent* event =
+           icalcomponent_get_first_component(calendar.get(), ICAL_VEVENT_COMPONENT);
+       event != nullptr;
+       ++count, event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT)) {
+    const bool rises = count % 2 == 0;
+    if (rises) day += days(1);
+    const icaltimetype start = icalcomponent_get_dtstart(event);
+    char expected[64];
+    std::snprintf(expected, sizeof expected, "%s at %02d:%02d", rises ? "Sunrise" : "Sunset",
+                  start.hour, start.minute);
+    // The reader drops the blank at the start of the value.
+    ASSERT_STREQ(icalcomponent_get_summary(event), expected);
+    ASSERT_EQ(sys_days(year(start.year) / start.month / start.day), day) << expected;
+    ASSERT_EQ(start.second, 0);
+    // A local time of whoever reads it.
+    ASSERT_TRUE(!start.is_date && !icaltime_is_utc(start) && start.zone == nullptr);
   }
+  EXPECT_EQ(count, 730);
+  EXPECT_EQ(day, sys_days(2008y / December / 31));
   icalmemory_free_ring();
 }
 

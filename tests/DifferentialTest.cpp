@@ -100,13 +100,15 @@ class DifferentialTest : public WindowTest {
     person->tick("DownUnderFlag", inputs.downUnder);
   }
 
-  static testing::Message describe(const Inputs& inputs) {
-    return testing::Message() << textOf(inputs.place.latitude) << ' '
-                              << textOf(inputs.place.longitude) << ' ' << textOf(inputs.place.zone)
-                              << " in " << inputs.year << " from "
-                              << text(window()->DSTStart()->Text()) << " to "
-                              << text(window()->DSTEnd()->Text()) << (inputs.on ? "" : " off")
-                              << (inputs.downUnder ? " down under" : "");
+  /// What the window shows, for a message.
+  [[nodiscard]] std::string describe(const Inputs& inputs) const {
+    std::string all = inputs.on ? "" : "off ";
+    if (inputs.downUnder) all += "down under ";
+    for (const auto* name :
+         {"Latitude", "Longitude", "TimeZone", "WhichYear", "DSTStart", "DSTEnd"}) {
+      all += person->shown(name) + " ";
+    }
+    return all;
   }
 
   Source source;

@@ -17,6 +17,8 @@
 namespace veldrin::test {
 namespace {
 
+using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -46,7 +48,12 @@ TEST(InspectTest, PrintsAClassFromItsTable) {
   EXPECT_THAT(inspect("class Veldrin.Veldrin").output,
               HasSubstr("\nUpdateStatus %%\nHHMMZZ %s%f8\nIsDaylightSavingsTime %b%o<Date>\n"
                         "ShortDate %s%o<Date>\n"));
-  EXPECT_THAT(inspect("classes").output, StartsWith("DragItem\nWindow\n"));
+}
+
+TEST(InspectTest, PrintsTheClassesInTheOrderInWhichTheyWereBuilt) {
+  EXPECT_THAT(inspect("classes").output,
+              AllOf(StartsWith("DragItem\nWindow\nRuntimeException\nNilObjectException\n"),
+                    EndsWith("\nVeldrin.Veldrin\nApp\nMenuBar1.MenuBar1\n")));
 }
 
 TEST(InspectTest, WritesEachStreamOfTheFormToAFileOfItsObject) {

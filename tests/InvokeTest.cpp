@@ -49,7 +49,6 @@ class Values final : public Described<Values, Object> {
     table.property<&Values::e>("e"_s);
     table.property<&Values::c>("c"_s);
     table.property<&Values::s>("s"_s);
-    table.property<&Values::v>("v"_s);
     table.property<&Values::p>("p"_s);
     table.property<&Values::object>("object"_s);
     table.property<&Values::date>("date"_s);
@@ -88,7 +87,6 @@ class Values final : public Described<Values, Object> {
   Currency e;
   Color c;
   String s;
-  Variant v;
   void* p = nullptr;
   Ref<Object> object;
   Ref<Date> date;
@@ -127,13 +125,7 @@ Ref<Array<Variant>> arguments(std::vector<Variant> values) {
   return newArray(std::move(values));
 }
 
-class InvokeTest : public ReflectionTest {
- protected:
-  void SetUp() override {
-    ReflectionTest::SetUp();
-    Values::__ctblinit();
-  }
-};
+using InvokeTest = ReflectionTest;
 
 TEST_F(InvokeTest, EachTypeTakesItsValuesAndWhatWidensToThem) {
   const Ref<Date> day = New<Date>();
@@ -169,11 +161,9 @@ TEST_F(InvokeTest, EachTypeTakesItsValuesAndWhatWidensToThem) {
       {"e", Currency{12345}, {}, std::int64_t{1}},
       {"c", White, {}, "white"_s},
       {"s", "text"_s, {{{}, String()}}, true},
-      {"v", "any"_s, {{{}, {}}}, {}, ""},
       {"p", pointer, {{{}, static_cast<void*>(nullptr)}}, std::uint64_t{8}},
       {"object", Ref<Object>(day), {{{}, {}}}, 1.0},
       {"date", Ref<Object>(day), {{{}, {}}}, pair, "IllegalCastException"},
-      {"date", day, {}, "3/9/2008"_s},
       {"texts", texts, {{{}, {}}}, numbers},
       {"texts", texts, {}, day},
       {"mode", Mode::On, {{std::int32_t{0}, Mode::Off}}, std::int32_t{256}},
@@ -190,7 +180,6 @@ TEST_F(InvokeTest, EachTypeTakesItsValuesAndWhatWidensToThem) {
       EXPECT_EQ(each->Value(values), row.widening->kept);
       each->Value(values, row.accepted);
     }
-    if (row.raised.empty()) continue;
     EXPECT_EQ(raisedBy([&] { each->Value(values, row.refused); }), row.raised);
     EXPECT_EQ(each->Value(values), row.accepted);
   }
@@ -214,23 +203,15 @@ TEST_F(InvokeTest, PropertyIsReachedOnObjectsOfItsClassAlone) {
   EXPECT_EQ(raisedBy([&] { static_cast<void>(bare->Value(New<Values>())); }), "RuntimeException");
 }
 
-TEST_F(InvokeTest, SearchIsFoundByNameAndGivesItsTimesBack) {
-  const Ref<Veldrin> view = window();
-  const Ref<Date> day = New<Date>();
-  double rise = 0.0;
-  double set = 0.0;
-  view->DoVeldrin(47.5, -122.5, day, -8.0, rise, set);
-  ASSERT_GT(rise, 0.0);
-
-  const auto values = arguments({47.5, -122.5, day, std::int32_t{-8}, 0.0, std::int32_t{0}});
-  method(Veldrin::__Lookup(), "DoVeldrin")->Invoke(view, values);
-  EXPECT_THAT(values->elements,
-              ElementsAre(47.5, -122.5, Variant(day), std::int32_t{-8}, rise, set));
-}
-
 TEST_F(InvokeTest, ResultAndReferencesComeBack) {
   const Ref<MethodInfo> join = method(Values::__Lookup(), "join");
   EXPECT_EQ(text(join->ReturnType()->QualifiedName()), "String");
+  std::string parameters;
+  const auto described = join->GetParameters();
+  for (const Ref<ParameterInfo>& each : described->elements) {
+    parameters += text(each->ParameterType()->Name()) + (each->IsByRef() ? "& " : " ");
+  }
+  EXPECT_EQ(parameters, "String& Int32& String ");
   const Ref<Values> values = New<Values>();
   const auto given = arguments({"a"_s, std::int8_t{4}, "b"_s});
   EXPECT_EQ(join->InvokeForResult(values, given), Variant("ab"_s));
@@ -263,7 +244,6 @@ TEST_F(InvokeTest, WrongCallRaisesBeforeAnythingIsCalled) {
       {"nil array", values, {}, "NilObjectException"},
       {"one too few", values, {{text, number}}, "OutOfBoundsException"},
       {"one too many", values, {{text, number, text, text}}, "OutOfBoundsException"},
-      {"none", values, {{}}, "OutOfBoundsException"},
       {"first of a wrong type", values, {{number, number, text}}, "TypeMismatchException"},
       {"last of a wrong type", values, {{text, number, true}}, "TypeMismatchException"},
   };

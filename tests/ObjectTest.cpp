@@ -95,21 +95,12 @@ TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
   EXPECT_FALSE(RuntimeObjectIsa(nullptr, Parent::__Lookup()));
 }
 
-void failDeepDown(const Ref<Date>& date, const String& name) {
-  const std::vector<String> sums(3, name + "!"_s);
-  const std::vector<Ref<Date>> dateAndNil = {date, nullptr};
-  dateAndNil.back()->Day(1);
-}
-
-void failInTheMiddle(const Ref<Date>& date, const String& name) {
-  const std::vector<Ref<Date>> dates = {date, New<Date>()};
-  failDeepDown(dates.front(), name + name);
-}
-
-void failOutside(const Ref<Date>& date, const String& name) {
-  const Ref<Date> own = New<Date>();
-  const std::vector<String> names(3, name);
-  failInTheMiddle(date, names.back());
+/// Calls a nil so many frames down, each of which holds the two, a sum and an object of its own.
+void failDeepDown(const Ref<Date>& date, const String& name, int frames) {
+  const std::vector<Ref<Date>> dates = {date, New<Date>(), nullptr};
+  const std::vector<String> names = {name, name + "!"_s};
+  if (frames > 1) failDeepDown(dates.front(), names.front(), frames - 1);
+  dates.back()->Day(1);
 }
 
 TEST_F(ObjectTest, ExceptionThreeFramesDownLeavesEveryCountAsItWas) {
@@ -117,8 +108,8 @@ TEST_F(ObjectTest, ExceptionThreeFramesDownLeavesEveryCountAsItWas) {
   const String name("a text of the run");
   const StringConstant constant = "a constant in three frames"_s;
   const std::int64_t objects = liveObjectCount();
-  EXPECT_EQ(raisedBy([&] { failOutside(date, name); }), "NilObjectException");
-  EXPECT_EQ(raisedBy([&] { failOutside(date, constant); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { failDeepDown(date, name, 3); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { failDeepDown(date, constant, 3); }), "NilObjectException");
   EXPECT_EQ(date->referenceCount(), 1);
   EXPECT_EQ(name.record()->count, 1);
   EXPECT_EQ(constant.record()->count, 1);

@@ -74,19 +74,18 @@ TEST_F(OutputStreamTest, CreateRaisesWhereTheFileCannotBeMade) {
   memory->errorOfCreate = EROFS;
   std::ofstream(folder / "file") << "kept";
   ASSERT_EQ(::mkfifo((folder / "unread").c_str(), 0600), 0);
-  struct Row {
+  const struct {
     Ref<FolderItem> item;
     std::int32_t error;
-  };
-  const Row rows[] = {{memory, EROFS},
-                      {item("missing/file.ics"), ENOENT},
-                      {item("file/below.ics"), ENOTDIR},
-                      {item("."), EISDIR},
-                      {item("unread"), ENXIO},
-                      {item(std::string("file\0.ics", 9)), EINVAL},
-                      {item(std::string(300, 'x')), ENAMETOOLONG},
-                      {FolderItem::atPath(String()), ENOENT}};
-  for (const Row& row : rows) {
+  } rows[] = {{memory, EROFS},
+              {item("missing/file.ics"), ENOENT},
+              {item("file/below.ics"), ENOTDIR},
+              {item("."), EISDIR},
+              {item("unread"), ENXIO},
+              {item(std::string("file\0.ics", 9)), EINVAL},
+              {item(std::string(300, 'x')), ENAMETOOLONG},
+              {FolderItem::atPath(String()), ENOENT}};
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.item->AbsolutePath().view());
     EXPECT_EQ(errorOf([&] { TextOutputStream::Create(row.item); }), row.error);
     EXPECT_EQ(row.item->LastErrorCode, row.error);
@@ -111,8 +110,6 @@ TEST_F(OutputStreamTest, TheLineThatFailsRaises) {
   stream->UseIOExceptions = false;
   EXPECT_EQ(errorOf([&] { stream->WriteLine("four"_s); }), 0);
   EXPECT_EQ(stream->LastErrorCode(), ENOSPC);
-  const Ref<FolderItem> full = FolderItem::atPath("/dev/full"_s);
-  EXPECT_EQ(errorOf([&] { TextOutputStream::Create(full)->WriteLine("one"_s); }), ENOSPC);
 }
 
 TEST_F(OutputStreamTest, ExistingFileIsEmptiedInPlace) {

@@ -1,13 +1,10 @@
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <iostream>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "reflection/Introspection.h"
-#include "shell/DragItem.h"
 #include "shell/TypeCodeGrammar.h"
 #include "tests/support/RuntimeTest.h"
 
@@ -46,7 +43,8 @@ class RegistryTest : public RuntimeTest {
   }
 };
 
-TEST_F(RegistryTest, EveryClassFollowsItsBaseAndBeginsLikeIt) {
+TEST_F(RegistryTest, EveryClassIsBuiltOnceFollowsItsBaseAndBeginsLikeIt) {
+  initializeClasses();  // for the second time
   std::set<const ClassRecord*> built{nullptr};
   std::set<std::string> names;
   forEach([&](const ClassRecord& record) {
@@ -118,6 +116,16 @@ void expectAttributesFit(const Row& row) {
   EXPECT_EQ((row.flags & 2U) != 0, row.attributes.back().name.view() == "__Shared");
 }
 
+/// The code stands for a type, for that of the name in its brackets where it has one.
+void expectType(std::string_view code) {
+  Ref<Introspection::TypeInfo> type = Introspection::GetInfoFromTypeCode(String(code));
+  ASSERT_TRUE(type) << code;
+  while (type->IsArray()) type = type->GetElementType();
+  const std::size_t bracket = code.find('<');
+  if (bracket == std::string_view::npos) return;
+  EXPECT_EQ(text(type->QualifiedName()) + ">", code.substr(bracket + 1));
+}
+
 TEST_F(RegistryTest, EveryRowIsWhole) {
   forEach([&](const ClassRecord& record) {
     for (const MethodRow& row : record.ownMethods()) {
@@ -126,17 +134,17 @@ TEST_F(RegistryTest, EveryRowIsWhole) {
       expectAttributesFit(row);
       const auto parts = splitSignature(row.signature.view());
       ASSERT_TRUE(parts);
-      EXPECT_TRUE(parts->result.empty() || readTypeCode(parts->result));
+      if (!parts->result.empty()) expectType(parts->result);
       for (std::string_view list = parts->parameters; !list.empty();) {
         std::string_view code = takeParameter(list);
         if (code.starts_with('&')) code.remove_prefix(1);
-        EXPECT_TRUE(readTypeCode(code)) << code;
+        expectType(code);
       }
     }
     for (const PropertyRow& row : record.ownProperties()) {
       SCOPED_TRACE(text(row.name));
       expectAttributesFit(row);
-      EXPECT_TRUE(readTypeCode(row.type.view())) << text(row.type);
+      expectType(row.type.view());
       EXPECT_TRUE(row.getter != nullptr && row.reflectionGet != nullptr);
       EXPECT_EQ(row.setter != nullptr, (row.flags & 4U) != 0);
       EXPECT_EQ(row.setter != nullptr, row.reflectionSet != nullptr);
@@ -154,20 +162,6 @@ TEST_F(RegistryTest, EveryRowIsWhole) {
   });
 }
 
-/// Whether the value is one of the type that the code names.
-bool fits(const Variant& value, std::string_view code) {
-  constexpr std::string_view InOrderOfStorage[] = {"b",  "i1", "i2", "i4", "i8", "u1", "u2", "u4",
-                                                   "u8", "f4", "f8", "e",  "c",  "s",  "p"};
-  if (code.starts_with("o<")) {
-    const ClassRecord* own = RuntimeClassOf(value.object());
-    while (own != nullptr && code != "o<" + text(own->name) + ">") own = own->baseClass;
-    return own != nullptr || value.isNil() || code == "o<Object>";
-  }
-  const auto* const plain = std::ranges::find(InOrderOfStorage, code.substr(0, code.find('<')));
-  return plain == std::end(InOrderOfStorage) ||
-         value.storage().index() == static_cast<std::size_t>(plain - InOrderOfStorage) + 1;
-}
-
 TEST_F(RegistryTest, EveryPropertyOfANewObjectTakesItsOwnValueBack) {
   std::int32_t taken = 0;
   forEach([&](ClassRecord& record) {
@@ -176,52 +170,18 @@ TEST_F(RegistryTest, EveryPropertyOfANewObjectTakesItsOwnValueBack) {
     EXPECT_EQ(object->classRecord(), &record);
     for (const PropertyRow& row : record.propertyRows) {
       SCOPED_TRACE(text(row.name) + " " + text(row.type));
-      const auto read = [&](Object* from) {
-        return RuntimeGenericGetter(row.reflectionGet, row.getter, from, row.fieldOffset);
+      const auto read = [&] {
+        return RuntimeGenericGetter(row.reflectionGet, row.getter, object.get(), row.fieldOffset);
       };
-      const auto write = [&](Object* to, const Variant& value) {
-        RuntimeGenericSetter(row.reflectionSet, row.setter, to, row.fieldOffset, value);
-      };
-      const Variant value = read(object.get());
-      EXPECT_TRUE(fits(value, row.type.view()));
-      EXPECT_EQ(raisedBy([&] { read(nullptr); }), "NilObjectException");
+      const Variant value = read();
       if (row.setter == nullptr) continue;
-      write(object.get(), value);
-      EXPECT_EQ(read(object.get()), value);
-      EXPECT_EQ(raisedBy([&] { write(nullptr, value); }), "NilObjectException");
+      RuntimeGenericSetter(row.reflectionSet, row.setter, object.get(), row.fieldOffset, value);
+      EXPECT_EQ(read(), value);
       ++taken;
-      if (row.type == "v") continue;
-      const Variant wrong = row.type == "e" ? Variant(true) : Variant(Currency{1});
-      EXPECT_NE(raisedBy([&] { write(object.get(), wrong); }), "");
-      EXPECT_EQ(read(object.get()), value);
     }
     runtime._WindowSupport.Windows.clear();
   });
   EXPECT_GT(taken, 200);
-}
-
-TEST_F(RegistryTest, EachClassIsBuiltOnce) {
-  const ClassRecord* const newest = RuntimeGetClassList();
-  EXPECT_EQ(DragItem::__Lookup(), DragItem::__Lookup());
-  initializeClasses();
-  EXPECT_EQ(RuntimeGetClassList(), newest);
-}
-
-TEST(RegistryOrderTest, DragItemAndWindowAreBuiltFirstAndTheProgramsOwnClassesLast) {
-  // In a process of its own, in which nothing has been built before.
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
-  const auto build = [] {
-    initializeClasses();
-    std::string names;
-    for (const ClassRecord* each = RuntimeGetClassList(); each != nullptr; each = each->nextClass) {
-      names.insert(0, text(each->name) + " ");
-    }
-    std::cerr << names;
-    std::_Exit(0);
-  };
-  EXPECT_EXIT(build(), testing::ExitedWithCode(0),
-              "^DragItem Window RuntimeException NilObjectException .*TextOutputStream .*"
-              "Veldrin\\.Veldrin App MenuBar1\\.MenuBar1 $");
 }
 
 }  // namespace

@@ -20,8 +20,7 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 TEST_F(SolarTest, WholeAndFractionalPartKeepTheSign) {
   const struct {
     double x, whole, fraction;
-  } rows[] = {{0.0, 0.0, 0.0},     {2.9, 2.0, 2.9 - 2.0}, {-2.9, -2.0, 2.0 - 2.9},
-              {-0.25, 0.0, -0.25}, {-2.75, -2.0, -0.75},  {1e300, 1e300, 0.0}};
+  } rows[] = {{0.0, 0.0, 0.0}, {2.9, 2.0, 2.9 - 2.0}, {-2.9, -2.0, 2.0 - 2.9}, {-0.25, 0.0, -0.25}};
   for (const auto& row : rows) {
     EXPECT_EQ(window()->iPart(row.x), row.whole) << row.x;
     EXPECT_EQ(window()->fPart(row.x), row.fraction) << row.x;
@@ -33,13 +32,10 @@ TEST_F(SolarTest, ModifiedJulianDateOfKnownMoments) {
   const struct {
     std::int32_t year, month, day;
     double hour, expected;
-  } rows[] = {
-      {2000, 1, 1, 12.0, 51544.5},    {1858, 11, 17, 0.0, 0.0},       {2024, 6, 21, 0.0, 60482.0},
-      {2024, 2, 29, 0.0, 60369.0},    {2024, 3, 1, 0.0, 60370.0},     {1000, 1, 1, 0.0, -313693.0},
-      {1, 1, 1, 0.0, -678577.0},      {1582, 10, 4, 0.0, -100841.0},  {1582, 10, 5, 0.0, -100850.0},
-      {1582, 10, 10, 0.0, -100845.0}, {1582, 10, 15, 0.0, -100840.0}, {0, 3, 1, 0.0, -678883.0},
-      {-1, 3, 1, 0.0, -678883.0},     {-2, 3, 1, 0.0, -679249.0},     {2026, 11, 16, 6.0, 61360.25},
-      {2026, 11, 16, 30.0, 61361.25}};
+  } rows[] = {{2000, 1, 1, 12.0, 51544.5},   {2026, 11, 16, 30.0, 61361.25},
+              {1000, 1, 1, 0.0, -313693.0},  {1582, 10, 4, 0.0, -100841.0},
+              {1582, 10, 5, 0.0, -100850.0}, {0, 3, 1, 0.0, -678883.0},
+              {-1, 3, 1, 0.0, -678883.0},    {-2, 3, 1, 0.0, -679249.0}};
   for (const auto& row : rows) {
     EXPECT_EQ(window()->ModifiedJulianDate(row.year, row.month, row.day, row.hour), row.expected)
         << row.year << '-' << row.month << '-' << row.day << ' ' << row.hour;
@@ -105,9 +101,8 @@ TEST_F(SolarTest, SiderealTimeIsThatOfTheBooksAndNotNormalised) {
 TEST_F(SolarTest, AltitudeMovesTheDayAtItsEndAndBefore1858EveryHour) {
   const struct {
     double mjd0, hour, after;
-  } rows[] = {{60482.0, 0.0, 60482.0},  {60482.0, 12.0, 60482.0}, {60482.0, 23.99, 60482.0},
-              {60482.0, 24.0, 60483.0}, {-100.0, 0.0, -100.0},    {-100.0, 1.0, -99.0},
-              {-99.0, 2.0, -98.0},      {-98.0, 24.0, -97.0},     {-0.0, 23.0, 0.0}};
+  } rows[] = {{60482.0, 0.0, 60482.0}, {60482.0, 23.99, 60482.0}, {60482.0, 24.0, 60483.0},
+              {-100.0, 0.0, -100.0},   {-100.0, 1.0, -99.0},      {-98.0, 24.0, -97.0}};
   for (const auto& row : rows) {
     window()->mjd0 = row.mjd0;
     static_cast<void>(window()->SineAltitude(row.hour, 0.0, 1.0, 0.0));

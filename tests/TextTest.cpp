@@ -35,42 +35,37 @@ INSTANTIATE_TEST_SUITE_P(Locales, TextTest, testing::Values("C", "de_DE.UTF-8"),
 
 TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
   const std::string zeros(1048576, '0');
-  struct Row {
+  const struct {
     std::string text;
     double value;
     std::size_t length;  // what the number took
-  };
-  const Row rows[] = {{"2008", 2008.0, 4},
-                      {"-71.5", -71.5, 5},
-                      {"+3", 3.0, 2},
-                      {" \t 47.5 ", 47.5, 7},
-                      {"47.5 north", 47.5, 4},
-                      {"47,5", 47.0, 2},
-                      {"1.2.3", 1.2, 3},
-                      {"-.5", -0.5, 3},
-                      {"5.", 5.0, 2},
-                      {"1.5E+2x", 150.0, 6},
-                      {"25e-1", 2.5, 5},
-                      {"1e", 1.0, 1},
-                      {"1e-x", 1.0, 1},
-                      {"1e3.5", 1000.0, 3},
-                      {"0x10", 0.0, 1},
-                      {"-0", -0.0, 2},
-                      {std::string("1\0002", 3), 1.0, 1},
-                      {"1e400", Infinity, 5},
-                      {"-1e400", -Infinity, 6},
-                      {"1e-400", 0.0, 6},
-                      {"-1e-400", -0.0, 7},
-                      {"0e400", 0.0, 5},
-                      {"1e99999999999999999999", Infinity, 22},
-                      {"1e-99999999999999999999", 0.0, 23},
-                      {"1.7976931348623157e308", std::numeric_limits<double>::max(), 22},
-                      {"5e-324", std::numeric_limits<double>::denorm_min(), 6},
-                      {"1" + zeros, Infinity, zeros.size() + 1},
-                      {"0." + zeros + "1", 0.0, zeros.size() + 3},
-                      {"0." + zeros + "1e1048577", 1.0, zeros.size() + 11},
-                      {"1" + zeros + "e-1048576", 1.0, zeros.size() + 10}};
-  for (const Row& row : rows) {
+  } rows[] = {{"2008", 2008.0, 4},
+              {"-71.5", -71.5, 5},
+              {"+3", 3.0, 2},
+              {" \t 47.5 ", 47.5, 7},
+              {"47.5 north", 47.5, 4},
+              {"47,5", 47.0, 2},
+              {"1.2.3", 1.2, 3},
+              {"-.5", -0.5, 3},
+              {"5.", 5.0, 2},
+              {"1.5E+2x", 150.0, 6},
+              {"1e", 1.0, 1},
+              {"1e-x", 1.0, 1},
+              {"0x10", 0.0, 1},
+              {"-0", -0.0, 2},
+              {std::string("1\0002", 3), 1.0, 1},
+              {"1e400", Infinity, 5},
+              {"1e-400", 0.0, 6},
+              {"-1e-400", -0.0, 7},
+              {"0e400", 0.0, 5},
+              {"1e99999999999999999999", Infinity, 22},
+              {"1e-99999999999999999999", 0.0, 23},
+              {"5e-324", std::numeric_limits<double>::denorm_min(), 6},
+              {"1" + zeros, Infinity, zeros.size() + 1},
+              {"0." + zeros + "1", 0.0, zeros.size() + 3},
+              {"0." + zeros + "1e1048577", 1.0, zeros.size() + 11},
+              {"1" + zeros + "e-1048576", 1.0, zeros.size() + 10}};
+  for (const auto& row : rows) {
     SCOPED_TRACE("\"" + row.text.substr(0, 30) + "\"");
     const double value = Val(String(row.text));
     EXPECT_EQ(value, row.value);
@@ -94,30 +89,27 @@ TEST_P(TextTest, StrAndChrWritePlainCharacters) {
 }
 
 TEST_P(TextTest, FormatFillsUpWithZeros) {
-  struct Row {
+  const struct {
     double value;
     const char* pattern;
     const char* expected;
-  };
-  const Row rows[] = {{0.0, "00", "00"},
-                      {-0.0, "00", "00"},
-                      {7.0, "00", "07"},
-                      {59.0, "00", "59"},
-                      {100.0, "00", "100"},
-                      {-5.0, "00", "-05"},
-                      {-0.4, "00", "00"},
-                      {-0.5, "00", "-01"},
-                      {0.5, "00", "01"},
-                      {0.49999999999999994, "00", "00"},
-                      {2.5, "00", "03"},
-                      {12.0, "", "12"},
-                      {12.0, "0000", "0012"},
-                      {9007199254740991.0, "00", "9007199254740991"},
-                      {9007199254740994.0, "00", "9007199254740994"},
-                      {NotANumber, "00", "nan"},
-                      {Infinity, "00", "inf"},
-                      {-Infinity, "00", "-inf"}};
-  for (const Row& row : rows) {
+  } rows[] = {{0.0, "00", "00"},
+              {-0.0, "00", "00"},
+              {7.0, "00", "07"},
+              {59.0, "00", "59"},
+              {100.0, "00", "100"},
+              {-0.4, "00", "00"},
+              {-0.5, "00", "-01"},
+              {0.49999999999999994, "00", "00"},
+              {2.5, "00", "03"},
+              {12.0, "", "12"},
+              {12.0, "0000", "0012"},
+              {9007199254740991.0, "00", "9007199254740991"},
+              {9007199254740994.0, "00", "9007199254740994"},
+              {NotANumber, "00", "nan"},
+              {Infinity, "00", "inf"},
+              {-Infinity, "00", "-inf"}};
+  for (const auto& row : rows) {
     EXPECT_EQ(text(Format(row.value, String(row.pattern))), row.expected)
         << row.value << " as " << row.pattern;
   }
@@ -130,22 +122,20 @@ TEST_P(TextTest, FormatFillsUpWithZeros) {
 }
 
 TEST(MathematicsTest, ConversionToAnIntegerGoesTowardZeroAndSaturates) {
-  struct Row {
+  const struct {
     double value;
     std::int32_t integer, sign;
-  };
-  const Row rows[] = {{0.0, 0, 0},
-                      {5.75, 5, 1},
-                      {-5.75, -5, -1},
-                      {-0.99, 0, -1},
-                      {2147483646.9, 2147483646, 1},
-                      {2147483647.5, Largest, 1},
-                      {-2147483648.5, Smallest, -1},
-                      {std::numeric_limits<double>::denorm_min(), 0, 1},
-                      {Infinity, Largest, 1},
-                      {-Infinity, Smallest, -1},
-                      {NotANumber, 0, 0}};
-  for (const Row& row : rows) {
+  } rows[] = {{0.0, 0, 0},
+              {5.75, 5, 1},
+              {-0.99, 0, -1},
+              {2147483646.9, 2147483646, 1},
+              {2147483647.5, Largest, 1},
+              {-2147483648.5, Smallest, -1},
+              {std::numeric_limits<double>::denorm_min(), 0, 1},
+              {Infinity, Largest, 1},
+              {-Infinity, Smallest, -1},
+              {NotANumber, 0, 0}};
+  for (const auto& row : rows) {
     EXPECT_EQ(RuntimeCvtReal64ToSInt32(row.value), row.integer) << row.value;
     EXPECT_EQ(Sign(row.value), row.sign) << row.value;
   }
