@@ -83,7 +83,7 @@ std::unique_ptr<WritableFile> FolderItem::create() {
     LastErrorCode = EINVAL;
     return nullptr;
   }
-  // A pipe that nobody reads would hold the program up, and with it the window, until somebody does.
+  // A pipe that nobody reads would hold the window up until somebody does.
   constexpr int AtOnce = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   int descriptor = -1;
   do {
