@@ -43,9 +43,6 @@ class FormTest(ScreenTest):
         told = []
         for control in self.controls():
             x, y, width, height = control.place
-            # A check box tells the width of its text, not of all that can be pressed.
-            if control.role == BOX and 0 < width <= 178:
-                width = 178
             told.append((control.role, control.name, (x - left, y - top, width, height)))
         status = self.status()
         self.assertRegex(status, r"^\d+/\d+/\d{4}\nSunrise = \d\d:\d\d\nSunset = \d\d:\d\d$")

@@ -3,12 +3,12 @@
 #include <QStyleOptionButton>
 #include <utility>
 
-#include "toolkits/qt/QtText.h"
-
 namespace veldrin {
 
 QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
-    : QCheckBox(plainCaption(box->Caption), &parent), box_(std::move(box)) {
+    : QCheckBox(&parent), box_(std::move(box)) {
+  // In the constructor of the base a screen reader would be told of a box that is not this one yet.
+  setText(plainCaption(box_->Caption));
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
     if (ticked == box_->Value()) return;  // the program's own change, come back

@@ -4,10 +4,11 @@
 
 #include "shell/CheckBox.h"
 #include "toolkits/qt/QtControl.h"
+#include "toolkits/qt/QtText.h"
 
 namespace veldrin {
 
-/// A check box with its caption.
+/// A check box with its caption, which is pressed anywhere in its place.
 class QtTickBox final : public QCheckBox, public QtControl {
  public:
   QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent);
@@ -15,6 +16,14 @@ class QtTickBox final : public QCheckBox, public QtControl {
   QWidget& widget() override { return *this; }
   void follow() override { setChecked(box_->Value()); }
   [[nodiscard]] bool fits(const QFont& font) const override;
+
+  /// The caption as it is said.
+  [[nodiscard]] QString spokenName() const { return toQt(box_->Caption); }
+
+ protected:
+  [[nodiscard]] bool hitButton(const QPoint& place) const override {
+    return rect().contains(place);
+  }
 
  private:
   Ref<CheckBox> box_;

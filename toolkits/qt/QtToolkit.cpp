@@ -1,5 +1,6 @@
 #include "toolkits/qt/QtToolkit.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QIcon>
 #include <QSettings>
@@ -11,6 +12,7 @@
 #include "shell/Failure.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
+#include "toolkits/qt/SpokenTickBox.h"
 
 namespace veldrin {
 namespace {
@@ -40,6 +42,7 @@ QtToolkit::Application::Application(const NoDisplay& /*watch*/)
   setDesktopFileName("org.veldrin.Veldrin");
   setWindowIcon(iconOfTheProgram());
   setQuitOnLastWindowClosed(false);
+  QAccessible::installFactory(&spokenTickBox);
   // Qt's save dialog would keep a file of its own about where it was; this program keeps nothing.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
