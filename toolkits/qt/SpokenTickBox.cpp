@@ -10,12 +10,12 @@ namespace {
 class SpokenTickBox final : public QAccessibleWidget {
  public:
   explicit SpokenTickBox(QtTickBox& box)
-      : QAccessibleWidget(&box, QAccessible::CheckBox, box.spokenName()), box_(box) {}
+      : QAccessibleWidget(&box, QAccessible::CheckBox, box.spokenName()) {}
 
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state = QAccessibleWidget::state();
     state.checkable = true;
-    state.checked = box_.isChecked();
+    state.checked = box() != nullptr && box()->isChecked();
     return state;
   }
 
@@ -25,11 +25,12 @@ class SpokenTickBox final : public QAccessibleWidget {
 
   void doAction(const QString& name) override {
     if (name != toggleAction()) return QAccessibleWidget::doAction(name);
-    if (box_.isEnabled()) box_.click();
+    if (box() != nullptr && box()->isEnabled()) box()->click();
   }
 
  private:
-  QtTickBox& box_;  ///< the widget of this object, which goes after it
+  /// Nil while the widget is being taken down.
+  [[nodiscard]] QCheckBox* box() const { return qobject_cast<QCheckBox*>(widget()); }
 };
 
 }  // namespace
