@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "apps/VeldrinParts.h"
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 #include "ui/FormStreams.h"
 
 namespace veldrin {

@@ -11,7 +11,7 @@
 #include "daystatus/Veldrin.h"
 #include "reflection/ClassInfo.h"
 #include "reflection/MethodInfo.h"
-#include "shell/NewArray.h"
+#include "shell/objects/NewArray.h"
 #include "ui/FormStreams.h"
 #include "ui/PropertyStream.h"
 

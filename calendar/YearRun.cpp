@@ -1,11 +1,11 @@
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
 #include "shell/Dialogs.h"
-#include "shell/Failure.h"
 #include "shell/Mathematics.h"
 #include "shell/Runtime.h"
 #include "shell/Text.h"
 #include "shell/TextOutputStream.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

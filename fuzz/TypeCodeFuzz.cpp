@@ -9,8 +9,8 @@
 #include "reflection/NewInfo.h"
 #include "reflection/ReflectionClasses.h"
 #include "shell/Classes.h"
-#include "shell/Failure.h"
-#include "shell/TypeCodeGrammar.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/TypeCodeGrammar.h"
 
 // Feeds any bytes as a type code, as a list of parameters and as a signature. A fault is a crash, a
 // loop, a report of a sanitizer, or one of the rules below broken.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reflection/TypeInfo.h"
-#include "shell/Dictionary.h"
+#include "shell/objects/Dictionary.h"
 
 namespace veldrin::Introspection {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "shell/Described.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin::Introspection {
 

@@ -1,6 +1,6 @@
 #include "reflection/ConstructorInfo.h"
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin::Introspection {
 

@@ -9,7 +9,7 @@
 #include "reflection/PointerTypeInfo.h"
 #include "reflection/StructureInfo.h"
 #include "reflection/VariantInfo.h"
-#include "shell/TypeCodeGrammar.h"
+#include "shell/objects/TypeCodeGrammar.h"
 
 namespace veldrin::Introspection {
 namespace {

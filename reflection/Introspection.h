@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reflection/TypeInfo.h"
-#include "shell/Dictionary.h"
+#include "shell/objects/Dictionary.h"
 
 /// Descriptions of classes, types and members at run time, read from the class tables and the type
 /// codes in them. The program's own logic asks for none of it.

@@ -1,8 +1,8 @@
 #include "reflection/MemberInfo.h"
 
 #include "reflection/NewInfo.h"
-#include "shell/Failure.h"
-#include "shell/NewArray.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/NewArray.h"
 
 namespace veldrin::Introspection {
 

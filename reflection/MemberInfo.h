@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "reflection/AttributeInfo.h"
-#include "shell/Array.h"
+#include "shell/objects/Array.h"
 
 namespace veldrin::Introspection {
 

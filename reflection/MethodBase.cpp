@@ -1,8 +1,8 @@
 #include "reflection/MethodBase.h"
 
 #include "reflection/NewInfo.h"
-#include "shell/NewArray.h"
-#include "shell/TypeCodeGrammar.h"
+#include "shell/objects/NewArray.h"
+#include "shell/objects/TypeCodeGrammar.h"
 
 namespace veldrin::Introspection {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 namespace veldrin::Introspection {
 

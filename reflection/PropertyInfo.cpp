@@ -1,7 +1,7 @@
 #include "reflection/PropertyInfo.h"
 
 #include "reflection/Introspection.h"
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin::Introspection {
 

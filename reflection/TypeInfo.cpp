@@ -3,7 +3,7 @@
 #include "reflection/ConstructorInfo.h"
 #include "reflection/MethodInfo.h"
 #include "reflection/PropertyInfo.h"
-#include "shell/NewArray.h"
+#include "shell/objects/NewArray.h"
 
 namespace veldrin::Introspection {
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "shell/Delegate.h"
-#include "shell/Described.h"
-#include "shell/Failure.h"
 #include "shell/MenuItem.h"
+#include "shell/objects/Delegate.h"
+#include "shell/objects/Described.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

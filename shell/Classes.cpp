@@ -3,7 +3,6 @@
 #include "shell/Application.h"
 #include "shell/CheckBox.h"
 #include "shell/Date.h"
-#include "shell/Dictionary.h"
 #include "shell/DragItem.h"
 #include "shell/FileType.h"
 #include "shell/FolderItem.h"
@@ -15,6 +14,7 @@
 #include "shell/TextField.h"
 #include "shell/TextOutputStream.h"
 #include "shell/Window.h"
+#include "shell/objects/Dictionary.h"
 
 namespace veldrin {
 

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "shell/Failure.h"
 #include "shell/PaneChild.h"
 #include "shell/Runtime.h"
 #include "shell/Window.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "shell/Civil.h"
-#include "shell/Described.h"
 #include "shell/Host.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin {
 

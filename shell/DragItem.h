@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/Described.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin {
 

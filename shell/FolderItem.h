@@ -4,7 +4,7 @@
 #include <memory>
 #include <string_view>
 
-#include "shell/Described.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

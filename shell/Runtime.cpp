@@ -3,8 +3,8 @@
 #include <cassert>
 #include <csignal>
 
-#include "shell/Stack.h"
 #include "shell/Window.h"
+#include "shell/objects/Stack.h"
 
 namespace veldrin {
 

@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "shell/Application.h"
-#include "shell/Dictionary.h"
 #include "shell/FileType.h"
 #include "shell/Host.h"
 #include "shell/Toolkit.h"
+#include "shell/objects/Dictionary.h"
 
 namespace veldrin {
 

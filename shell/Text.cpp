@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

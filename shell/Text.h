@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

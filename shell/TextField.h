@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/Color.h"
 #include "shell/RectControl.h"
 #include "shell/TextStyle.h"
+#include "shell/objects/Color.h"
 
 namespace veldrin {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "shell/Described.h"
 #include "shell/FolderItem.h"
 #include "shell/Writeable.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin {
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "shell/ClassTable.h"
-#include "shell/String.h"
+#include "shell/objects/ClassTable.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

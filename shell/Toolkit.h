@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/Ref.h"
-#include "shell/String.h"
+#include "shell/objects/Ref.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/NewArray.h"
 #include "shell/Runtime.h"
+#include "shell/objects/NewArray.h"
 
 namespace veldrin {
 

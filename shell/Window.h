@@ -2,12 +2,12 @@
 
 #include <vector>
 
-#include "shell/Color.h"
 #include "shell/Control.h"
-#include "shell/Delegate.h"
-#include "shell/Described.h"
-#include "shell/Dictionary.h"
 #include "shell/MenuItem.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/Delegate.h"
+#include "shell/objects/Described.h"
+#include "shell/objects/Dictionary.h"
 
 namespace veldrin {
 

@@ -11,7 +11,7 @@
 #include "reflection/MethodInfo.h"
 #include "reflection/NewInfo.h"
 #include "reflection/PropertyInfo.h"
-#include "shell/NewArray.h"
+#include "shell/objects/NewArray.h"
 #include "tests/support/ReflectionTest.h"
 
 namespace veldrin {

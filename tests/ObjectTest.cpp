@@ -1,4 +1,4 @@
-#include "shell/Object.h"
+#include "shell/objects/Object.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -14,8 +14,8 @@
 #include "reflection/NewInfo.h"
 #include "reflection/PropertyInfo.h"
 #include "reflection/StructureInfo.h"
-#include "shell/NewArray.h"
 #include "shell/Writeable.h"
+#include "shell/objects/NewArray.h"
 #include "tests/support/ReflectionTest.h"
 
 namespace veldrin::test {

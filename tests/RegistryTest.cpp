@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "reflection/Introspection.h"
-#include "shell/TypeCodeGrammar.h"
+#include "shell/objects/TypeCodeGrammar.h"
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {

@@ -1,4 +1,4 @@
-#include "shell/StringImage.h"
+#include "shell/objects/StringImage.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

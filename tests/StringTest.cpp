@@ -1,4 +1,4 @@
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "shell/TypeCodeGrammar.h"
+#include "shell/objects/TypeCodeGrammar.h"
 
 #include <gmock/gmock.h>
 

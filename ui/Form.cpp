@@ -1,5 +1,5 @@
 #include "daystatus/Veldrin.h"
-#include "shell/Delegate.h"
+#include "shell/objects/Delegate.h"
 #include "ui/FormStreams.h"
 #include "ui/FormTable.h"
 #include "ui/MenuBar1.h"

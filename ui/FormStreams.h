@@ -6,8 +6,8 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/Color.h"
-#include "shell/String.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/String.h"
 #include "ui/FormTable.h"
 
 namespace veldrin {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

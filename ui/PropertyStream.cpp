@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/Color.h"
 #include "shell/Control.h"
-#include "shell/Failure.h"
-#include "shell/PropertyAccess.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/PropertyAccess.h"
 
 namespace veldrin {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 namespace veldrin {
 

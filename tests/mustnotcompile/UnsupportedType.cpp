@@ -1,4 +1,4 @@
-#include "shell/Described.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin::test {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 namespace veldrin::test {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/Color.h"
-#include "shell/Variant.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/Variant.h"
 
 namespace veldrin::test {
 

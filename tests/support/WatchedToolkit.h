@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "shell/Failure.h"
 #include "shell/FolderItem.h"
+#include "shell/objects/Failure.h"
 #include "tests/support/Person.h"
 
 namespace veldrin::test {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

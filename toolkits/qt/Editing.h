@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QPointer>
 
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

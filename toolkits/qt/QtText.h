@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

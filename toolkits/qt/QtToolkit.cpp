@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <system_error>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
 #include "toolkits/qt/SpokenTickBox.h"

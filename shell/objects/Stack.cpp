@@ -1,4 +1,4 @@
-#include "shell/Stack.h"
+#include "shell/objects/Stack.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <utility>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

@@ -5,8 +5,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "shell/ClassRecord.h"
-#include "shell/TypeCode.h"
+#include "shell/objects/ClassRecord.h"
+#include "shell/objects/TypeCode.h"
 
 namespace veldrin {
 

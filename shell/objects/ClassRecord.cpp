@@ -1,10 +1,10 @@
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 #include <algorithm>
 #include <deque>
 #include <memory>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

@@ -1,10 +1,10 @@
-#include "shell/StringImage.h"
+#include "shell/objects/StringImage.h"
 
 #include <algorithm>
 #include <limits>
 #include <utility>
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

@@ -1,9 +1,9 @@
-#include "shell/Variant.h"
+#include "shell/objects/Variant.h"
 
 #include <functional>
 
-#include "shell/ClassRecord.h"
-#include "shell/Failure.h"
+#include "shell/objects/ClassRecord.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

@@ -4,12 +4,12 @@
 #include <string_view>
 #include <type_traits>
 
-#include "shell/Array.h"
-#include "shell/Color.h"
-#include "shell/Currency.h"
-#include "shell/FixedString.h"
-#include "shell/Ref.h"
-#include "shell/String.h"
+#include "shell/objects/Array.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/Currency.h"
+#include "shell/objects/FixedString.h"
+#include "shell/objects/Ref.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

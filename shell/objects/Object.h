@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "shell/BlockPool.h"
+#include "shell/objects/BlockPool.h"
 
 namespace veldrin {
 

@@ -3,9 +3,9 @@
 #include <memory>
 #include <type_traits>
 
-#include "shell/ClassRecord.h"
-#include "shell/ClassTable.h"
-#include "shell/Stack.h"
+#include "shell/objects/ClassRecord.h"
+#include "shell/objects/ClassTable.h"
+#include "shell/objects/Stack.h"
 
 namespace veldrin {
 

@@ -1,6 +1,6 @@
-#include "shell/PropertyAccess.h"
+#include "shell/objects/PropertyAccess.h"
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

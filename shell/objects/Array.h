@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "shell/Object.h"
+#include "shell/objects/Object.h"
 
 namespace veldrin {
 

@@ -1,9 +1,9 @@
-#include "shell/Object.h"
+#include "shell/objects/Object.h"
 
 #include <limits>
 #include <memory>
 
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 namespace veldrin {
 namespace {

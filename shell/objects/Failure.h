@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <stdexcept>
 
-#include "shell/Described.h"
-#include "shell/Ref.h"
-#include "shell/String.h"
+#include "shell/objects/Described.h"
+#include "shell/objects/Ref.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

@@ -1,6 +1,6 @@
-#include "shell/MethodShape.h"
+#include "shell/objects/MethodShape.h"
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

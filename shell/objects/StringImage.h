@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

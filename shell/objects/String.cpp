@@ -1,12 +1,12 @@
-#include "shell/String.h"
+#include "shell/objects/String.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <limits>
 #include <memory>
 
-#include "shell/BlockPool.h"
-#include "shell/Failure.h"
+#include "shell/objects/BlockPool.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 namespace {

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "shell/Array.h"
-#include "shell/Ref.h"
+#include "shell/objects/Array.h"
+#include "shell/objects/Ref.h"
 
 namespace veldrin {
 

@@ -1,6 +1,6 @@
-#include "shell/Delegate.h"
+#include "shell/objects/Delegate.h"
 
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin {
 

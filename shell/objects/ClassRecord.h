@@ -5,10 +5,10 @@
 #include <span>
 #include <vector>
 
-#include "shell/Object.h"
-#include "shell/Ref.h"
-#include "shell/String.h"
-#include "shell/Variant.h"
+#include "shell/objects/Object.h"
+#include "shell/objects/Ref.h"
+#include "shell/objects/String.h"
+#include "shell/objects/Variant.h"
 
 namespace veldrin {
 

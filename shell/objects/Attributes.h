@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "shell/ClassRecord.h"
+#include "shell/objects/ClassRecord.h"
 
 namespace veldrin {
 

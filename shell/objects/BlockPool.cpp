@@ -1,4 +1,4 @@
-#include "shell/BlockPool.h"
+#include "shell/objects/BlockPool.h"
 
 #include <array>
 #include <new>

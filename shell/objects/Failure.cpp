@@ -1,8 +1,8 @@
-#include "shell/Failure.h"
+#include "shell/objects/Failure.h"
 
 #include <utility>
 
-#include "shell/NewArray.h"
+#include "shell/objects/NewArray.h"
 
 namespace veldrin {
 

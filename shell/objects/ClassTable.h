@@ -5,10 +5,10 @@
 #include <cassert>
 #include <cstddef>
 
-#include "shell/Attributes.h"
-#include "shell/ClassRecord.h"
-#include "shell/MethodShape.h"
-#include "shell/PropertyAccess.h"
+#include "shell/objects/Attributes.h"
+#include "shell/objects/ClassRecord.h"
+#include "shell/objects/MethodShape.h"
+#include "shell/objects/PropertyAccess.h"
 
 namespace veldrin {
 

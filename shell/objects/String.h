@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/FixedString.h"
+#include "shell/objects/FixedString.h"
 
 namespace veldrin {
 

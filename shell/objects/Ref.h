@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "shell/Object.h"
+#include "shell/objects/Object.h"
 
 namespace veldrin {
 

@@ -2,7 +2,7 @@
 
 #include <unordered_map>
 
-#include "shell/Described.h"
+#include "shell/objects/Described.h"
 
 namespace veldrin {
 

@@ -10,11 +10,11 @@
 #include <variant>
 #include <vector>
 
-#include "shell/Array.h"
-#include "shell/Color.h"
-#include "shell/Currency.h"
-#include "shell/Ref.h"
-#include "shell/String.h"
+#include "shell/objects/Array.h"
+#include "shell/objects/Color.h"
+#include "shell/objects/Currency.h"
+#include "shell/objects/Ref.h"
+#include "shell/objects/String.h"
 
 namespace veldrin {
 

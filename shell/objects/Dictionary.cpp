@@ -1,7 +1,7 @@
-#include "shell/Dictionary.h"
+#include "shell/objects/Dictionary.h"
 
-#include "shell/Failure.h"
-#include "shell/NewArray.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/NewArray.h"
 
 namespace veldrin {
 
