@@ -2,13 +2,16 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <new>
 #include <string>
 #include <system_error>
 
 #include "apps/CalendarOptions.h"
+#include "apps/PlainText.h"
+#include "apps/StandardDescriptors.h"
 #include "apps/VeldrinParts.h"
 #include "daystatus/Veldrin.h"
-#include "shell/Date.h"
+#include "shell/ParseDate.h"
 #include "shell/SystemHost.h"
 #include "shell/Text.h"
 #include "toolkits/headless/HeadlessToolkit.h"
@@ -33,20 +36,30 @@ class StandardOutput final : public Described<StandardOutput, FolderItem> {
 };
 
 /// Says a sentence on the error stream, which is the last resort: nothing can be done if it fails.
-void complain(const String& sentence) {
-  static_cast<void>(std::fprintf(stderr, "%s\n", std::string(sentence.view()).c_str()));
+void complain(const std::string& sentence) {
+  static_cast<void>(std::fprintf(stderr, "veldrin-calendar: %s\n", onOneLine(sentence).c_str()));
 }
 
-void complainOfWriting(const std::string& where, const std::string& reason) {
-  static_cast<void>(std::fprintf(stderr, "veldrin-calendar: Writing to %s failed: %s.\n",
-                                 where.c_str(), reason.c_str()));
+/// Says that memory has run out, without any.
+int complainOfMemory() {
+  static_cast<void>(std::fputs("veldrin-calendar: There is not enough memory.\n", stderr));
+  return Failed;
+}
+
+/// What the host calls an error.
+std::string reasonOf(std::int32_t error) {
+  return std::generic_category().message(error);
+}
+
+void complainOfWriting(const std::string& where, std::int32_t error) {
+  complain("Writing to " + where + " failed: " + reasonOf(error) + ".");
 }
 
 /// Prints on the standard output; false where that fails, which has been said by then.
 bool print(const std::string& text) {
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (std::fflush(stdout) == 0 && written) return true;
-  complainOfWriting("standard output", std::generic_category().message(errno));
+  complainOfWriting("standard output", errno);
   return false;
 }
 
@@ -105,6 +118,7 @@ int run(SystemHost& host, const CalendarRequest& request) {
   HeadlessToolkit toolkit;
   std::string status;
   std::string path;
+  std::int32_t errorOfOpening = 0;
   toolkit.job = [&] {
     const Ref<Veldrin> window = implicit::Veldrin();
     fillIn(window, request);
@@ -116,19 +130,20 @@ int run(SystemHost& host, const CalendarRequest& request) {
     path = item->AbsolutePath().view();
     toolkit.saveAnswers.push_back(item);
     window->GenerateButton()->userPressed();
+    errorOfOpening = item->LastErrorCode;
   };
   int exitStatus = runProcess(host, toolkit, VeldrinParts);
+  // A failure that could not even be reported is one of memory.
+  if (exitStatus == Failed && toolkit.messages().empty() && toolkit.reports().empty()) {
+    return complainOfMemory();
+  }
   for (const String& message : toolkit.messages()) {
-    complain(message);
+    const std::string sentence(message.view());
+    complain(errorOfOpening == 0 ? sentence : sentence + ": " + reasonOf(errorOfOpening));
     exitStatus = Failed;
   }
   for (const HeadlessToolkit::Report& report : toolkit.reports()) {
-    if (report.className == "IOException") {
-      complainOfWriting(path, std::generic_category().message(report.errorNumber));
-    } else {
-      complain("veldrin-calendar: "_s + report.className + ", error "_s + Str(report.errorNumber) +
-               "."_s);
-    }
+    complain(std::string(report.sentence.view()));
   }
   if (!print(status)) exitStatus = Failed;
   return exitStatus;
@@ -150,5 +165,11 @@ int calendarMain(int count, const char* const* arguments) {
 }  // namespace veldrin
 
 int main(int count, char** arguments) {
-  return veldrin::calendarMain(count, arguments);
+  veldrin::openStandardDescriptors();
+  try {
+    return veldrin::calendarMain(count, arguments);
+  } catch (const std::bad_alloc&) {
+    // Outside of the runtime nothing turns it into a report.
+    return veldrin::complainOfMemory();
+  }
 }

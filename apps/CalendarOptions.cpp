@@ -5,7 +5,8 @@
 #include <cmath>
 #include <system_error>
 
-#include "shell/Date.h"
+#include "apps/PlainText.h"
+#include "shell/ParseDate.h"
 #include "shell/Text.h"
 
 namespace veldrin {
@@ -30,15 +31,6 @@ constexpr const char* Examples = R"(Examples:
 
 A DATE is 2024-06-21, or the short form of this system's date setting. South of the equator, where
 daylight saving holds over the new year, --down-under takes the time outside the two dates.)";
-
-/// The text with a "?" for every character that would break or colour the line.
-std::string onOneLine(std::string text) {
-  for (char& character : text) {
-    const auto code = static_cast<unsigned char>(character);
-    if (code < ' ' || code == 0x7F) character = '?';
-  }
-  return text;
-}
 
 /// The help, without the library's own mark of the flag that says no.
 std::string helpOf(const CLI::App& app) {

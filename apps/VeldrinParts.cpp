@@ -2,8 +2,6 @@
 
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
-#include "reflection/ArrayInfo.h"
-#include "reflection/ClassInfo.h"
 #include "reflection/Introspection.h"
 #include "reflection/ReflectionClasses.h"
 #include "shell/Classes.h"
@@ -25,12 +23,9 @@ void finalizeGlobals() {
   runtime._mImplicitWindowList = nullptr;
   runtime._WindowSupport.mDirtyWindows = nullptr;
   runtime._WindowSupport.Windows.clear();
-  Introspection::ArrayInfo::finalizeArrayMap();
-  Introspection::ClassInfo::finalizeClassFQNToRefMap();
-  Introspection::ClassInfo::finalizeClassRefMap();
+  Introspection::finalizeReflection();
   MenuBar1::_implicitInstance = nullptr;
   OutputFile::__Exit();
-  Introspection::finalizeModule();
 }
 
 const ApplicationParts VeldrinParts{

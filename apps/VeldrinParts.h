@@ -12,7 +12,7 @@ extern const ApplicationParts VeldrinParts;
 void initializeClasses();
 
 /// `% finalize`: releases the eight globals of the program in their order, each of which is an
-/// owning reference, and behind them what the reflection has noted besides.
+/// owning reference; with the three of the reflection goes what it has noted besides.
 void finalizeGlobals();
 
 }  // namespace veldrin

@@ -1,8 +1,8 @@
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
+#include "shell/BackgroundTask.h"
 #include "shell/Dialogs.h"
 #include "shell/Mathematics.h"
-#include "shell/Runtime.h"
 #include "shell/Text.h"
 #include "shell/TextOutputStream.h"
 #include "shell/objects/Failure.h"
@@ -33,7 +33,7 @@ void writeEvent(TextOutputStream& stream, const String& summary, const String& y
 Ref<TextOutputStream> openStream(const Ref<FolderItem>& item) {
   try {
     return TextOutputStream::Create(item);
-  } catch (const Raised&) {
+  } catch (...) {
     MsgBox("Cannot write to "_s + item->AbsolutePath());
     return nullptr;
   }

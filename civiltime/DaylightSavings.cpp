@@ -1,5 +1,6 @@
 #include "daystatus/Veldrin.h"
-#include "shell/Runtime.h"
+#include "shell/BackgroundTask.h"
+#include "shell/ParseDate.h"
 
 namespace veldrin {
 namespace {

@@ -6,6 +6,7 @@ function(veldrin_folder folder)
   file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
   file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
   set(stamp ${CMAKE_BINARY_DIR}/includes/${target}.checked)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/includes)
   list(JOIN arg_USES "|" uses)
   add_custom_command(OUTPUT ${stamp}
     COMMAND ${CMAKE_COMMAND} -D "FOLDER=${folder}" -D "USES=${uses}" -D "STAMP=${stamp}"

@@ -6,6 +6,7 @@ find_program(GZIP gzip REQUIRED)
 function(install_compressed name destination)
   set(text ${CMAKE_SOURCE_DIR}/desktop/${name})
   set(compressed ${CMAKE_BINARY_DIR}/desktop/${name}.gz)
+  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/desktop)
   add_custom_command(OUTPUT ${compressed}
     COMMAND ${GZIP} -9 --no-name --stdout ${text} > ${compressed}
     DEPENDS ${text}
@@ -14,8 +15,10 @@ function(install_compressed name destination)
   install(FILES ${compressed} DESTINATION ${destination})
 endfunction()
 
-install(TARGETS veldrin-calendar)
-install_compressed(veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
+if(TARGET veldrin-calendar)
+  install(TARGETS veldrin-calendar)
+  install_compressed(veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
+endif()
 if(TARGET veldrin)
   install(TARGETS veldrin)
   install_compressed(veldrin.1 ${CMAKE_INSTALL_MANDIR}/man1)

@@ -15,9 +15,9 @@ Ref<T> controlOf(Object* window, const String& name) {
 void Veldrin::fillTable(ClassTable<Veldrin>& table) {
   table.attributes(Public.attributes);
 
-  table.handles<&Veldrin::Layout>("Layout"_s);
-  table.handles<&Veldrin::CreateControls>("CreateControls"_s);
-  table.handles<&Veldrin::Event_Open>("Open"_s);
+  table.handles<&Veldrin::Layout>(Events::Layout);
+  table.handles<&Veldrin::CreateControls>(Events::CreateControls);
+  table.handles<&Veldrin::Event_Open>(Events::Open);
 
   table.property<&Veldrin::Rads>("Rads"_s);
   table.property<&Veldrin::Degs>("Degs"_s);
@@ -92,22 +92,5 @@ void Veldrin::fillTable(ClassTable<Veldrin>& table) {
   table.method<&Veldrin::IsDaylightSavingsTime>("IsDaylightSavingsTime"_s);
   table.method<&Veldrin::ShortDate>("ShortDate"_s);
 }
-
-// What other code relies on by its signature.
-static_assert(ShapeOf<&Veldrin::DoVeldrin>::Text.view() == "%%f8f8o<Date>f8&f8&f8");
-static_assert(ShapeOf<&Veldrin::QuadParabola>::Text.view() == "%%f8f8f8&f8&f8&f8&f8&i4");
-static_assert(ShapeOf<&Veldrin::ModifiedJulianDate>::Text.view() == "%f8%i4i4i4f8");
-static_assert(ShapeOf<&Veldrin::iPart>::Text.view() == "%f8%f8");
-static_assert(ShapeOf<&Veldrin::SineAltitude>::Text.view() == "%f8%f8f8f8f8");
-static_assert(ShapeOf<&Veldrin::LocalSiderialTime>::Text.view() == "%f8%f8f8");
-static_assert(ShapeOf<&Veldrin::fPart>::Text.view() == "%f8%f8");
-static_assert(ShapeOf<&Veldrin::TheSun>::Text.view() == "%%f8&f8&f8");
-static_assert(ShapeOf<&Veldrin::HHMMFormat>::Text.view() == "%s%f8");
-static_assert(ShapeOf<&Veldrin::SetDaylightSavingsBounds>::Text.view() == "%%i4");
-static_assert(ShapeOf<&Veldrin::DoDaylightSavings>::Text.view() == "%%o<Date>&f8");
-static_assert(ShapeOf<&Veldrin::UpdateStatus>::Text.view() == "%%");
-static_assert(ShapeOf<&Veldrin::HHMMZZ>::Text.view() == "%s%f8");
-static_assert(ShapeOf<&Veldrin::IsDaylightSavingsTime>::Text.view() == "%b%o<Date>");
-static_assert(ShapeOf<&Veldrin::ShortDate>::Text.view() == "%s%o<Date>");
 
 }  // namespace veldrin

@@ -2,16 +2,23 @@
 
 #include <string>
 
+#include "reflection/Journal.h"
 #include "reflection/NewInfo.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/TypeCodeGrammar.h"
 
 namespace veldrin::Introspection {
 
 void ArrayInfo::fillTable(ClassTable<ArrayInfo>& table) {
-  table.plainMethod<&ArrayInfo::Constructor>("Constructor"_s);
+  using OfRank = void (ArrayInfo::*)(std::int32_t, const Ref<TypeInfo>&);
+  table.plainMethod<static_cast<OfRank>(&ArrayInfo::Constructor)>("Constructor"_s);
   table.overriding<&ArrayInfo::GetArrayRank>("GetArrayRank"_s);
   table.overriding<&ArrayInfo::GetElementType>("GetElementType"_s);
   table.sharedMethod<&ArrayInfo::Lookup>("Lookup"_s);
-  table.sharedMethod<&ArrayInfo::RankSuffix>("RankSuffix"_s);
+  table.sharedMethod<&ArrayInfo::RankSuffix>("RankSuffix"_s, Private);
+  table.property<&ArrayInfo::mArrayRank>("mArrayRank"_s, Private);
+  table.property<&ArrayInfo::mElementType>("mElementType"_s, Private);
+  table.sharedProperty<&ArrayInfo::mArrayMap>("mArrayMap"_s, Private);
 }
 
 Ref<TypeInfo> ArrayInfo::Lookup(std::int32_t rank, const Ref<TypeInfo>& element) {
@@ -23,8 +30,8 @@ Ref<TypeInfo> ArrayInfo::Lookup(std::int32_t rank, const Ref<TypeInfo>& element)
 }
 
 String ArrayInfo::RankSuffix(std::int32_t rank) {
-  std::string commas(static_cast<std::size_t>(rank > 1 ? rank - 1 : 0), ',');
-  return String("(" + std::move(commas) + ")");
+  if (rank < 1 || rank > MaximumRank) Raise<OutOfBoundsException>();
+  return String("(" + std::string(static_cast<std::size_t>(rank - 1), ',') + ")");
 }
 
 void ArrayInfo::finalizeArrayMap() {
@@ -32,14 +39,18 @@ void ArrayInfo::finalizeArrayMap() {
   // While the map still holds them all: an array of arrays of arrays is then given up one by one,
   // however deep it goes.
   const auto values = mArrayMap->Values();
-  for (const Variant& info : values->elements) {
-    fromVariant<Ref<ArrayInfo>>(info)->__Exit();
+  for (const Variant& value : values->elements) {
+    Object* const info = value.object();
+    if (RuntimeObjectIsa(info, ArrayInfo::__Lookup())) static_cast<ArrayInfo*>(info)->__Exit();
   }
   mArrayMap = nullptr;
 }
 
 void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
   const String suffix = RankSuffix(rank);
+  const bool isArray = RuntimeObjectIsa(element.get(), ArrayInfo::__Lookup());
+  depth_ = rank + (isArray ? static_cast<const ArrayInfo&>(*element).depth_ : 0);
+  if (depth_ > MaximumDepth) Raise<StackOverflowException>();
   mFullyQualifiedName = element->QualifiedName() + suffix;
   mNameValue = element->Name() + suffix;
   mArrayRank = rank;
@@ -47,7 +58,7 @@ void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
   mHasElementTypeValue = true;
   mIsArrayValue = true;
   if (!mArrayMap) mArrayMap = New<Dictionary>();
-  mArrayMap->Value(mFullyQualifiedName, Ref<ArrayInfo>(this));
+  Journal::enter(mArrayMap, mFullyQualifiedName, Ref<ArrayInfo>(this));
 }
 
 }  // namespace veldrin::Introspection

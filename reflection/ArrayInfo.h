@@ -14,16 +14,22 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
 
   void __Exit() { mElementType = nullptr; }
 
+  /// The most dimensions that arrays in arrays can have together. The name of each level holds
+  /// those of all inside it, so 1,000 levels of one dimension cost about 5 MB.
+  static constexpr std::int32_t MaximumDepth = 1000;
+
   /// The one description of arrays of that rank and type, made now if nobody needed it before.
-  /// Raises `NilObjectException` for a nil type.
+  /// Raises `NilObjectException` for a nil type, `OutOfBoundsException` for a rank that is not from
+  /// 1 to `MaximumRank`, and `StackOverflowException` beyond `MaximumDepth`.
   static Ref<TypeInfo> Lookup(std::int32_t rank, const Ref<TypeInfo>& element);
-  /// "()", with a comma for each dimension above the first.
+  /// "()", with a comma for each dimension above the first. Raises `OutOfBoundsException` likewise.
   static String RankSuffix(std::int32_t rank);
   /// Releases what `Lookup` has kept.
   static void finalizeArrayMap();
 
-  /// Describes such arrays, and is from now on what `Lookup` finds for them. Raises
-  /// `NilObjectException` for a nil type.
+  using TypeInfo::Constructor;
+  /// Describes such arrays, and is from now on what `Lookup` finds for them. Raises what `Lookup`
+  /// raises.
   void Constructor(std::int32_t rank, const Ref<TypeInfo>& element);
   [[nodiscard]] std::int32_t GetArrayRank() const override { return mArrayRank; }
   [[nodiscard]] Ref<TypeInfo> GetElementType() const override { return mElementType; }
@@ -33,6 +39,7 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
 
   std::int32_t mArrayRank = 0;
   Ref<TypeInfo> mElementType;
+  std::int32_t depth_ = 0;  ///< dimensions of this one and of all arrays in it
 };
 
 }  // namespace veldrin::Introspection

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <vector>
-
+#include "reflection/InfoList.h"
 #include "shell/objects/Described.h"
 
 namespace veldrin::Introspection {
@@ -12,7 +11,8 @@ class AttributeInfo : public Described<AttributeInfo, Object> {
   static constexpr FixedString FullName = "Introspection.AttributeInfo";
   static void fillTable(ClassTable<AttributeInfo>& table);
 
-  void Constructor(const AttributeRow& row);
+  /// Describes a row; nil leaves an attribute with no name.
+  void Constructor(const AttributeRow* row);
 
   String Name;
   Variant Value;  ///< a text, or nil
@@ -22,11 +22,14 @@ class AttributeInfo : public Described<AttributeInfo, Object> {
 class AttributeInfoImp final : public Described<AttributeInfoImp, AttributeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.AttributeInfoImp";
+  static void fillTable(ClassTable<AttributeInfoImp>& table) {
+    table.plainMethod<&AttributeInfoImp::Constructor>("Constructor"_s, PublicHidden);
+  }
 
-  void Constructor(const AttributeRow& row) { AttributeInfo::Constructor(row); }
+  void Constructor(const AttributeRow* row) { AttributeInfo::Constructor(row); }
 };
 
 /// Whether one of the attributes is "Hidden".
-bool IsHidden(const std::vector<Ref<AttributeInfo>>& attributes);
+bool IsHidden(const InfoList<AttributeInfo>& attributes);
 
 }  // namespace veldrin::Introspection

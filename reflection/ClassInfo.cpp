@@ -4,9 +4,11 @@
 
 #include "reflection/ConstructorInfo.h"
 #include "reflection/Introspection.h"
+#include "reflection/Journal.h"
 #include "reflection/MethodInfo.h"
 #include "reflection/NewInfo.h"
 #include "reflection/PropertyInfo.h"
+#include "shell/objects/Failure.h"
 
 namespace veldrin::Introspection {
 namespace {
@@ -14,6 +16,13 @@ namespace {
 /// A class record as a key or a value of a dictionary.
 Variant pointerTo(ClassRecord* record) {
   return static_cast<void*>(record);
+}
+
+/// Whether there is such a class; nil stands for the root.
+bool isClass(const ClassRecord* record) {
+  const ClassRecord* each = RuntimeGetClassList();
+  while (each != nullptr && each != record) each = each->nextClass;
+  return each == record;
 }
 
 Ref<Dictionary> makeNameMap() {
@@ -28,8 +37,15 @@ Ref<Dictionary> makeNameMap() {
 
 void ClassInfo::fillTable(ClassTable<ClassInfo>& table) {
   table.overriding<&ClassInfo::IsSubclassOf>("IsSubclassOf"_s);
+  using OfRecord = void (ClassInfo::*)(ClassRecord*);
+  using ByRecord = Ref<ClassInfo> (*)(ClassRecord*);
   using ByName = Ref<ClassInfo> (*)(const String&);
+  table.plainMethod<static_cast<OfRecord>(&ClassInfo::Constructor)>("Constructor"_s, PublicHidden);
+  table.sharedMethod<static_cast<ByRecord>(&ClassInfo::Lookup)>("Lookup"_s);
   table.sharedMethod<static_cast<ByName>(&ClassInfo::Lookup)>("Lookup"_s);
+  table.readOnlyField<&ClassInfo::mClassRef>("mClassRef"_s, Private);
+  table.sharedProperty<&ClassInfo::sClassFQNToRefMap>("sClassFQNToRefMap"_s, Private);
+  table.sharedProperty<&ClassInfo::sClassRefMap>("sClassRefMap"_s, Private);
 }
 
 ClassInfo::ClassInfo() : older_(std::exchange(newest_, this)) {
@@ -46,9 +62,10 @@ Ref<ClassInfo> ClassInfo::Lookup(ClassRecord* record) {
   if (sClassRefMap->HasKey(pointerTo(record))) {
     return fromVariant<Ref<ClassInfo>>(sClassRefMap->Value(pointerTo(record)));
   }
+  if (!isClass(record)) Raise<TypeMismatchException>();
   Ref<ClassInfo> info = NewInfo<ClassInfo>(record);
   if (!info->CanAccess()) info = nullptr;
-  sClassRefMap->Value(pointerTo(record), info);
+  Journal::enter(sClassRefMap, pointerTo(record), info);
   return info;
 }
 
@@ -75,6 +92,12 @@ void ClassInfo::breakRings() {
 
 void ClassInfo::Constructor(ClassRecord* record) {
   RuntimeStackCheck();
+  Journal journal;
+  describe(record);
+  journal.keep();
+}
+
+void ClassInfo::describe(ClassRecord* record) {
   mClassRef = record;
   if (record == nullptr) {
     mNameValue = "Object"_s;
@@ -82,7 +105,7 @@ void ClassInfo::Constructor(ClassRecord* record) {
   }
   TypeInfo::Constructor(record->name);
   // At once, so that a type which refers to itself finds itself.
-  GetFQNTypeInfoMap()->Value(mFullyQualifiedName, Ref<ClassInfo>(this));
+  Journal::enter(GetFQNTypeInfoMap(), mFullyQualifiedName, Ref<ClassInfo>(this));
   mIsInterfaceTypeValue = record->isInterface;
   mIsClassTypeValue = !record->isInterface;
   takeMembers();
@@ -96,23 +119,23 @@ void ClassInfo::Constructor(ClassRecord* record) {
 void ClassInfo::takeMembers() {
   for (const PropertyRow& row : mClassRef->propertyRows) {
     const Ref<PropertyInfo> property = NewInfo<PropertyInfoImp>(&row, mClassRef);
-    if (property->CanAccess()) mPropertyList.push_back(property);
+    if (property->CanAccess()) append(mPropertyList, property);
   }
-  mMethodList.clear();
-  mConstructorList.clear();
+  mMethodList = nullptr;
+  mConstructorList = nullptr;
   for (const MethodRow& row : mClassRef->methodRows) takeMethod(row);
-  if (mIsClassTypeValue && mConstructorList.empty()) {
-    mConstructorList.emplace_back(NewInfo<ConstructorInfoImp>(nullptr, mClassRef));
+  if (mIsClassTypeValue && !mConstructorList) {
+    append(mConstructorList, NewInfo<ConstructorInfoImp>(nullptr, mClassRef));
   }
 }
 
 void ClassInfo::takeMethod(const MethodRow& row) {
   if (row.name == "Constructor") {
     const Ref<ConstructorInfo> constructor = NewInfo<ConstructorInfoImp>(&row, mClassRef);
-    if (constructor->CanAccess()) mConstructorList.push_back(constructor);
+    if (constructor->CanAccess()) append(mConstructorList, constructor);
   } else {
     const Ref<MethodInfo> method = NewInfo<MethodInfoImp>(&row, mClassRef);
-    if (method->CanAccess()) mMethodList.push_back(method);
+    if (method->CanAccess()) append(mMethodList, method);
   }
 }
 

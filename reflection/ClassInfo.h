@@ -15,10 +15,11 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   ClassInfo();
   ~ClassInfo() override;
 
-  /// The one description that is kept of a class; nil for a hidden class.
+  /// The one description that is kept of a class; nil for a hidden class. Raises
+  /// `TypeMismatchException` for a pointer to anything else.
   static Ref<ClassInfo> Lookup(ClassRecord* record);
-  /// The same by full name. A name that no class had when the first name was asked for gives the
-  /// root.
+  /// The same by full name. The names are those of the classes that had been built when the first
+  /// name was asked for; any other gives the root.
   static Ref<ClassInfo> Lookup(const String& fullName);
 
   /// Releases the map from full names to class records.
@@ -29,9 +30,12 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   /// other's types hold each other; after this they no longer do.
   static void breakRings();
 
-  /// Describes a class, and is from now on what its full name stands for in type codes. A
-  /// description is new for each class that is made, that of the base included: compare classes by
-  /// `IsSubclassOf`, not by identity.
+  using TypeInfo::Constructor;
+  /// Describes a class, and is from now on what its full name stands for in type codes. Where an
+  /// exception ends this half-way, nothing of it can be reached by a name, and the next lookup
+  /// describes the class anew.
+  /// A description is new for each class that is made, that of the base included: compare classes
+  /// by `IsSubclassOf`, not by identity.
   void Constructor(ClassRecord* record);
   /// Whether this class is the other or derives from it; everything derives from the root.
   [[nodiscard]] bool IsSubclassOf(const Ref<TypeInfo>& other) const override;
@@ -41,6 +45,7 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   static inline Ref<Dictionary> sClassRefMap;
   static inline ClassInfo* newest_ = nullptr;  ///< the list of all that live
 
+  void describe(ClassRecord* record);
   void takeMembers();
   void takeMethod(const MethodRow& row);
 

@@ -9,8 +9,8 @@ void ConstructorInfo::fillTable(ClassTable<ConstructorInfo>& table) {
 }
 
 Ref<Object> ConstructorInfo::Invoke(const Ref<Array<Variant>>& arguments) const {
-  // A new window stands among the open ones at once, so what can be told ahead is told ahead.
-  if (arguments->elements.size() != mParamList.size()) Raise<OutOfBoundsException>();
+  // Making a window enters it among the open ones, so the count is checked first.
+  if (arguments->elements.size() != itemsOf(mParamList).size()) Raise<OutOfBoundsException>();
   const Ref<Array<Variant>> values(arguments.get());
   Ref<Object> made = RuntimeNewObject(mOwnerClassRef);
   if (mInvoker != nullptr) mInvoker(mVector, made.get(), &values->elements);

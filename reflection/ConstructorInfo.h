@@ -22,8 +22,11 @@ class ConstructorInfo : public Described<ConstructorInfo, MethodBase> {
 class ConstructorInfoImp final : public Described<ConstructorInfoImp, ConstructorInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ConstructorInfoImp";
+  static void fillTable(ClassTable<ConstructorInfoImp>& table) {
+    table.overriding<&ConstructorInfoImp::Constructor>("Constructor"_s, PublicHidden);
+  }
 
-  void Constructor(const MethodRow* row, ClassRecord* owner) {
+  void Constructor(const MemberRow* row, ClassRecord* owner) override {
     ConstructorInfo::Constructor(row, owner);
   }
 };

@@ -17,10 +17,14 @@ namespace veldrin::Introspection {
 /// for an array.
 Ref<TypeInfo> GetType(const Ref<Object>& object);
 
-/// The type that a code stands for, by the grammar of `shell/TypeCodeGrammar.h`; nil for a
-/// malformed code and for one that no type has. The name of a class that does not exist gives the
-/// root, and any name an enumeration or a structure, new each time. Raises `StackOverflowException`
-/// for arrays of arrays that go too deep.
+/// The type that a code stands for, by the grammar of `shell/objects/TypeCodeGrammar.h`; nil for a
+/// malformed code, an empty name as in "o<>" and a rank that is not from 1 to `MaximumRank`
+/// included, and for a code that no type has. The name of a class that does not exist, or that was
+/// built after the first name was asked for, gives the root, and any name an enumeration or a
+/// structure, new each time. A hidden class has no type when its code is first asked for; the
+/// description that was begun on the way stays under its name, and is what the code gives from then
+/// on. Raises `StackOverflowException` for arrays in arrays that have more dimensions together than
+/// `ArrayInfo::MaximumDepth`.
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code);
 
 /// The map from full names to the classes that have been described so far. Whatever stands in it

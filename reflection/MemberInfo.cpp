@@ -2,13 +2,12 @@
 
 #include "reflection/NewInfo.h"
 #include "shell/objects/Failure.h"
-#include "shell/objects/NewArray.h"
 
 namespace veldrin::Introspection {
 
 void MemberInfo::fillTable(ClassTable<MemberInfo>& table) {
   table.method<&MemberInfo::CanAccess>("CanAccess"_s);
-  table.slot<&MemberInfo::Constructor<MethodRow>>();
+  table.method<&MemberInfo::Constructor>("Constructor"_s, PublicHidden);
   table.method<&MemberInfo::FilterAttributes>("FilterAttributes"_s);
   table.method<&MemberInfo::GetAttributes>("GetAttributes"_s);
 
@@ -17,29 +16,36 @@ void MemberInfo::fillTable(ClassTable<MemberInfo>& table) {
   table.readOnlyProperty<&MemberInfo::IsPrivate>("IsPrivate"_s);
   table.readOnlyProperty<&MemberInfo::IsProtected>("IsProtected"_s);
   table.readOnlyProperty<&MemberInfo::IsPublic>("IsPublic"_s);
+  table.property<&MemberInfo::mAttributeData>("mAttributeData"_s, Private);
+  table.property<&MemberInfo::mAttributes>("mAttributes"_s, Private);
+  table.property<&MemberInfo::mNameValue>("mNameValue"_s, Private);
+  table.readOnlyField<&MemberInfo::mOwnerClassRef>("mOwnerClassRef"_s, Private);
+  table.property<&MemberInfo::mScopeData>("mScopeData"_s, Private);
 }
 
-void MemberInfo::describe(const String& name, std::uint32_t flags,
-                          std::span<const AttributeRow> attributes) {
-  mNameValue = name;
-  mAttributes = static_cast<std::int32_t>(flags);
-  takeAttributes(attributes);
+void MemberInfo::Constructor(const MemberRow* row, ClassRecord* owner) {
+  mOwnerClassRef = owner;
+  if (row == nullptr) return;
+  mNameValue = row->name;
+  mAttributes = static_cast<std::int32_t>(row->flags);
+  takeAttributes(row->attributes);
 }
 
 void MemberInfo::takeAttributes(std::span<const AttributeRow> rows) {
-  mAttributeData.clear();
-  for (const AttributeRow& row : rows) mAttributeData.emplace_back(NewInfo<AttributeInfoImp>(row));
-  if (!mAttributeData.empty()) FilterAttributes();
+  mAttributeData = nullptr;
+  for (const AttributeRow& row : rows) append(mAttributeData, NewInfo<AttributeInfoImp>(&row));
+  if (mAttributeData) FilterAttributes();
 }
 
 bool MemberInfo::takeOut(std::string_view name, Variant* value) {
   bool found = false;
-  for (auto last = mAttributeData.size(); last-- > 0;) {
-    const Ref<AttributeInfo> attribute = mAttributeData[last];
+  for (auto last = itemsOf(mAttributeData).size(); last-- > 0;) {
+    std::vector<Ref<AttributeInfo>>& attributes = mAttributeData->elements;
+    const Ref<AttributeInfo> attribute = attributes[last];
     if (!(attribute->Name == name)) continue;
     found = true;
     if (value != nullptr) *value = attribute->Value;
-    mAttributeData.erase(mAttributeData.begin() + static_cast<std::ptrdiff_t>(last));
+    attributes.erase(attributes.begin() + static_cast<std::ptrdiff_t>(last));
   }
   return found;
 }
@@ -50,7 +56,7 @@ void MemberInfo::FilterAttributes() {
 }
 
 Ref<Array<Ref<AttributeInfo>>> MemberInfo::GetAttributes() const {
-  return newArray(mAttributeData);
+  return copyOf(mAttributeData);
 }
 
 void MemberInfo::requireInstance(const Ref<Object>& object) const {

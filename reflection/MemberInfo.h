@@ -1,9 +1,6 @@
 #pragma once
 
-#include <optional>
-
 #include "reflection/AttributeInfo.h"
-#include "shell/objects/Array.h"
 
 namespace veldrin::Introspection {
 
@@ -16,13 +13,9 @@ class MemberInfo : public Described<MemberInfo, Object> {
 
   /// False for what is hidden from reflection, which then lists it nowhere.
   [[nodiscard]] virtual bool CanAccess() const { return !IsHidden(mAttributeData); }
-  /// Describes a row (a `MethodRow` or a `PropertyRow`) of the class; nil is a member without one,
-  /// of which only the class is known.
-  template <class Row>
-  void Constructor(const Row* row, ClassRecord* owner) {
-    mOwnerClassRef = owner;
-    if (row != nullptr) describe(row->name, row->flags, row->attributes);
-  }
+  /// Describes a row of the class, of the kind that the description is for; nil is a member without
+  /// one, of which only the class is known.
+  virtual void Constructor(const MemberRow* row, ClassRecord* owner);
   /// Takes out the attributes that stand for something else: "__Scope" becomes the member's scope.
   virtual void FilterAttributes();
   /// A new array with the attributes, in their order; "__Scope" and "__Shared" are not among them.
@@ -44,14 +37,11 @@ class MemberInfo : public Described<MemberInfo, Object> {
   /// Raises `IllegalCastException` for an object that is no instance of the owner; nil passes.
   void requireInstance(const Ref<Object>& object) const;
 
-  std::vector<Ref<AttributeInfo>> mAttributeData;
+  InfoList<AttributeInfo> mAttributeData;
   std::int32_t mAttributes = 0;  ///< the row's flags
   String mNameValue;
   ClassRecord* mOwnerClassRef = nullptr;
   String mScopeData;  ///< "Public", "Private", "Protected", "Global" or empty
-
- private:
-  void describe(const String& name, std::uint32_t flags, std::span<const AttributeRow> attributes);
 };
 
 }  // namespace veldrin::Introspection

@@ -1,19 +1,26 @@
 #include "reflection/MethodBase.h"
 
 #include "reflection/NewInfo.h"
-#include "shell/objects/NewArray.h"
 #include "shell/objects/TypeCodeGrammar.h"
 
 namespace veldrin::Introspection {
 
 void MethodBase::fillTable(ClassTable<MethodBase>& table) {
+  table.overriding<&MethodBase::Constructor>("Constructor"_s, PublicHidden);
   table.method<&MethodBase::GetParameters>("GetParameters"_s);
   table.method<&MethodBase::ParseParameterList>("ParseParameterList"_s);
+  table.readOnlyField<&MethodBase::mInvoker>("mInvoker"_s, Private);
+  table.property<&MethodBase::mParamList>("mParamList"_s, Private);
+  table.property<&MethodBase::mReturnTypeCode>("mReturnTypeCode"_s, Private);
+  table.property<&MethodBase::mReturnTypeValue>("mReturnTypeValue"_s, Private);
+  table.property<&MethodBase::mSignature>("mSignature"_s, Private);
+  table.readOnlyField<&MethodBase::mVector>("mVector"_s, Private);
 }
 
-void MethodBase::Constructor(const MethodRow* row, ClassRecord* owner) {
-  MemberInfo::Constructor(row, owner);
-  if (row == nullptr) return;
+void MethodBase::Constructor(const MemberRow* member, ClassRecord* owner) {
+  MemberInfo::Constructor(member, owner);
+  if (member == nullptr) return;
+  const auto* const row = static_cast<const MethodRow*>(member);
   mSignature = row->signature;
   if (const auto parts = splitSignature(mSignature.view())) {
     mReturnTypeCode = String(parts->result);
@@ -24,14 +31,14 @@ void MethodBase::Constructor(const MethodRow* row, ClassRecord* owner) {
 }
 
 Ref<Array<Ref<ParameterInfo>>> MethodBase::GetParameters() const {
-  return newArray(mParamList);
+  return copyOf(mParamList);
 }
 
 void MethodBase::ParseParameterList(const String& text) {
-  mParamList.clear();
+  mParamList = nullptr;
   std::string_view rest = text.view();
   while (!rest.empty()) {
-    mParamList.emplace_back(NewInfo<ParameterInfoImp>(String(takeParameter(rest))));
+    append(mParamList, NewInfo<ParameterInfoImp>(String(takeParameter(rest))));
   }
 }
 

@@ -11,8 +11,8 @@ class MethodBase : public Described<MethodBase, MemberInfo> {
   static constexpr FixedString FullName = "Introspection.MethodBase";
   static void fillTable(ClassTable<MethodBase>& table);
 
-  /// Describes a row of the class; nil is a member without one.
-  void Constructor(const MethodRow* row, ClassRecord* owner);
+  /// Describes a `MethodRow` of the class; nil is a member without one.
+  void Constructor(const MemberRow* row, ClassRecord* owner) override;
   /// A new array with the parameters, from the first to the last.
   [[nodiscard]] virtual Ref<Array<Ref<ParameterInfo>>> GetParameters() const;
   /// Reads the parameters off a list of codes, in place of those there are. What is no parameter is
@@ -21,7 +21,7 @@ class MethodBase : public Described<MethodBase, MemberInfo> {
 
  protected:
   Invoker mInvoker = nullptr;
-  std::vector<Ref<ParameterInfo>> mParamList;
+  InfoList<ParameterInfo> mParamList;
   String mReturnTypeCode;  ///< empty for a method without a result
   mutable Ref<TypeInfo> mReturnTypeValue;
   String mSignature;

@@ -12,6 +12,7 @@ void MethodInfo::fillTable(ClassTable<MethodInfo>& table) {
 
   table.readOnlyProperty<&MethodInfo::IsShared>("IsShared"_s);
   table.readOnlyProperty<&MethodInfo::ReturnType>("ReturnType"_s);
+  table.readOnlyField<&MethodInfo::mIsShared>("mIsShared"_s, Private);
 }
 
 void MethodInfo::FilterAttributes() {

@@ -39,8 +39,11 @@ class MethodInfo : public Described<MethodInfo, MethodBase> {
 class MethodInfoImp final : public Described<MethodInfoImp, MethodInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.MethodInfoImp";
+  static void fillTable(ClassTable<MethodInfoImp>& table) {
+    table.overriding<&MethodInfoImp::Constructor>("Constructor"_s, PublicHidden);
+  }
 
-  void Constructor(const MethodRow* row, ClassRecord* owner) {
+  void Constructor(const MemberRow* row, ClassRecord* owner) override {
     MethodInfo::Constructor(row, owner);
   }
 };

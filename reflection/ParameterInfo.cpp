@@ -8,6 +8,9 @@ void ParameterInfo::fillTable(ClassTable<ParameterInfo>& table) {
   table.plainMethod<&ParameterInfo::Constructor>("Constructor"_s);
   table.readOnlyProperty<&ParameterInfo::IsByRef>("IsByRef"_s);
   table.readOnlyProperty<&ParameterInfo::ParameterType>("ParameterType"_s);
+  table.property<&ParameterInfo::mByRefValue>("mByRefValue"_s, Private);
+  table.property<&ParameterInfo::mParamTypeCode>("mParamTypeCode"_s, Private);
+  table.property<&ParameterInfo::mParamTypeValue>("mParamTypeValue"_s, Private);
 }
 
 void ParameterInfo::Constructor(const String& code) {

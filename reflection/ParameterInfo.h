@@ -27,6 +27,9 @@ class ParameterInfo : public Described<ParameterInfo, Object> {
 class ParameterInfoImp final : public Described<ParameterInfoImp, ParameterInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ParameterInfoImp";
+  static void fillTable(ClassTable<ParameterInfoImp>& table) {
+    table.plainMethod<&ParameterInfoImp::Constructor>("Constructor"_s);
+  }
 
   void Constructor(const String& code) { ParameterInfo::Constructor(code); }
 };

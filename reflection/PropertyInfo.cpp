@@ -11,19 +11,29 @@ void PropertyInfo::fillTable(ClassTable<PropertyInfo>& table) {
   constexpr auto Get = static_cast<Read>(&PropertyInfo::Value);
   constexpr auto Set = static_cast<Write>(&PropertyInfo::Value);
   table.overriding<&PropertyInfo::FilterAttributes>("FilterAttributes"_s);
+  table.overriding<&PropertyInfo::Constructor>("Constructor"_s, PublicHidden);
   table.method<Get>("Value"_s);
-  table.slot<Set>();
-  table.plainMethod<Set>("=Value"_s, Public, Flags::Assigns);
+  table.method<Set>("Value"_s, Public, Flags::Assigns);
 
   table.readOnlyProperty<&PropertyInfo::CanRead>("CanRead"_s);
   table.readOnlyProperty<&PropertyInfo::CanWrite>("CanWrite"_s);
   table.readOnlyProperty<&PropertyInfo::IsShared>("IsShared"_s);
   table.readOnlyProperty<&PropertyInfo::PropertyType>("PropertyType"_s);
+  // What a call goes by can be read and not written: a wrong one would reach beyond the object.
+  table.readOnlyField<&PropertyInfo::mGetInvoker>("mGetInvoker"_s, Private);
+  table.readOnlyField<&PropertyInfo::mGetterValue>("mGetterValue"_s, Private);
+  table.readOnlyField<&PropertyInfo::mIsShared>("mIsShared"_s, Private);
+  table.readOnlyField<&PropertyInfo::mOffsetParamValue>("mOffsetParamValue"_s, Private);
+  table.readOnlyField<&PropertyInfo::mOwnerClassRef>("mOwnerClassRef"_s, Private);
+  table.readOnlyField<&PropertyInfo::mSetInvoker>("mSetInvoker"_s, Private);
+  table.readOnlyField<&PropertyInfo::mSetterValue>("mSetterValue"_s, Private);
+  table.property<&PropertyInfo::mTypeValue>("mTypeValue"_s, Private);
 }
 
-void PropertyInfo::Constructor(const PropertyRow* row, ClassRecord* owner) {
-  MemberInfo::Constructor(row, owner);
-  if (row == nullptr) return;
+void PropertyInfo::Constructor(const MemberRow* member, ClassRecord* owner) {
+  MemberInfo::Constructor(member, owner);
+  if (member == nullptr) return;
+  const auto* const row = static_cast<const PropertyRow*>(member);
   mTypeValue = GetInfoFromTypeCode(row->type);
   mGetterValue = row->getter;
   mSetterValue = row->setter;

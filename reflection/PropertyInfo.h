@@ -10,15 +10,16 @@ class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
   static constexpr FixedString FullName = "Introspection.PropertyInfo";
   static void fillTable(ClassTable<PropertyInfo>& table);
 
-  /// Describes a row of the class; nil is a member without one.
-  void Constructor(const PropertyRow* row, ClassRecord* owner);
+  /// Describes a `PropertyRow` of the class; nil is a member without one.
+  void Constructor(const MemberRow* row, ClassRecord* owner) override;
   /// Takes "__Shared" out as well.
   void FilterAttributes() override;
-  /// The value that the object has. Raises `IllegalCastException` for an object of another class,
-  /// `RuntimeException` where the property cannot be read, `NilObjectException` for nil.
+  /// The value that the object has, or that all have where it is shared. Raises
+  /// `IllegalCastException` for an object of another class, `RuntimeException` where the property
+  /// cannot be read, `NilObjectException` for nil unless it is shared.
   [[nodiscard]] Variant Value(const Ref<Object>& object) const;
-  /// Sets the value; `=Value` in the tables. Raises likewise, and what `fromVariant` raises before
-  /// anything is set.
+  /// Sets the value: the assigning operation `=Value`. Raises likewise, and what `fromVariant`
+  /// raises before anything is set.
   void Value(const Ref<Object>& object, const Variant& value) const;
 
   [[nodiscard]] bool CanRead() const { return mGetterValue != nullptr; }
@@ -40,8 +41,11 @@ class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
 class PropertyInfoImp final : public Described<PropertyInfoImp, PropertyInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.PropertyInfoImp";
+  static void fillTable(ClassTable<PropertyInfoImp>& table) {
+    table.overriding<&PropertyInfoImp::Constructor>("Constructor"_s, PublicHidden);
+  }
 
-  void Constructor(const PropertyRow* row, ClassRecord* owner) {
+  void Constructor(const MemberRow* row, ClassRecord* owner) override {
     PropertyInfo::Constructor(row, owner);
   }
 };

@@ -3,12 +3,12 @@
 #include "reflection/ConstructorInfo.h"
 #include "reflection/MethodInfo.h"
 #include "reflection/PropertyInfo.h"
-#include "shell/objects/NewArray.h"
 
 namespace veldrin::Introspection {
 
 void TypeInfo::fillTable(ClassTable<TypeInfo>& table) {
-  table.method<&TypeInfo::Constructor>("Constructor"_s);
+  using ByName = void (TypeInfo::*)(const String&);
+  table.method<static_cast<ByName>(&TypeInfo::Constructor)>("Constructor"_s);
   table.method<&TypeInfo::GetArrayRank>("GetArrayRank"_s);
   table.method<&TypeInfo::GetConstructors>("GetConstructors"_s);
   table.method<&TypeInfo::GetElementType>("GetElementType"_s);
@@ -26,6 +26,20 @@ void TypeInfo::fillTable(ClassTable<TypeInfo>& table) {
   table.readOnlyProperty<&TypeInfo::IsPointer>("IsPointer"_s);
   table.readOnlyProperty<&TypeInfo::IsPrimitive>("IsPrimitive"_s);
   table.readOnlyProperty<&TypeInfo::IsValueType>("IsValueType"_s);
+  table.property<&TypeInfo::mBasetype>("mBasetype"_s, Private);
+  table.property<&TypeInfo::mConstructorList>("mConstructorList"_s, Private);
+  table.property<&TypeInfo::mFullyQualifiedName>("mFullyQualifiedName"_s, Private);
+  table.property<&TypeInfo::mHasElementTypeValue>("mHasElementTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsArrayValue>("mIsArrayValue"_s, Private);
+  table.property<&TypeInfo::mIsByRefTypeValue>("mIsByRefTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsClassTypeValue>("mIsClassTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsEnumTypeValue>("mIsEnumTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsInterfaceTypeValue>("mIsInterfaceTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsPointerTypeValue>("mIsPointerTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsPrimitiveTypeValue>("mIsPrimitiveTypeValue"_s, Private);
+  table.property<&TypeInfo::mIsValueTypeValue>("mIsValueTypeValue"_s, Private);
+  table.property<&TypeInfo::mMethodList>("mMethodList"_s, Private);
+  table.property<&TypeInfo::mPropertyList>("mPropertyList"_s, Private);
 }
 
 TypeInfo::TypeInfo() = default;
@@ -33,9 +47,9 @@ TypeInfo::~TypeInfo() = default;
 
 void TypeInfo::__Exit() {
   mBasetype = nullptr;
-  mConstructorList.clear();
-  mMethodList.clear();
-  mPropertyList.clear();
+  mConstructorList = nullptr;
+  mMethodList = nullptr;
+  mPropertyList = nullptr;
 }
 
 void TypeInfo::Constructor(const String& fullName) {
@@ -45,15 +59,15 @@ void TypeInfo::Constructor(const String& fullName) {
 }
 
 Ref<Array<Ref<ConstructorInfo>>> TypeInfo::GetConstructors() const {
-  return newArray(mConstructorList);
+  return copyOf(mConstructorList);
 }
 
 Ref<Array<Ref<MethodInfo>>> TypeInfo::GetMethods() const {
-  return newArray(mMethodList);
+  return copyOf(mMethodList);
 }
 
 Ref<Array<Ref<PropertyInfo>>> TypeInfo::GetProperties() const {
-  return newArray(mPropertyList);
+  return copyOf(mPropertyList);
 }
 
 }  // namespace veldrin::Introspection

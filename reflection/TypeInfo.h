@@ -22,6 +22,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   /// rings of types that are described by each other.
   void __Exit();
 
+  using MemberInfo::Constructor;
   /// Takes the full name; the member's name is what stands behind its last dot.
   void Constructor(const String& fullName);
   /// The dimensions of an array; 0 for any other type.
@@ -56,7 +57,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
 
  protected:
   Ref<TypeInfo> mBasetype;
-  std::vector<Ref<ConstructorInfo>> mConstructorList;
+  InfoList<ConstructorInfo> mConstructorList;
   String mFullyQualifiedName;
   bool mHasElementTypeValue = false;
   bool mIsArrayValue = false;
@@ -67,8 +68,8 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   bool mIsPointerTypeValue = false;
   bool mIsPrimitiveTypeValue = false;
   bool mIsValueTypeValue = false;
-  std::vector<Ref<MethodInfo>> mMethodList;
-  std::vector<Ref<PropertyInfo>> mPropertyList;
+  InfoList<MethodInfo> mMethodList;
+  InfoList<PropertyInfo> mPropertyList;
 };
 
 }  // namespace veldrin::Introspection

@@ -38,15 +38,30 @@ WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
   at-spi2-core dbus-daemon)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream
-  dpkg-dev file man-db)
+  dpkg-dev file man-db python3-icalendar python3-vobject)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)
+# The second compiler, with its sanitizers and its fuzzing.
+CLANG_PACKAGES=(clang libclang-rt-14-dev)
 
-# german_locale FOLDER: makes a German locale there, for tests that run with LOCPATH=FOLDER.
-german_locale() {
-  [ -e "$1/de_DE.UTF-8/LC_NUMERIC" ] && return 0
-  say "Making a German locale for the tests"
+# One locale of each form of dates that the C library knows, the German one, which the whole program
+# is tried in, and one that is not in UTF-8.
+TEST_LOCALES=(de_DE.UTF-8 en_US.UTF-8 en_GB.UTF-8 hi_IN.UTF-8 bg_BG.UTF-8 fr_CH.UTF-8 sr_RS.UTF-8
+  lv_LV.UTF-8 sv_SE.UTF-8 ne_NP.UTF-8 nl_NL.UTF-8 fo_FO.UTF-8 ce_RU.UTF-8 th_TH.UTF-8 nb_NO.UTF-8
+  is_IS.UTF-8 ms_MY.UTF-8 mt_MT.UTF-8 ar_EG.UTF-8 ug_CN.UTF-8 kl_GL.UTF-8 en_HK.UTF-8 eu_ES.UTF-8
+  ps_AF.UTF-8 my_MM.UTF-8 fa_IR.UTF-8 zh_CN.UTF-8 fr_FR.ISO-8859-1)
+
+# test_locales FOLDER: makes those that are missing there, for tests that run with LOCPATH=FOLDER.
+test_locales() {
+  local name missing=()
+  for name in "${TEST_LOCALES[@]}"; do
+    [ -e "$1/$name/LC_NUMERIC" ] || missing+=("$name")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "Making ${#missing[@]} locales for the tests"
   mkdir -p "$1"
-  localedef -i de_DE -f UTF-8 "$1/de_DE.UTF-8" || fail "localedef could not make a German locale"
+  printf '%s\n' "${missing[@]}" | xargs -P "$(nproc)" -I NAME \
+    bash -c 'localedef -i "${1%.*}" -f "${1#*.}" "$2/$1"' - NAME "$1" ||
+    fail "localedef could not make the locales"
 }
 
 # build PRESET [CMAKE-OPTION...]: configures and builds.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/Live.h"
 #include "shell/MenuItem.h"
 #include "shell/objects/Delegate.h"
 #include "shell/objects/Described.h"
@@ -7,35 +8,75 @@
 
 namespace veldrin {
 
+class FolderItem;
+
 /// The application object: there is one for the process.
 class Application : public Described<Application, Object> {
  public:
   static constexpr FixedString FullName = "Application";
   static void fillTable(ClassTable<Application>& table);
 
+  /// The events of the application, in the order of its table, with what their handlers take and
+  /// give. True is for handled, and for refused in "CancelClose".
+  ///
+  /// "Open" comes once, ahead of the event loop, and "Close" once behind it, however it has ended;
+  /// "Activate" and "Deactivate" come in turn as a person turns to the program and to another.
+  /// "CancelClose" is asked first of all when the application is to quit, and the windows after it,
+  /// but not where the application ends with its last window. "UnhandledException" comes for what
+  /// leaves a handler in the event loop: where it answers true, the loop goes on.
+  ///
+  /// "NewDocument", "OpenDocument" and "HandleAppleEvent" are sent by no desktop that there is a
+  /// toolkit for: nobody raises them.
+  struct Events {
+    static constexpr Event<void()> Open{"Open"_s};
+    static constexpr Event<void()> Close{"Close"_s};
+    static constexpr Event<void()> EnableMenuItems{"EnableMenuItems"_s};
+    static constexpr Event<void()> NewDocument{"NewDocument"_s};
+    static constexpr Event<void(Ref<FolderItem>)> OpenDocument{"OpenDocument"_s};
+    static constexpr Event<bool(Ref<Object>, String, String)> HandleAppleEvent{
+        "HandleAppleEvent"_s};
+    static constexpr Event<void()> Activate{"Activate"_s};
+    static constexpr Event<void()> Deactivate{"Deactivate"_s};
+    static constexpr Event<bool(Ref<RuntimeException>)> UnhandledException{"UnhandledException"_s};
+    static constexpr Event<bool()> CancelClose{"CancelClose"_s};
+  };
+
   /// The menu bar that stands while no window does.
-  [[nodiscard]] Ref<veldrin::MenuBar> MenuBar() const { return menuBar_; }
-  void MenuBar(Ref<veldrin::MenuBar> bar);
+  LiveProperty<Application, Ref<veldrin::MenuBar>> MenuBar{*this};
 
   /// Raises "EnableMenuItems".
   void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
 
-  /// Does nothing and answers false: the toolkit does with the item what it does by itself.
-  bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
+  /// The second that is asked to handle a menu item that a person has chosen, behind the window in
+  /// front. This one does nothing and answers false.
+  virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
   /// Runs a function, a `void (*)()`, under the application's rules of failure: `EndException` and
   /// `ThreadEndException` are dropped, others go to the handler of "UnhandledException" and, where
   /// that does not take them, to the report.
   void _CallFunctionWithExceptionHandling(void* function);
 
+  /// Whether an exception that has left a handler is dealt with: `EndException` and
+  /// `ThreadEndException` by being dropped, others where the handler of "UnhandledException" takes
+  /// them.
+  bool dealsWith(const Ref<RuntimeException>& exception);
+
+  /// A person has turned to the program or to another; does nothing where it is so already.
+  void userTurnedTo(bool active);
+
   /// Whether the application ends when its last window has been closed. The program leaves it
-  /// false, and the toolkit then decides: it does so where the menu bar lives in the window.
+  /// false; it ends all the same where the desktop has no menu bar of its own, since the menu bar,
+  /// and with it the way to end it, has gone with the window.
   bool AutoQuit = false;
 
  private:
-  void handle(const Ref<RuntimeException>& exception);
+  template <class Owner, class T>
+  friend class LiveProperty;
 
-  Ref<veldrin::MenuBar> menuBar_;
+  /// Tells the toolkit of a change made by the program.
+  void changed() const;
+
+  bool active_ = false;
 };
 
 /// The application of this program, which adds nothing.
@@ -44,12 +85,18 @@ class App final : public Described<App, Application> {
   static constexpr FixedString FullName = "App";
 };
 
-/// `RuntimeUnhandledException`: reports an exception that nothing caught; the exit status of the
-/// process will be 1.
+/// `RuntimeUnhandledException`: reports an exception that nothing caught, and the file that it has
+/// left incomplete, if any; the exit status of the process will be 1.
 void _UnhandledException(const Ref<RuntimeException>& exception);
 
-/// Asks the framework to end the application: the open windows are closed, then the event loop
-/// ends. True for handled, also where a window refuses to close.
+/// Ends the application: asks it by "CancelClose", closes the open windows, then ends the event
+/// loop. False where the application or a window refuses.
+bool endApplication();
+
+/// Ends the application if that was its last window and it ends with it, see `AutoQuit`.
+void endWithTheLastWindow();
+
+/// What the item that quits does: `endApplication`. True for handled, also where that was refused.
 bool QuitMenuAction(MenuItem& item);
 
 }  // namespace veldrin

@@ -17,25 +17,32 @@ class CheckBox final : public Described<CheckBox, RectControl>, public TextStyle
   static constexpr FixedString FullName = "CheckBox";
   static void fillTable(ClassTable<CheckBox>& table);
 
+  CheckBox() : TextStyle(static_cast<Control&>(*this)) {}
+
+  struct Events : RectControl::Events {
+    static constexpr Event<void()> Action{"Action"_s};
+  };
+
   using CheckedStates = veldrin::CheckedStates;
 
   /// Whether the box is ticked; the same state as `State`.
-  [[nodiscard]] bool Value() const { return state_ == CheckedStates::Checked; }
-  void Value(bool ticked);
-  [[nodiscard]] CheckedStates State() const { return state_; }
-  void State(CheckedStates state);
+  [[nodiscard]] bool Value() const { return State() == CheckedStates::Checked; }
+  void Value(bool ticked) { State(stateOf(ticked)); }
+  Live<CheckedStates> State{*this};
 
-  /// A person has ticked the box or taken the tick out.
+  /// A person has ticked the box or taken the tick out, which nobody can where it is disabled.
   void userTicked(bool ticked);
 
-  String Caption;
+  Live<String> Caption{*this};
   String DataSource;
   String DataField;
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }
 
-  CheckedStates state_ = CheckedStates::Unchecked;
+  static CheckedStates stateOf(bool ticked) {
+    return ticked ? CheckedStates::Checked : CheckedStates::Unchecked;
+  }
 };
 
 }  // namespace veldrin

@@ -8,6 +8,10 @@ namespace veldrin {
 // in, reckoned back without end, with a year 0 before the year 1. A day is numbered by the days
 // since 1970-01-01, which is day 0; 2000-03-01 is day 11,017.
 
+/// A day has as many, since the arithmetic knows no leap seconds.
+inline constexpr std::int32_t MinutesOfDay = 1440;
+inline constexpr std::int32_t SecondsOfDay = 86400;
+
 /// A day by its fields.
 struct CivilDay {
   std::int64_t year;
@@ -67,6 +71,18 @@ constexpr CivilDay civilDay(std::int64_t number) {
 constexpr std::int32_t dayOfWeek(std::int64_t number) {
   const std::int64_t remainder = (number + 4) % 7;
   return static_cast<std::int32_t>(remainder < 0 ? remainder + 7 : remainder) + 1;
+}
+
+/// The place of a day in its year: 1 for January 1 to 366.
+constexpr std::int32_t dayOfYear(std::int64_t number) {
+  return static_cast<std::int32_t>(number - dayNumber(civilDay(number).year, 1, 1)) + 1;
+}
+
+/// The week of a day by ISO 8601, 1 to 53. Weeks begin on Monday and belong to the year of their
+/// Thursday, so that January 1 may lie in the last week of the year before.
+constexpr std::int32_t weekOfYear(std::int64_t number) {
+  const std::int32_t sinceMonday = (dayOfWeek(number) + 5) % 7;
+  return (dayOfYear(number - sinceMonday + 3) - 1) / 7 + 1;
 }
 
 }  // namespace veldrin

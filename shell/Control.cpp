@@ -5,13 +5,11 @@
 #include "shell/PaneChild.h"
 #include "shell/Runtime.h"
 #include "shell/Window.h"
-#include "shell/objects/Failure.h"
 
 namespace veldrin {
 
 void Control::fillTable(ClassTable<Control>& table) {
-  table.event("Open"_s);
-  table.event("Close"_s);
+  table.event(Events::Open, Events::Close);
   table.method<&Control::Close>("Close"_s);
   table.property<&Control::Name>("Name"_s);
   table.property<&Control::Index>("Index"_s);
@@ -24,23 +22,12 @@ Ref<Window> Control::Window() const {
 }
 
 void Control::raiseEvent(const String& event) {
-  RuntimeStackCheck();
-  const ClassRecord& record = *classRecord();
-  const std::int32_t found = FindEvent(record, event);
-  if (found < 0) Raise<KeyNotFoundException>();
-  const auto index = static_cast<std::size_t>(found);
-  // The handler may close the window, which would take this control away.
-  const Ref<Control> self(this);
-  if (index < handlers_.size() && handlers_[index] != nullptr) {
-    handlers_[index](this);
-  } else if (const Function handler = record.eventRows[index].handler; handler != nullptr) {
-    reinterpret_cast<EventHandler>(handler)(this);
-  }
+  callHandler<void>(*this, event, handlers_);
 }
 
 void Control::Close() {
   const Ref<Control> self(this);
-  raiseEvent("Close"_s);
+  raiseEvent(Events::Close);
   if (window_ != nullptr) std::exchange(window_, nullptr)->_RemoveControl(self);
 }
 
@@ -51,11 +38,10 @@ void Control::changed() {
 void _InstallInstanceEventHandler(const Ref<Object>& object, const String& event,
                                   EventHandler handler) {
   const Ref<Control> control = CheckCast<Control>(object);
-  const std::int32_t found = FindEvent(*control->classRecord(), event);
-  if (found < 0) Raise<KeyNotFoundException>();
-  const auto index = static_cast<std::size_t>(found);
+  const std::size_t index =
+      RequireEvent(*control->classRecord(), event, Event<void()>::signature());
   if (control->handlers_.size() <= index) control->handlers_.resize(index + 1);
-  control->handlers_[index] = handler;
+  control->handlers_[index] = reinterpret_cast<Function>(handler);
 }
 
 void RuntimeSwapSelfAndMe(Ref<Object>& Self, Ref<Object>& Me) {

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "shell/Live.h"
 #include "shell/objects/Described.h"
 
 namespace veldrin {
@@ -9,13 +10,22 @@ namespace veldrin {
 class Window;
 
 /// What receives an event of a control: a bare function that gets the control as its one argument.
-using EventHandler = void (*)(Object* control);
+using EventHandler = Event<void()>::Handler;
 
 /// The root of all controls: a name, a window, and the handlers of its events.
 class Control : public Described<Control, Object> {
  public:
   static constexpr FixedString FullName = "Control";
   static void fillTable(ClassTable<Control>& table);
+
+  struct Events {
+    static constexpr Event<void()> Open{"Open"_s};
+    static constexpr Event<void()> Close{"Close"_s};
+  };
+
+  /// A property that the toolkit is told of while the control is in an open window.
+  template <class T>
+  using Live = LiveProperty<Control, T>;
 
   String Name;  ///< by which `RuntimeWindowControlByName` finds it
   /// The place in a control array; the smallest integer marks a control that stands by itself.
@@ -24,30 +34,35 @@ class Control : public Described<Control, Object> {
 
   /// The window that the control lies in, or nil. Not counted: the window owns its controls.
   [[nodiscard]] Ref<veldrin::Window> Window() const;
-  /// Enters or leaves a window; `Window::_AddControl` and the window's end call it.
-  void Window(veldrin::Window* window) { window_ = window; }
+  /// Moves the control into a window, or out of the one it lies in; `Window::_AddControl` and the
+  /// window's end call it.
+  void moveTo(veldrin::Window* window) { window_ = window; }
 
   /// Takes the control out of its window; "Close" is raised before.
   void Close();
 
   /// Runs the handler of the event, if there is one: that of this object, else that of its class.
-  /// Raises `StackOverflowException` where events raise each other without end.
+  /// Raises what `callHandler` raises.
   void raiseEvent(const String& event);
+  void raiseEvent(const Event<void()>& event) { raiseEvent(event.name()); }
 
  protected:
   /// Tells the toolkit of a change made by the program.
   void changed();
 
  private:
+  template <class Owner, class T>
+  friend class veldrin::LiveProperty;
   friend void _InstallInstanceEventHandler(const Ref<Object>& object, const String& event,
                                            EventHandler handler);
 
   veldrin::Window* window_ = nullptr;
-  std::vector<EventHandler> handlers_;  ///< by the index of the event in the class
+  std::vector<Function> handlers_;  ///< by the index of the event in the class
 };
 
-/// Binds the function to that event of this one control. Raises `IllegalCastException` for what is
-/// no control, `KeyNotFoundException` for an event that its class does not have.
+/// Binds the function to that event of this one control; nil leaves the event to its class. Raises
+/// `IllegalCastException` for what is no control, `NilObjectException` for nil, and what
+/// `RequireEvent` raises.
 void _InstallInstanceEventHandler(const Ref<Object>& object, const String& event,
                                   EventHandler handler);
 

@@ -34,8 +34,19 @@ String yearText(std::int32_t year) {
 }  // namespace
 
 void Date::fillTable(ClassTable<Date>& table) {
-  table.method<&Date::Constructor>("Constructor"_s);
+  using I4 = std::int32_t;
+  using Plain = void (Date::*)();
+  using Copy = void (Date::*)(const Ref<Date>&);
+  using Fields = void (Date::*)(I4, I4, I4, I4, I4, I4);
+  using FieldsAndOffset = void (Date::*)(I4, I4, I4, I4, I4, I4, double);
+  table.method<static_cast<Plain>(&Date::Constructor)>("Constructor"_s);
+  table.method<static_cast<Copy>(&Date::Constructor)>("Constructor"_s);
+  table.method<static_cast<Fields>(&Date::Constructor)>("Constructor"_s);
+  table.method<static_cast<FieldsAndOffset>(&Date::Constructor)>("Constructor"_s);
   table.method<&Date::Operator_Compare>("Operator_Compare"_s);
+  table.plainMethod<&Date::__Init>("__Init"_s, Private);
+  table.plainMethod<&Date::__Exit>("__Exit"_s, Private);
+  table.plainMethod<&Date::__Set>("__Set"_s, Private);
   table.property<std::int32_t, &Date::Year, &Date::Year>("Year"_s);
   table.property<std::int32_t, &Date::Month, &Date::Month>("Month"_s);
   table.property<std::int32_t, &Date::Day, &Date::Day>("Day"_s);
@@ -43,36 +54,78 @@ void Date::fillTable(ClassTable<Date>& table) {
   table.property<std::int32_t, &Date::Minute, &Date::Minute>("Minute"_s);
   table.property<std::int32_t, &Date::Second, &Date::Second>("Second"_s);
   table.readOnlyProperty<&Date::DayOfWeek>("DayOfWeek"_s);
+  table.readOnlyProperty<&Date::DayOfYear>("DayOfYear"_s);
+  table.readOnlyProperty<&Date::WeekOfYear>("WeekOfYear"_s);
   table.readOnlyProperty<&Date::ShortDate>("ShortDate"_s);
+  table.readOnlyProperty<&Date::LongDate>("LongDate"_s);
+  table.readOnlyProperty<&Date::AbbreviatedDate>("AbbreviatedDate"_s);
+  table.readOnlyProperty<&Date::ShortTime>("ShortTime"_s);
+  table.readOnlyProperty<&Date::LongTime>("LongTime"_s);
   table.property<double, &Date::TotalSeconds, &Date::TotalSeconds>("TotalSeconds"_s);
-  table.readOnlyProperty<&Date::GMTOffset>("GMTOffset"_s);
+  table.property<double, &Date::GMTOffset, &Date::GMTOffset>("GMTOffset"_s);
 }
 
 void Date::__Init() {
-  moment_ = Runtime::current().host.now();
-  pending_ = true;
+  instant_ = Runtime::current().host.now();
+  held_ = Held::Instant;
 }
 
-void Date::write(const CivilMoment& fields, std::int64_t day) const {
+void Date::Constructor(const Ref<Date>& other) {
+  held_ = other->held_;
+  fields_ = other->fields_;
+  day_ = other->day_;
+  secondOfDay_ = other->secondOfDay_;
+  instant_ = other->instant_;
+  ownOffset_ = other->ownOffset_;
+}
+
+void Date::Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
+                       std::int32_t minute, std::int32_t second) {
+  constexpr double HostsOwn = std::numeric_limits<double>::quiet_NaN();
+  __Set(year, month, day, hour, minute, second, HostsOwn);
+}
+
+void Date::Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
+                       std::int32_t minute, std::int32_t second, double gmtOffset) {
+  __Set(year, month, day, hour, minute, second, gmtOffset);
+}
+
+void Date::__Set(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
+                 std::int32_t minute, std::int32_t second, double gmtOffset) {
+  Day(1);
+  Month(1);
+  Year(year);
+  if (month > 0) Month(month);
+  if (day > 0) Day(day);
+  GMTOffset(gmtOffset);
+  Hour(hour);
+  Minute(minute);
+  Second(second);
+}
+
+void Date::write(const CivilMoment& fields, std::int64_t day, std::int64_t secondOfDay) {
   fields_ = fields;
   day_ = day;
-  pending_ = false;
+  secondOfDay_ = secondOfDay;
+  held_ = Held::Fields;
 }
 
 void Date::readClock() const {
-  const CivilMoment local = Runtime::current().host.localTime(moment_);
-  write(local, dayNumber(local.year, local.month, local.day));
+  fields_ = Runtime::current().host.localTime(instant_);
+  day_ = dayNumber(fields_.year, fields_.month, fields_.day);
+  secondOfDay_ = (fields_.hour * 60 + fields_.minute) * 60 + fields_.second;
+  held_ = Held::Both;
 }
 
 void Date::set(std::int64_t day, std::int64_t secondOfDay) {
   const Quotient seconds = divide(secondOfDay, SecondsOfDay);
   day += seconds.whole;
   if (day < FirstDay) {
-    write({static_cast<std::int32_t>(FirstYear), 1, 1, 0, 0, 0}, FirstDay);
+    write({static_cast<std::int32_t>(FirstYear), 1, 1, 0, 0, 0}, FirstDay, 0);
     return;
   }
   if (day > LastDay) {
-    write({static_cast<std::int32_t>(LastYear), 12, 31, 23, 59, 59}, LastDay);
+    write({static_cast<std::int32_t>(LastYear), 12, 31, 23, 59, 59}, LastDay, SecondsOfDay - 1);
     return;
   }
   const CivilDay civil = civilDay(day);
@@ -80,7 +133,7 @@ void Date::set(std::int64_t day, std::int64_t secondOfDay) {
          static_cast<std::int32_t>(seconds.rest / 3600),
          static_cast<std::int32_t>(seconds.rest / 60 % 60),
          static_cast<std::int32_t>(seconds.rest % 60)},
-        day);
+        day, seconds.rest);
 }
 
 void Date::setDay(std::int64_t year, std::int64_t month, std::int64_t day) {
@@ -91,7 +144,7 @@ void Date::setDay(std::int64_t year, std::int64_t month, std::int64_t day) {
 
 void Date::startOf(const CivilDay& day) {
   write({static_cast<std::int32_t>(day.year), day.month, day.day, 0, 0, 0},
-        dayNumber(day.year, day.month, day.day));
+        dayNumber(day.year, day.month, day.day), 0);
 }
 
 void Date::Year(std::int32_t year) {
@@ -122,6 +175,14 @@ std::int32_t Date::DayOfWeek() const {
   return dayOfWeek(day());
 }
 
+std::int32_t Date::DayOfYear() const {
+  return dayOfYear(day());
+}
+
+std::int32_t Date::WeekOfYear() const {
+  return weekOfYear(day());
+}
+
 String Date::ShortDate() const {
   const ShortDateForm form = Runtime::current().host.shortDateForm();
   const String separator(std::string_view(&form.separator, 1));
@@ -130,10 +191,32 @@ String Date::ShortDate() const {
       return Str(Day()) + separator + Str(Month()) + separator + yearText(Year());
     case ShortDateForm::Order::YearMonthDay:
       return yearText(Year()) + separator + Str(Month()) + separator + Str(Day());
+    case ShortDateForm::Order::YearDayMonth:
+      return yearText(Year()) + separator + Str(Day()) + separator + Str(Month());
     case ShortDateForm::Order::MonthDayYear:
       break;
   }
   return Str(Month()) + separator + Str(Day()) + separator + yearText(Year());
+}
+
+String Date::hostText(DateText which) const {
+  return String(Runtime::current().host.text(which, fields()));
+}
+
+String Date::LongDate() const {
+  return hostText(DateText::LongDate);
+}
+
+String Date::AbbreviatedDate() const {
+  return hostText(DateText::AbbreviatedDate);
+}
+
+String Date::ShortTime() const {
+  return hostText(DateText::ShortTime);
+}
+
+String Date::LongTime() const {
+  return hostText(DateText::LongTime);
 }
 
 void Date::TotalSeconds(double seconds) {
@@ -147,7 +230,13 @@ void Date::TotalSeconds(double seconds) {
 }
 
 double Date::GMTOffset() const {
-  return Runtime::current().host.gmtOffset(fields());
+  if (ownOffset_) return *ownOffset_;
+  const Host& host = Runtime::current().host;
+  return held_ == Held::Fields ? host.gmtOffset(fields_) : host.offsetAt(instant_);
+}
+
+void Date::GMTOffset(double hours) {
+  if (std::isfinite(hours)) ownOffset_ = hours;
 }
 
 std::int32_t Date::Operator_Compare(const Ref<Date>& other) const {

@@ -28,6 +28,11 @@ void FileType::fillTable(ClassTable<FileType>& table) {
   table.method<static_cast<WithType>(&FileType::Operator_AddRight)>("Operator_AddRight"_s);
   table.method<static_cast<WithText>(&FileType::Operator_AddRight)>("Operator_AddRight"_s);
   table.method<&FileType::Operator_Convert>("Operator_Convert"_s);
+  table.property<&FileType::mExtension>("mExtension"_s, Private);
+  table.property<&FileType::mMacCreator>("mMacCreator"_s, Private);
+  table.property<&FileType::mMacType>("mMacType"_s, Private);
+  table.property<&FileType::mName>("mName"_s, Private);
+  table.property<&FileType::mRegistered>("mRegistered"_s, Private);
   table.plainMethod<&FileType::Register>("Register"_s);
   table.plainMethod<&FileType::Deregister>("Deregister"_s);
 }
@@ -75,26 +80,26 @@ String FileType::Operator_Convert() {
 }
 
 void FileType::Register() {
-  if (mRegistered) return;
-  RuntimeRegisterFileType(mName, mMacCreator, mMacType, mExtension);
+  if (mRegistered || !Runtime::exists()) return;
+  RuntimeRegisterFileType(mName, mMacCreator, mMacType, mExtension, this);
   mRegistered = true;
 }
 
 void FileType::Deregister() {
   if (!mRegistered) return;
-  RuntimeDeregisterFileType(mName);
+  RuntimeDeregisterFileType(mName, this);
   mRegistered = false;
 }
 
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
-                             const String& extensions) {
-  Runtime::current().fileTypes.push_back({name, creator, macType, extensions});
+                             const String& extensions, const FileType* owner) {
+  Runtime::current().fileTypes.push_back({owner, name, creator, macType, extensions});
 }
 
-void RuntimeDeregisterFileType(const String& name) {
-  auto& types = Runtime::current().fileTypes;
-  const auto found = std::ranges::find(types, name, &RegisteredFileType::name);
-  if (found != types.end()) types.erase(found);
+void RuntimeDeregisterFileType(const String& /*name*/, const FileType* owner) {
+  if (!Runtime::exists()) return;
+  std::erase_if(Runtime::current().fileTypes,
+                [owner](const RegisteredFileType& type) { return type.owner == owner; });
 }
 
 const RegisteredFileType* findRegisteredFileType(const String& name) {

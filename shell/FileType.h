@@ -5,13 +5,15 @@
 namespace veldrin {
 
 /// A kind of file that a dialog can offer. It is registered with the framework when it is first
-/// used as a filter, and again after a change.
+/// used as a filter, and again after a change. It may outlive the runtime.
 class FileType final : public Described<FileType, Object> {
  public:
   static constexpr FixedString FullName = "FileType";
   static void fillTable(ClassTable<FileType>& table);
 
   void Destructor() { Deregister(); }
+
+  // Each write deregisters the type, so that a later use registers the new values.
 
   [[nodiscard]] String Extensions() const { return mExtension; }
   void Extensions(String extensions);
@@ -33,7 +35,9 @@ class FileType final : public Described<FileType, Object> {
   /// The filter of this type alone: its name, after registering it.
   String Operator_Convert();
 
+  /// Makes the type known to the dialogs, once; does nothing without a runtime.
   void Register();
+  /// Takes it away again, if it is registered.
   void Deregister();
 
  private:
@@ -49,20 +53,22 @@ class FileType final : public Described<FileType, Object> {
 /// What the framework knows of a registered type. An empty `extensions` says that the type declares
 /// none: the name of the file has its own.
 struct RegisteredFileType {
+  const FileType* owner;
   String name;
   String creator;
   String macType;
   String extensions;
 };
 
-/// Makes a type known under its name, for the dialogs that get that name as a filter.
+/// Makes a type known under its name, for the dialogs that get that name as a filter. `owner` tells
+/// types of one name apart.
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
-                             const String& extensions);
+                             const String& extensions, const FileType* owner);
 
-/// Takes the type of that name away.
-void RuntimeDeregisterFileType(const String& name);
+/// Takes away what the owner has registered, under that name. Without a runtime there is nothing.
+void RuntimeDeregisterFileType(const String& name, const FileType* owner);
 
-/// The type of that name, or nil.
+/// The type of that name that was registered first, or nil.
 const RegisteredFileType* findRegisteredFileType(const String& name);
 
 }  // namespace veldrin

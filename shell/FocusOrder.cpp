@@ -12,10 +12,10 @@ void appendInside(const String& parent, std::vector<Ref<RectControl>>& left,
                   std::vector<Ref<RectControl>>& order) {
   const auto inside = std::stable_partition(
       left.begin(), left.end(),
-      [&](const Ref<RectControl>& control) { return !(control->InitialParent == parent); });
+      [&](const Ref<RectControl>& control) { return !(control->InitialParent() == parent); });
   std::vector<Ref<RectControl>> children(inside, left.end());
   left.erase(inside, left.end());
-  std::ranges::stable_sort(children, {}, [](const auto& control) { return control->TabIndex; });
+  std::ranges::stable_sort(children, {}, [](const auto& control) { return control->TabIndex(); });
   for (const Ref<RectControl>& child : children) {
     if (child->takesFocus()) order.push_back(child);
     if (!child->Name.isEmpty()) appendInside(child->Name, left, order);

@@ -1,6 +1,7 @@
 #include "shell/FolderItem.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/uio.h>
 #include <unistd.h>
 
@@ -13,6 +14,8 @@
 #include <system_error>
 #include <utility>
 
+#include "shell/Stop.h"
+
 namespace veldrin {
 namespace {
 
@@ -21,7 +24,7 @@ class SystemFile final : public WritableFile {
   explicit SystemFile(int descriptor) : descriptor_(descriptor) {}
   SystemFile(const SystemFile&) = delete;
   SystemFile& operator=(const SystemFile&) = delete;
-  ~SystemFile() override { ::close(descriptor_); }
+  ~SystemFile() override { close(); }
 
   std::int32_t write(std::string_view text, std::string_view end) override {
     // One piece is cheaper for the system than two, and a line of the calendar is short.
@@ -34,19 +37,34 @@ class SystemFile final : public WritableFile {
     return writeAll(text, end);
   }
 
+  std::int32_t close() final {
+    const int closed = std::exchange(descriptor_, -1);
+    // After an interrupt the descriptor is closed as well.
+    return closed < 0 || ::close(closed) == 0 || errno == EINTR ? 0 : errno;
+  }
+
  private:
   std::int32_t writeAll(std::string_view text, std::string_view end) const {
     while (!text.empty() || !end.empty()) {
       const std::array<iovec, 2> parts{partOf(text), partOf(end)};
       const ssize_t count = end.empty() ? ::write(descriptor_, text.data(), text.size())
                                         : ::writev(descriptor_, parts.data(), 2);
-      if (count < 0 && errno == EINTR) continue;
+      if (count < 0 && !stopIsPending() && (errno == EINTR || waited())) continue;
       if (count <= 0) return count < 0 ? errno : EIO;
       const std::size_t ofText = std::min(static_cast<std::size_t>(count), text.size());
       text.remove_prefix(ofText);
       end.remove_prefix(static_cast<std::size_t>(count) - ofText);
     }
     return 0;
+  }
+
+  /// After a write that failed because the descriptor does not block and its reader is behind:
+  /// waits for the reader. What may go wrong meanwhile is for the next write to tell.
+  [[nodiscard]] bool waited() const {
+    if (errno != EAGAIN && errno != EWOULDBLOCK) return false;
+    pollfd writable{descriptor_, POLLOUT, 0};
+    static_cast<void>(::poll(&writable, 1, -1));
+    return true;
   }
 
   static iovec partOf(std::string_view text) {

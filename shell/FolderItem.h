@@ -20,6 +20,10 @@ class WritableFile {
   /// of the host, with all that came before in the file.
   virtual std::int32_t write(std::string_view text, std::string_view end) = 0;
 
+  /// Closes the file ahead of its end, for what only then comes out. Returns as `write` does;
+  /// nothing may be written afterwards.
+  virtual std::int32_t close() { return 0; }
+
  protected:
   WritableFile() = default;
 };

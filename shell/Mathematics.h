@@ -1,10 +1,19 @@
 #pragma once
 
+#include <cfloat>
 #include <cmath>
 #include <cstdint>
 #include <limits>
 
 namespace veldrin {
+
+// The arithmetic's conditions: doubles of IEEE 754, each operation rounded to a double by itself,
+// and none rearranged.
+#ifdef __FAST_MATH__
+#error "The times go wrong under -ffast-math"
+#endif
+static_assert(std::numeric_limits<double>::is_iec559);
+static_assert(FLT_EVAL_METHOD == 0);
 
 // The mathematical operations of the solar engine. Each hands its argument to the C library
 // unchanged and returns what comes back; angles are radians. The build keeps the compiler from

@@ -3,11 +3,12 @@
 #include <algorithm>
 
 #include "shell/Application.h"
+#include "shell/Menus.h"
 
 namespace veldrin {
 
 void MenuItem::fillTable(ClassTable<MenuItem>& table) {
-  table.event("Action"_s);
+  table.event(Events::Action);
   table.method<&MenuItem::Constructor>("Constructor"_s);
   table.method<&MenuItem::Append>("Append"_s);
   table.method<&MenuItem::Child>("Child"_s);
@@ -17,17 +18,19 @@ void MenuItem::fillTable(ClassTable<MenuItem>& table) {
   table.property<&MenuItem::AutoEnable>("AutoEnable"_s);
   table.property<&MenuItem::Text>("Text"_s);
   table.property<&MenuItem::KeyboardShortcut>("KeyboardShortcut"_s);
+  table.property<&MenuItem::Checked>("Checked"_s);
   table.property<&MenuItem::Enabled>("Enabled"_s);
 }
 
 void QuitMenuItem::fillTable(ClassTable<QuitMenuItem>& table) {
-  table.handles<&QuitMenuItem::Event_Action>("Action"_s);
-  table.event("Action"_s);
+  table.handles<&QuitMenuItem::Event_Action>(Events::Action);
+  table.event(Events::Action);
   table.method<&QuitMenuItem::Event_Action>("Event_Action"_s);
 }
 
 void MenuItem::Append(const Ref<MenuItem>& item) {
   children_.push_back(item);
+  changed();
 }
 
 Ref<MenuItem> MenuItem::Child(const String& name) const {
@@ -46,11 +49,11 @@ Ref<MenuItem> MenuItem::_Lookup(const String& name) const {
 }
 
 bool MenuItem::userChose() {
-  RuntimeStackCheck();
-  const ClassRecord& record = *classRecord();
-  const auto index = static_cast<std::size_t>(FindEvent(record, "Action"_s));
-  const Function handler = record.eventRows[index].handler;
-  return handler != nullptr && reinterpret_cast<bool (*)(Object*)>(handler)(this);
+  return !Enabled() || offerMenuCommand(Ref<MenuItem>(this)) || callHandler(*this, Events::Action);
+}
+
+void MenuItem::changed() const {
+  tellOfMenuItem(*this);
 }
 
 bool QuitMenuItem::Event_Action() {

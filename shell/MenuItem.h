@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "shell/Live.h"
 #include "shell/objects/Described.h"
 
 namespace veldrin {
@@ -11,6 +12,11 @@ class MenuItem : public Described<MenuItem, Object> {
  public:
   static constexpr FixedString FullName = "MenuItem";
   static void fillTable(ClassTable<MenuItem>& table);
+
+  /// The handler of "Action" answers true for handled.
+  struct Events {
+    static constexpr Event<bool()> Action{"Action"_s};
+  };
 
   /// Readies a new item.
   virtual void Constructor() {}
@@ -22,24 +28,37 @@ class MenuItem : public Described<MenuItem, Object> {
   /// The item of that name at any depth below this one, or nil.
   [[nodiscard]] Ref<MenuItem> _Lookup(const String& name) const;
   /// Enables the item until the next time that items are enabled afresh.
-  void Enable() { Enabled = true; }
+  void Enable() { Enabled(true); }
 
   /// The children in their order on the screen.
   [[nodiscard]] const std::vector<Ref<MenuItem>>& children() const { return children_; }
   /// Whether the item is a line between others.
-  [[nodiscard]] bool isSeparator() const { return Text == "-"; }
+  [[nodiscard]] bool isSeparator() const { return Text() == "-"; }
 
-  /// A person has chosen the item: raises "Action". True if a handler says that it is done; else
-  /// what the toolkit does with the item by itself comes next.
+  /// A person has chosen the item. It is offered to `_HandleMenuCommand` of the window in front and
+  /// of the application, to the handler that the window has bound to its name, and to its own
+  /// "Action", until one of them has handled it. True where one has, and for an item that is not
+  /// enabled; else what the toolkit does with the item by itself comes next.
   bool userChose();
 
+  /// A property that the toolkit is told of while the item is in a bar that shows.
+  template <class T>
+  using Live = LiveProperty<MenuItem, T>;
+
   String Name;
-  bool AutoEnable = true;   ///< enabled by the toolkit, as far as the command can be carried out
-  String Text;              ///< "&" marks the letter of the mnemonic; "-" makes a separator
-  String KeyboardShortcut;  ///< such as "Cmd+Q"
-  bool Enabled = true;
+  bool AutoEnable = true;    ///< enabled by the toolkit, as far as the command can be carried out
+  Live<String> Text{*this};  ///< "&" marks the letter of the mnemonic; "-" makes a separator
+  Live<String> KeyboardShortcut{*this};  ///< such as "Cmd+Q"
+  Live<bool> Checked{*this};             ///< shown with a tick
+  Live<bool> Enabled{*this, true};
 
  private:
+  template <class Owner, class T>
+  friend class veldrin::LiveProperty;
+
+  /// Tells the toolkit of a change made by the program.
+  void changed() const;
+
   std::vector<Ref<MenuItem>> children_;
 };
 

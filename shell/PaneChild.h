@@ -6,11 +6,11 @@ namespace veldrin {
 
 class Window;
 
-/// The interface of what lies in a window without being a control. Its second operation gives the
-/// window, a `Ref<Window> (*)(Object*)`.
+/// The interface of what lies in a window without being a control. Its operations give what it lies
+/// in directly, and the window.
 struct _PaneChild : DescribedInterface<_PaneChild> {
   static constexpr FixedString FullName = "_PaneChild";
-  static constexpr std::size_t OperationCount = 2;
+  using Operations = std::tuple<MethodShape<Ref<Object>>, MethodShape<Ref<Window>>>;
 };
 
 }  // namespace veldrin

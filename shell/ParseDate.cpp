@@ -1,17 +1,15 @@
+#include "shell/ParseDate.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <optional>
-#include <string_view>
 
-#include "shell/Date.h"
-#include "shell/Host.h"
 #include "shell/Runtime.h"
 
 namespace veldrin {
 namespace {
 
-// date      = blank* number separator number separator number blank*
+// date      = blank* number separator number separator number "."? blank*
 // separator = blank* mark blank* | blank+
 // mark      = "/" | "." | "-"
 // number    = "-"? digit+
@@ -47,6 +45,14 @@ class Parser {
     return found;
   }
 
+  /// Whether the text ends here, but for a closing point and blanks.
+  bool ends() {
+    if (at_ == end_) return true;
+    if (*at_ == '.') ++at_;
+    skipBlanks();
+    return at_ == end_;
+  }
+
   /// A number of no digits where there is none, or one that no year of 32 bits needs.
   Number number() {
     const bool negative = at_ != end_ && *at_ == '-';
@@ -62,8 +68,6 @@ class Parser {
     const auto magnitude = static_cast<std::int64_t>(value);
     return {negative ? -magnitude : magnitude, digits, negative};
   }
-
-  [[nodiscard]] bool atEnd() const { return at_ == end_; }
 
  private:
   static bool isDigit(char character) { return static_cast<unsigned char>(character - '0') < 10; }
@@ -106,15 +110,14 @@ std::optional<CivilDay> readDate(std::string_view text, const ShortDateForm& for
   const Number second = parser.number();
   const char secondMark = parser.separator();
   const Number third = parser.number();
-  if (firstMark == '\0' || secondMark == '\0') return std::nullopt;
-  parser.skipBlanks();
-  if (!parser.atEnd()) return std::nullopt;
-  const bool iso = first.digits >= 4 && firstMark == '-' && secondMark == '-';
-  if (iso || form.order == ShortDateForm::Order::YearMonthDay) {
-    return dayOf(first, second, third);
-  }
-  if (form.order == ShortDateForm::Order::DayMonthYear) return dayOf(third, second, first);
-  return dayOf(third, first, second);
+  if (firstMark == '\0' || secondMark == '\0' || !parser.ends()) return std::nullopt;
+  using enum ShortDateForm::Order;
+  const bool iso = first.digits >= 4 && firstMark == '-' && secondMark == '-' &&
+                   form != ShortDateForm{YearDayMonth, '-'};
+  if (iso || form.order == YearMonthDay) return dayOf(first, second, third);
+  if (form.order == MonthDayYear) return dayOf(third, first, second);
+  if (form.order == DayMonthYear) return dayOf(third, second, first);
+  return dayOf(first, third, second);
 }
 
 bool ParseDate(const String& text, Ref<Date>& date) {

@@ -1,6 +1,7 @@
+#include "shell/PluginEntries.h"
+
 #include <array>
 
-#include "shell/Process.h"
 #include "shell/Runtime.h"
 
 namespace veldrin {
@@ -53,7 +54,9 @@ Function RuntimeLookupPluginEntrypoint(const String& name) {
        record = record->nextClass) {
     if (!(record->name == rest.substr(0, dot))) continue;
     const PropertyRow* const property = FindProperty(*record, rest.substr(dot + 1));
-    return property == nullptr ? nullptr : property->setter;
+    const bool computed =
+        property != nullptr && property->fieldOffset == 0 && (property->flags & Flags::Shared) == 0;
+    return computed ? property->setter : nullptr;
   }
   return nullptr;
 }

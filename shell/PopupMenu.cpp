@@ -8,7 +8,7 @@
 namespace veldrin {
 
 void PopupMenu::fillTable(ClassTable<PopupMenu>& table) {
-  table.event("Change"_s);
+  table.event(Events::Change);
   table.method<&PopupMenu::List>("List"_s);
   table.method<&PopupMenu::AddRow>("AddRow"_s);
   table.property<String, &PopupMenu::InitialValue, &PopupMenu::InitialValue>("InitialValue"_s);
@@ -33,7 +33,7 @@ void PopupMenu::AddRow(String text) {
 void PopupMenu::ListIndex(std::int32_t row) {
   const bool moved = select(row);
   changed();
-  if (moved) raiseEvent("Change"_s);
+  if (moved) raiseEvent(Events::Change);
 }
 
 String PopupMenu::Text() const {
@@ -54,7 +54,7 @@ void PopupMenu::InitialValue(String rows) {
 }
 
 void PopupMenu::userChose(std::int32_t row) {
-  if (select(row)) raiseEvent("Change"_s);
+  if (Enabled() && select(row)) raiseEvent(Events::Change);
 }
 
 bool PopupMenu::select(std::int32_t row) {

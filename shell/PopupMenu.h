@@ -14,6 +14,12 @@ class PopupMenu final : public Described<PopupMenu, RectControl>, public TextSty
   static constexpr FixedString FullName = "PopupMenu";
   static void fillTable(ClassTable<PopupMenu>& table);
 
+  PopupMenu() : TextStyle(static_cast<Control&>(*this)) {}
+
+  struct Events : RectControl::Events {
+    static constexpr Event<void()> Change{"Change"_s};
+  };
+
   [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(rows_.size()); }
   /// The text of a row, counted from 0. Raises `OutOfBoundsException` where there is none.
   [[nodiscard]] String List(std::int32_t row) const;
@@ -32,7 +38,7 @@ class PopupMenu final : public Described<PopupMenu, RectControl>, public TextSty
   /// Replaces the rows; none is selected afterwards.
   void InitialValue(String rows);
 
-  /// A person has chosen a row.
+  /// A person has chosen a row, which nobody can where the list is disabled.
   void userChose(std::int32_t row);
 
   String DataSource;

@@ -1,14 +1,14 @@
 #include "shell/Process.h"
 
+#include <exception>
 #include <utility>
 
+#include "shell/PluginEntries.h"
 #include "shell/Runtime.h"
+#include "shell/Stop.h"
 #include "shell/Window.h"
 
 namespace veldrin {
-
-// Defined beside the table of the entries.
-void _InitPluginEntrypoints();
 
 namespace {
 
@@ -48,33 +48,88 @@ void _RunFrameworkInitialization(Function startup) {
   Runtime::current().startup = startup;
 }
 
-/// The start-up function and the event loop. What either raises comes out of here.
+/// Runs the event loop once. True where the application has ended by that: an exception that it
+/// deals with lets the loop go on, and so does a window that does not close for the system.
+bool eventLoopEnds() {
+  Runtime& runtime = Runtime::current();
+  bool ends = true;
+  try {
+    runtime.toolkit.run();
+  } catch (const Raised& raised) {
+    const bool isStop =
+        askedToStop() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
+    if (isStop) {
+      if (!runtime.incomplete.isEmpty()) _UnhandledException(raised.exception);
+      return endApplication();
+    }
+    if (!runtime.application || !runtime.application->dealsWith(raised.exception)) throw;
+    runtime.incomplete = String();
+    ends = false;
+  }
+  return takeStop() ? endApplication() : ends;
+}
+
+/// The start-up function, the application's "Open" and the event loop. What they raise comes out of
+/// here.
 void _RuntimeRun() {
   Runtime& runtime = Runtime::current();
   if (const Function startup = std::exchange(runtime.startup, nullptr)) startup();
-  runtime.toolkit.run();
+  if (runtime.application) callHandler(*runtime.application, Application::Events::Open);
+  while (!eventLoopEnds()) {
+  }
 }
 
-/// The start-up and the event loop, under the one handler of the whole program.
-void _Main() {
+void reportFault(std::string_view sentence) {
+  Runtime::current().exitStatus = 1;
+  Runtime::current().toolkit.reportFault(String(sentence));
+}
+
+/// Runs a step of the process and reports whatever it throws. True if nothing was thrown.
+bool succeeds(void (*step)()) {
   try {
-    // The delegate has done its part once its target is known.
+    step();
+    return true;
+  } catch (const Raised& raised) {
+    _UnhandledException(raised.exception);
+  } catch (const std::exception& failure) {
+    reportFault(failure.what());
+  } catch (...) {
+    reportFault("An unknown error occurred.");
+  }
+  return false;
+}
+
+/// The same for a report that may fail as well.
+bool survives(void (*step)()) {
+  try {
+    if (succeeds(step)) return true;
+  } catch (...) {
+    // The report itself has failed, as it may without memory: the status has to say it alone.
+    Runtime::current().exitStatus = 1;
+  }
+  return false;
+}
+
+/// The start-up and the event loop, and behind them the application's "Close".
+void _Main() {
+  survives([] {
+    // Only the delegate's target is needed.
     _RunFrameworkInitialization(
         RuntimeCreateDelegate(&Delegate::Invoke, &_Startup, nullptr, DelegateSignature)->target());
     _RuntimeRun();
-  } catch (const Raised& raised) {
-    _UnhandledException(raised.exception);
-  } catch (const FatalFault& fault) {
-    Runtime::current().exitStatus = 1;
-    Runtime::current().toolkit.reportFault(String(fault.what()));
-  }
+  });
+  survives([] {
+    const Ref<Application> application = Runtime::current().application;
+    if (application) callHandler(*application, Application::Events::Close);
+  });
 }
 
 /// Takes the runtime's own references down and gives the exit status of the process.
 int RuntimeExit() {
+  constexpr int OfSignals = 128;  // as shells count
   Runtime& runtime = Runtime::current();
   runtime.application = nullptr;
-  return runtime.exitStatus;
+  return askedToStop() != 0 ? OfSignals + askedToStop() : runtime.exitStatus;
 }
 
 }  // namespace
@@ -90,10 +145,10 @@ void _Startup() {
 
 int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts) {
   Runtime runtime(host, toolkit);  // RuntimeInit
+  const StopWatch watch;
   runtime.parts = &parts;
-  parts.initialize();
-  _Main();
-  parts.finalize();
+  if (survives(parts.initialize)) _Main();
+  survives(parts.finalize);
   return RuntimeExit();
 }
 

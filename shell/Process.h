@@ -18,17 +18,12 @@ struct ApplicationParts {
 
 /// The path of a process on a machine and a toolkit, which is what `main` of both programs comes
 /// to: `RuntimeInit`, `% initialize`, `_Main`, `% finalize`, `RuntimeExit`. Its result is the exit
-/// status: 0, or 1 after an exception that nothing caught, which has been reported by then.
+/// status: 0; 1 after an exception that nothing caught, which has been reported by then; 128 and
+/// the number of the signal where the system has asked the process to end. Every exception counts,
+/// those of the library as well; whichever step fails, the steps of the end run.
 int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts);
 
 /// The six steps of the start-up, in order. They catch nothing.
 void _Startup();
-
-/// The number of plug-in entries that the start-up asks for.
-inline constexpr std::int32_t PluginEntryCount = 29;
-
-/// The implementation of a control's operation by its name, such as "Placard.Value.Set"; nil for
-/// what this build does not have.
-Function RuntimeLookupPluginEntrypoint(const String& name);
 
 }  // namespace veldrin

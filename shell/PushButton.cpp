@@ -3,7 +3,7 @@
 namespace veldrin {
 
 void PushButton::fillTable(ClassTable<PushButton>& table) {
-  table.event("Action"_s);
+  table.event(Events::Action);
   table.property<&PushButton::Caption>("Caption"_s);
   table.property<&PushButton::Default>("Default"_s);
   table.property<&PushButton::Cancel>("Cancel"_s);

@@ -11,12 +11,18 @@ class PushButton final : public Described<PushButton, RectControl>, public TextS
   static constexpr FixedString FullName = "PushButton";
   static void fillTable(ClassTable<PushButton>& table);
 
-  /// A person has pressed the button.
-  void userPressed() { raiseEvent("Action"_s); }
+  PushButton() : TextStyle(static_cast<Control&>(*this)) {}
 
-  String Caption;
-  bool Default = false;  ///< the Return key presses it
-  bool Cancel = false;   ///< the Escape key presses it
+  struct Events : RectControl::Events {
+    static constexpr Event<void()> Action{"Action"_s};
+  };
+
+  /// A person has pressed the button.
+  void userPressed() { raiseForPerson(Events::Action); }
+
+  Live<String> Caption{*this};
+  Live<bool> Default{*this};  ///< the Return key presses it
+  Live<bool> Cancel{*this};   ///< the Escape key presses it
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }

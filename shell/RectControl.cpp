@@ -3,7 +3,7 @@
 namespace veldrin {
 
 void RectControl::fillTable(ClassTable<RectControl>& table) {
-  table.event("LostFocus"_s);
+  table.event(Events::LostFocus);
   table.method<&RectControl::Constructor>("Constructor"_s);
   table.property<&RectControl::Left>("Left"_s);
   table.property<&RectControl::Top>("Top"_s);

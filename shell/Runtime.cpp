@@ -3,6 +3,7 @@
 #include <cassert>
 #include <csignal>
 
+#include "shell/BackgroundTask.h"
 #include "shell/Window.h"
 #include "shell/objects/Stack.h"
 
@@ -11,6 +12,7 @@ namespace veldrin {
 Runtime::Runtime(Host& machine, Toolkit& drawing) : host(machine), toolkit(drawing) {
   assert(current_ == nullptr);
   current_ = this;
+  detail::yieldingToolkit = &drawing;
   measureStack();
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
@@ -20,6 +22,7 @@ Runtime::~Runtime() {
   _WindowSupport.mDirtyWindows = nullptr;
   _WindowSupport.Windows.clear();
   application = nullptr;
+  detail::yieldingToolkit = nullptr;
   current_ = nullptr;
 }
 

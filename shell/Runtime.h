@@ -27,6 +27,8 @@ class Runtime {
 
   /// The one that exists; having none is a fault of the program.
   static Runtime& current() { return *current_; }
+  /// Whether there is one; an object may outlive it.
+  static bool exists() { return current_ != nullptr; }
 
   Host& host;
   Toolkit& toolkit;
@@ -43,16 +45,12 @@ class Runtime {
   const ApplicationParts* parts = nullptr;  ///< of the process that runs, if one does
   Function startup = nullptr;               ///< what runs once, ahead of the event loop
   std::vector<Function> pluginEntries;      ///< in the order of their names
+  String incomplete;   ///< the path of a file whose writing an exception has ended; for the report
   int exitStatus = 0;  ///< of the process; 1 after an exception that nothing caught
 
  private:
+  OutOfMemoryRaiser outOfMemoryRaiser_;
   static inline Runtime* current_ = nullptr;
 };
-
-/// The cooperative yield: every loop calls it once in each pass, at the end of the pass. It lets
-/// the toolkit repaint and never delivers what a user does, so no handler runs inside another.
-inline void RuntimeBackgroundTask() {
-  Runtime::current().toolkit.backgroundTask();
-}
 
 }  // namespace veldrin

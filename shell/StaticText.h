@@ -12,17 +12,14 @@ class StaticText final : public Described<StaticText, RectControl>, public TextS
   static constexpr FixedString FullName = "StaticText";
   static void fillTable(ClassTable<StaticText>& table);
 
-  [[nodiscard]] String Text() const { return text_; }
-  void Text(String text);
+  StaticText() : TextStyle(static_cast<Control&>(*this)) {}
 
-  std::int32_t TextAlign = 0;  ///< 0 left, 1 centre, 2 right
-  Color TextColor = Black;
-  bool MultiLine = false;
+  Live<String> Text{*this};
+  Live<std::int32_t> TextAlign{*this};  ///< 0 left, 1 centre, 2 right
+  Live<Color> TextColor{*this, Black};
+  Live<bool> MultiLine{*this};
   String DataSource;
   String DataField;
-
- private:
-  String text_;
 };
 
 }  // namespace veldrin

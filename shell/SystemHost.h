@@ -1,8 +1,9 @@
 #pragma once
 
-#include <string_view>
+#include <optional>
 
 #include "shell/Host.h"
+#include "shell/LocaleTexts.h"
 
 namespace veldrin {
 
@@ -14,16 +15,15 @@ class SystemHost final : public Host {
 
   [[nodiscard]] std::int64_t now() const override;
   [[nodiscard]] CivilMoment localTime(std::int64_t moment) const override;
+  [[nodiscard]] double offsetAt(std::int64_t moment) const override;
   /// 0 for a moment that the system's own calendar cannot hold.
   [[nodiscard]] double gmtOffset(const CivilMoment& moment) const override;
   [[nodiscard]] ShortDateForm shortDateForm() const override { return form_; }
+  [[nodiscard]] std::string text(DateText which, const CivilMoment& moment) const override;
 
  private:
   ShortDateForm form_;
+  mutable std::optional<LocaleTexts> texts_;  ///< made on first need, since few starts need them
 };
-
-/// The form that a pattern of strftime describes, such as "%d.%m.%Y"; month/day/year with "/" for a
-/// pattern that does not name all three numbers.
-ShortDateForm shortDateFormOf(std::string_view pattern);
 
 }  // namespace veldrin

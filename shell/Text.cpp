@@ -70,8 +70,7 @@ constexpr auto twoDigits(std::index_sequence<Number...> /*numbers*/) {
     text.characters[0] = static_cast<char>('0' + value);
     return text;
   };
-  return std::array{StringConstant(
-      &ConstantString<digit(Number / 10) + digit(Number % 10), Encoding::UTF8>::record)...};
+  return std::array{ConstantText<digit(Number / 10) + digit(Number % 10)>...};
 }
 constexpr auto TwoDigits = twoDigits(std::make_index_sequence<100>());
 
@@ -105,8 +104,15 @@ double longNumber(std::string_view mantissa, std::string_view exponent) {
 std::optional<NumberPrefix> readNumber(std::string_view text) {
   std::size_t start = 0;
   while (start < text.size() && (text[start] == ' ' || text[start] == '\t')) ++start;
-  const bool negative = start < text.size() && text[start] == '-';
-  if (start < text.size() && isSign(text[start])) ++start;
+  constexpr std::string_view Minus = "\u2212";
+  const char front = start < text.size() ? text[start] : '\0';
+  bool negative = front == '-';
+  if (isSign(front)) {
+    ++start;
+  } else if (front == Minus.front() && text.substr(start).starts_with(Minus)) {
+    negative = true;
+    start += Minus.size();
+  }
   const Mantissa mantissa = readMantissa(text, start);
   if (mantissa.digits == 0) return std::nullopt;
   const std::size_t end = exponentEnd(text, mantissa.end);
@@ -135,7 +141,9 @@ String Str(std::int32_t value) {
 }
 
 String Format(double value, const String& pattern) {
-  if (value >= 0.0 && value < 100.0 && pattern == "00") {
+  constexpr StringConstant Usual = "00"_s;
+  const bool usual = pattern.record() == Usual.record() || pattern == Usual.view();
+  if (usual && value >= 0.0 && value < 100.0) {
     const auto whole = static_cast<std::uint32_t>(value);
     if (whole == value) return TwoDigits[whole];
   }

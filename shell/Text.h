@@ -10,10 +10,11 @@ namespace veldrin {
 
 // Numbers as text and back. Nothing here asks the C locale: "47.5" is read on every desktop.
 //
-//   number   = blank* sign? mantissa exponent?
+//   number   = blank* (sign | minus)? mantissa exponent?
 //   mantissa = digit+ ("." digit*)? | "." digit+
 //   exponent = ("e" | "E") sign? digit+
 //   sign     = "+" | "-"           blank = " " | tab
+//   minus    = U+2212 in UTF-8, the minus sign of web pages; an exponent has none
 
 /// A number at the start of a text, and how many bytes it took, blanks before it included.
 struct NumberPrefix {

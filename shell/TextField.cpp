@@ -5,7 +5,7 @@
 namespace veldrin {
 
 void TextField::fillTable(ClassTable<TextField>& table) {
-  table.property<String, &TextField::Text, &TextField::Text>("Text"_s);
+  table.property<&TextField::Text>("Text"_s);
   table.property<&TextField::Border>("Border"_s);
   table.property<&TextField::Password>("Password"_s);
   table.property<&TextField::UseFocusRing>("UseFocusRing"_s);
@@ -23,13 +23,8 @@ void TextField::fillTable(ClassTable<TextField>& table) {
   table.property<&TextField::DataField>("DataField"_s);
 }
 
-void TextField::Text(String text) {
-  text_ = std::move(text);
-  changed();
-}
-
 void TextField::userTyped(String text) {
-  text_ = std::move(text);
+  if (Enabled() && !ReadOnly()) Text.keep(std::move(text));
 }
 
 }  // namespace veldrin

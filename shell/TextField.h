@@ -13,32 +13,32 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
   static constexpr FixedString FullName = "TextField";
   static void fillTable(ClassTable<TextField>& table);
 
-  /// The present text, with what the person has typed.
-  [[nodiscard]] String Text() const { return text_; }
-  void Text(String text);
+  TextField() : TextStyle(static_cast<Control&>(*this)) {}
 
-  /// A person has changed the text to this.
+  /// The present text, with what the person has typed.
+  Live<String> Text{*this};
+
+  /// A person has changed the text to this, which no event tells of. Nobody can type into a field
+  /// that is disabled or only to be read.
   void userTyped(String text);
 
-  bool Border = true;
-  bool Password = false;
-  bool UseFocusRing = true;
-  Color TextColor = Black;
-  Color BackColor = White;
-  String Format;
-  String CueText;
-  String Mask;
-  bool ReadOnly = false;
-  std::int32_t LimitText = 0;  ///< characters; 0 for no limit
-  bool AcceptTabs = false;
-  std::int32_t Alignment = 0;  ///< 0 the default, left
+  Live<bool> Border{*this, true};
+  Live<bool> Password{*this};
+  Live<bool> UseFocusRing{*this, true};
+  Live<Color> TextColor{*this, Black};
+  Live<Color> BackColor{*this, White};
+  Live<String> Format{*this};
+  Live<String> CueText{*this};
+  Live<String> Mask{*this};
+  Live<bool> ReadOnly{*this};
+  Live<std::int32_t> LimitText{*this};  ///< characters that a person can type; 0 for no limit
+  Live<bool> AcceptTabs{*this};
+  Live<std::int32_t> Alignment{*this};  ///< 0 the default, which is left; 1 left, 2 centre, 3 right
   String DataSource;
   String DataField;
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }
-
-  String text_;
 };
 
 }  // namespace veldrin

@@ -1,8 +1,10 @@
 #include "shell/TextOutputStream.h"
 
 #include <cerrno>
+#include <exception>
 #include <utility>
 
+#include "shell/Runtime.h"
 #include "shell/objects/Failure.h"
 
 namespace veldrin {
@@ -28,6 +30,7 @@ Ref<TextOutputStream> FolderItemCreateTextFile(const Ref<FolderItem>& item) {
   std::unique_ptr<WritableFile> file = item->create();
   if (file == nullptr) return nullptr;
   Ref<TextOutputStream> stream = New<TextOutputStream>();
+  stream->item_ = item;
   stream->file_ = std::move(file);
   return stream;
 }
@@ -38,6 +41,11 @@ Ref<TextOutputStream> TextOutputStream::Create(const Ref<FolderItem>& item) {
   if (!stream) Raise<IOException>(item->LastErrorCode);
   stream->UseIOExceptions = true;
   return stream;
+}
+
+void TextOutputStream::__Exit() {
+  if (!Runtime::exists() || file_ == nullptr || std::uncaught_exceptions() == 0) return;
+  Runtime::current().incomplete = item_->AbsolutePath();
 }
 
 void* TextOutputStream::Handle(std::int32_t /*type*/) const {

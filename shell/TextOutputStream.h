@@ -23,6 +23,9 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
 
   /// Readies a stream that writes to nothing yet.
   void Constructor() {}
+  /// A stream that an exception ends before it is closed leaves its file incomplete, which is noted
+  /// for the report of that exception.
+  void __Exit();
 
   /// Writes the text and behind it the delimiter. Raises `IOException` where the system refuses,
   /// as `Write` does.
@@ -52,6 +55,7 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
   void write(std::string_view text, std::string_view end);
   void CheckForError() const;
 
+  Ref<FolderItem> item_;  ///< what the stream was made for
   std::unique_ptr<WritableFile> file_;
   std::int32_t lastErrorCode_ = 0;
 };

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "shell/Control.h"
 #include "shell/objects/ClassTable.h"
-#include "shell/objects/String.h"
 
 namespace veldrin {
 
@@ -15,12 +15,20 @@ inline constexpr FixedString EnumFullName<FontUnits> = "FontUnits";
 
 /// The settings of type that every control with a text has.
 struct TextStyle {
-  String TextFont;
-  float TextSize = 0.0F;  ///< in `TextUnit`; 0 for the font's default size
-  FontUnits TextUnit = FontUnits::Default;
-  bool Bold = false;
-  bool Italic = false;
-  bool Underline = false;
+  explicit TextStyle(Control& control)
+      : TextFont(control),
+        TextSize(control),
+        TextUnit(control),
+        Bold(control),
+        Italic(control),
+        Underline(control) {}
+
+  Control::Live<String> TextFont;
+  Control::Live<float> TextSize;  ///< in `TextUnit`; 0 for the font's default size
+  Control::Live<FontUnits> TextUnit;
+  Control::Live<bool> Bold;
+  Control::Live<bool> Italic;
+  Control::Live<bool> Underline;
 };
 
 /// The rows of the settings of type, for the table of a control that has them.

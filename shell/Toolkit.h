@@ -25,13 +25,20 @@ class Toolkit {
   /// A window has been closed and is about to give up its controls.
   virtual void windowClosed(Window& window) = 0;
 
-  /// The program has changed the text, the tick, the rows or the selection of a control in an open
-  /// window. Everything else of a control stays as the form has it.
+  /// The program has changed a control in an open window: a property, its rows or its selection.
+  /// The toolkit follows what it draws.
   virtual void controlChanged(Control& control) = 0;
 
-  /// Which menu items are enabled has been worked out afresh. The editing commands go by the
-  /// focused field besides, as the desktop has it.
-  virtual void menuItemsEnabled() = 0;
+  /// The program has changed a property of an open window, such as its title or its bar of menus.
+  virtual void windowChanged(Window& window) = 0;
+
+  /// The program has changed the application's bar, or the items of a bar that shows: their tree,
+  /// their texts, their ticks, or which are enabled. The editing commands go by the focused field
+  /// besides, as the desktop has it.
+  virtual void menusChanged() = 0;
+
+  /// Whether the desktop has a menu bar of its own, which stands when no window does.
+  [[nodiscard]] virtual bool hasOwnMenuBar() const = 0;
 
   /// Shows the modal save dialog and waits: the place that was chosen, or nil for cancelled.
   /// `filter` names file types, joined by ";"; an existing file is confirmed in the dialog.
@@ -40,7 +47,8 @@ class Toolkit {
   /// Shows a text in a message box and returns when it has been dismissed.
   virtual void messageBox(const String& text) = 0;
 
-  /// Runs the event loop until `quit`. What a handler raises comes out of here.
+  /// Runs the event loop until `quit`, or until `stopDescriptor` can be read. What a handler raises
+  /// comes out of here, and the loop can be run again.
   virtual void run() = 0;
 
   /// Ends the event loop when the handler at hand has run to its end.
@@ -49,8 +57,11 @@ class Toolkit {
   /// Repaints what waits for it. Called often, from inside of handlers; delivers no user input.
   virtual void backgroundTask() = 0;
 
-  /// Reports an exception that nothing caught, to a person and to whoever reads the errors.
-  virtual void reportUnhandledException(const RuntimeException& exception) = 0;
+  /// Reports an exception that nothing caught, to a person and to whoever reads the errors; where
+  /// it is the `EndException` of a process that the system ends, only to the latter. `sentence`
+  /// says what has happened, with no full stop.
+  virtual void reportUnhandledException(const RuntimeException& exception,
+                                        const String& sentence) = 0;
 
   /// Reports a fault of the build, which ends the process.
   virtual void reportFault(const String& sentence) = 0;

@@ -3,46 +3,21 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/Application.h"
+#include "shell/BackgroundTask.h"
+#include "shell/Menus.h"
 #include "shell/Runtime.h"
-#include "shell/objects/NewArray.h"
 
 namespace veldrin {
 
 void Window::fillTable(ClassTable<Window>& table) {
-  for (const StringConstant name : {"Layout"_s,
-                                    "CreateControls"_s,
-                                    "AddMenuHandlers"_s,
-                                    "SetupBindings"_s,
-                                    "Open"_s,
-                                    "Close"_s,
-                                    "CancelClose"_s,
-                                    "KeyDown"_s,
-                                    "KeyUp"_s,
-                                    "MouseMove"_s,
-                                    "MouseEnter"_s,
-                                    "MouseExit"_s,
-                                    "Paint"_s,
-                                    "MouseDown"_s,
-                                    "MouseDrag"_s,
-                                    "MouseUp"_s,
-                                    "EnableMenuItems"_s,
-                                    "Resized"_s,
-                                    "Resizing"_s,
-                                    "Moved"_s,
-                                    "DropObject"_s,
-                                    "Activate"_s,
-                                    "Deactivate"_s,
-                                    "Minimize"_s,
-                                    "Maximize"_s,
-                                    "Restore"_s,
-                                    "MouseWheel"_s,
-                                    "ConstructContextualMenu"_s,
-                                    "ContextualMenuAction"_s,
-                                    "DragEnter"_s,
-                                    "DragExit"_s,
-                                    "DragOver"_s}) {
-    table.event(name);
-  }
+  using E = Events;
+  table.event(E::Layout, E::CreateControls, E::AddMenuHandlers, E::SetupBindings, E::Open, E::Close,
+              E::CancelClose, E::KeyDown, E::KeyUp, E::MouseMove, E::MouseEnter, E::MouseExit,
+              E::Paint, E::MouseDown, E::MouseDrag, E::MouseUp, E::EnableMenuItems, E::Resized,
+              E::Resizing, E::Moved, E::DropObject, E::Activate, E::Deactivate, E::Minimize,
+              E::Maximize, E::Restore, E::MouseWheel, E::ConstructContextualMenu,
+              E::ContextualMenuAction, E::DragEnter, E::DragExit, E::DragOver);
   table.method<&Window::Constructor>("Constructor"_s);
   table.slot<&Window::__New>();
   table.method<&Window::_AddControl>("_AddControl"_s);
@@ -54,7 +29,7 @@ void Window::fillTable(ClassTable<Window>& table) {
   table.method<&Window::_AddMenuHandler>("_AddMenuHandler"_s);
   table.method<&Window::_EnableMenuItems>("_EnableMenuItems"_s);
   table.method<&Window::_HandleMenuCommand>("_HandleMenuCommand"_s);
-  table.property<Ref<veldrin::MenuBar>, &Window::MenuBar, &Window::MenuBar>("MenuBar"_s);
+  table.property<&Window::MenuBar>("MenuBar"_s);
   table.property<&Window::Placement>("Placement"_s);
   table.property<&Window::Width>("Width"_s);
   table.property<&Window::Height>("Height"_s);
@@ -87,35 +62,61 @@ void Window::__Exit() {
   for (const Ref<Control>& control : std::vector(_mControlList)) _RemoveControl(control);
 }
 
+void Window::changed() {
+  if (open_) Runtime::current().toolkit.windowChanged(*this);
+}
+
 void Window::_AddDirtyWindow() {
+  if (closed_) return;
   Ref<Dictionary>& dirty = Runtime::current()._WindowSupport.mDirtyWindows;
   if (!dirty) dirty = New<Dictionary>();
   dirty->Value(Ref<Object>(this), true);
 }
 
 void Window::Constructor() {
-  raiseEvent("Layout"_s);
-  raiseEvent("CreateControls"_s);
-  raiseEvent("AddMenuHandlers"_s);
-  raiseEvent("SetupBindings"_s);
-  for (const Ref<Control>& control : std::vector(_mControlList)) control->raiseEvent("Open"_s);
-  raiseEvent("Open"_s);
-  open_ = true;
-  Runtime::current().toolkit.windowOpened(*this);
+  const Ref<Window> self(this);
+  try {
+    raiseTheOpening();
+    if (closed_) return;
+    open_ = true;
+    Runtime::current().toolkit.windowOpened(*this);
+  } catch (...) {
+    for (const Ref<Control>& control : std::vector(_mControlList)) _RemoveControl(control);
+    leave();
+    throw;
+  }
+}
+
+void Window::raiseTheOpening() {
+  using E = Events;
+  for (const auto& event : {E::Layout, E::CreateControls, E::AddMenuHandlers, E::SetupBindings}) {
+    if (!closed_) callHandler(*this, event);
+  }
+  for (const Ref<Control>& control : std::vector(_mControlList)) {
+    if (!closed_) control->raiseEvent(Control::Events::Open);
+  }
+  if (!closed_) callHandler(*this, E::Open);
 }
 
 void Window::_AddControl(const String& name, const Ref<Object>& control) {
   const Ref<Control> added = CheckCast<Control>(control);
-  added->Window(this);
+  const Ref<Window> before = added->Window();
+  if (before && before.get() != this) before->_RemoveControl(added);
+  added->moveTo(this);
   added->Name = name;
-  _mControlNames.push_back(name);
+  const auto same = std::ranges::find(_mControlNames, name);
+  places_ = {};
+  _mControlNames.push_back(same == _mControlNames.end() ? name : String(*same));
   _mControlList.push_back(added);
 }
 
 void Window::_RemoveControl(const Ref<Control>& control) {
-  if (control && control->Window() == Ref<Window>(this)) control->Window(nullptr);
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the list may own the reference.
+  const Ref<Control> removed = control;
+  places_ = {};
+  if (removed && removed->Window().get() == this) removed->moveTo(nullptr);
   for (std::size_t index = _mControlList.size(); index-- > 0;) {
-    if (_mControlList[index] != control) continue;
+    if (_mControlList[index] != removed) continue;
     const auto place = static_cast<std::ptrdiff_t>(index);
     _mControlNames.erase(_mControlNames.begin() + place);
     _mControlList.erase(_mControlList.begin() + place);
@@ -135,6 +136,8 @@ void leaveRuntime(const Ref<Window>& window) {
     }
     RuntimeBackgroundTask();
   }
+  const Ref<Dictionary>& dirty = runtime._WindowSupport.mDirtyWindows;
+  if (dirty && dirty->HasKey(Ref<Object>(window))) dirty->Remove(Ref<Object>(window));
   const Ref<Dictionary>& implicitWindows = runtime._mImplicitWindowList;
   const String& name = window->classRecord()->name;
   if (implicitWindows && implicitWindows->Lookup(name, Variant()) == Variant(window)) {
@@ -142,40 +145,62 @@ void leaveRuntime(const Ref<Window>& window) {
   }
 }
 
+/// Sets a mark for as long as it lives.
+class Mark {
+ public:
+  explicit Mark(bool& mark) : mark_(mark) { mark_ = true; }
+  Mark(const Mark&) = delete;
+  Mark& operator=(const Mark&) = delete;
+  ~Mark() { mark_ = false; }
+
+ private:
+  bool& mark_;
+};
+
 }  // namespace
 
 bool Window::_UnifiedClose(bool quitting) {
   const Ref<Window> self(this);
-  using CancelClose = bool (*)(Object*, bool);
-  if (const Function handler = handlerOf("CancelClose"_s);
-      handler != nullptr && reinterpret_cast<CancelClose>(handler)(this, quitting)) {
-    return false;
-  }
-  raiseEvent("Close"_s);
+  if (closed_ || closing_) return closed_;
+  const Mark closing(closing_);
+  if (callHandler(*this, Events::CancelClose, quitting)) return false;
+  userTurnedTo(false);
+  callHandler(*this, Events::Close);
   if (std::exchange(open_, false)) Runtime::current().toolkit.windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
     RuntimeBackgroundTask();
   }
-  _mControlNames.clear();
-  _mControlList.clear();
-  _mMenuHandlers = nullptr;  // a handler may be bound to this very window
-  leaveRuntime(self);
+  leave();
+  if (!quitting) endWithTheLastWindow();
   return true;
 }
 
-void Window::MenuBar(Ref<veldrin::MenuBar> bar) {
-  menuBar_ = std::move(bar);
+void Window::leave() {
+  closed_ = true;
+  if (std::exchange(open_, false)) Runtime::current().toolkit.windowClosed(*this);
+  places_ = {};
+  _mControlNames.clear();
+  _mControlList.clear();
+  _mMenuHandlers = nullptr;  // a handler may be bound to this very window
+  leaveRuntime(Ref<Window>(this));
 }
 
 void Window::_CallActivated() {
-  raiseEvent("Activate"_s);
+  active_ = true;
+  callHandler(*this, Events::Activate);
   EnableMenuItems();
 }
 
 void Window::_CallDeactivated() {
-  raiseEvent("Deactivate"_s);
+  active_ = false;
+  callHandler(*this, Events::Deactivate);
   EnableMenuItems();
+}
+
+void Window::userTurnedTo(bool active) {
+  if (active == active_) return;
+  active ? _CallActivated() : _CallDeactivated();
 }
 
 void Window::_AddMenuHandler(const String& name, const Ref<Delegate>& handler) {
@@ -183,65 +208,45 @@ void Window::_AddMenuHandler(const String& name, const Ref<Delegate>& handler) {
   _mMenuHandlers->Value(name, handler);
 }
 
+bool Window::callMenuHandler(const String& name) {
+  if (!_mMenuHandlers) return false;
+  const auto handler = fromVariant<Ref<Delegate>>(_mMenuHandlers->Lookup(name, Variant()));
+  if (!handler) return false;
+  handler->call();
+  return true;
+}
+
 void Window::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items) {
-  raiseEvent("EnableMenuItems"_s);
+  callHandler(*this, Events::EnableMenuItems);
   for (const Ref<MenuItem>& item : items->elements) {
     if (_mMenuHandlers && _mMenuHandlers->HasKey(item->Name)) item->Enable();
     RuntimeBackgroundTask();
   }
 }
 
-Function Window::handlerOf(const String& event) const {
-  const ClassRecord& record = *classRecord();
-  return record.eventRows.at(static_cast<std::size_t>(FindEvent(record, event))).handler;
-}
-
-void Window::raiseEvent(const String& event) {
-  RuntimeStackCheck();
-  if (const Function handler = handlerOf(event); handler != nullptr) {
-    reinterpret_cast<EventHandler>(handler)(this);
-  }
-}
-
-namespace {
-
-/// The item and all below it that are no separators, each first set to what `AutoEnable` says.
-void gatherItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
-  RuntimeStackCheck();
-  for (const Ref<MenuItem>& child : item.children()) {
-    if (child->isSeparator()) continue;
-    child->Enabled = child->AutoEnable;
-    items.push_back(child);
-    gatherItems(*child, items);
-  }
-}
-
-}  // namespace
-
-void EnableMenuItems() {
-  Runtime& runtime = Runtime::current();
-  const auto& windows = runtime._WindowSupport.Windows;
-  const Ref<Window> window = windows.empty() ? nullptr : windows.back();
-  Ref<MenuBar> bar = window ? window->MenuBar() : nullptr;
-  if (!bar && runtime.application) bar = runtime.application->MenuBar();
-  if (!bar) return;
-  std::vector<Ref<MenuItem>> items;
-  gatherItems(*bar, items);
-  const Ref<Array<Ref<MenuItem>>> all = newArray(std::move(items));
-  if (window) window->_EnableMenuItems(all);
-  if (runtime.application) runtime.application->_EnableMenuItems(all);
-  runtime.toolkit.menuItemsEnabled();
+Ref<Window> frontWindow() {
+  const auto& windows = Runtime::current()._WindowSupport.Windows;
+  const auto active =
+      std::ranges::find_if(windows, [](const auto& each) { return each->isActive(); });
+  if (active != windows.end()) return *active;
+  return windows.empty() ? nullptr : windows.back();
 }
 
 Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name) {
   const auto& names = window._mControlNames;
-  // The names of the program are constants: nearly always it is the very same record.
-  auto found =
-      std::find_if(names.begin(), names.end(),
-                   [record = name.record()](const String& own) { return own.record() == record; });
-  if (found == names.end()) found = std::ranges::find(names, name);
-  if (found == names.end()) return nullptr;
-  return window._mControlList[static_cast<std::size_t>(found - names.begin())];
+  // The names of the program are constants, so nearly always it is the very same record as the last
+  // time, in the same place.
+  const auto address = reinterpret_cast<std::uintptr_t>(name.record());
+  std::uint8_t& hint = window.places_[address / alignof(StringRecord) % window.places_.size()];
+  if (hint != 0 && names[hint - 1U].record() == name.record()) {
+    return window._mControlList[hint - 1U];
+  }
+  // From the end, as the newest control has the name.
+  const auto found = std::find(names.rbegin(), names.rend(), name);
+  if (found == names.rend()) return nullptr;
+  const auto place = static_cast<std::size_t>(names.rend() - found);
+  if (place <= UINT8_MAX) hint = static_cast<std::uint8_t>(place);
+  return window._mControlList[place - 1];
 }
 
 Ref<Window> _GetImplicitWindow(const String& className) {

@@ -1,6 +1,6 @@
 #include "daystatus/Veldrin.h"
+#include "shell/BackgroundTask.h"
 #include "shell/Mathematics.h"
-#include "shell/Runtime.h"
 
 namespace veldrin {
 

@@ -62,6 +62,30 @@ TEST_F(FileTypeTest, IsDeregisteredUnderItsOldNameByEveryWriteAndAtItsEnd) {
   EXPECT_THAT(registered(), ElementsAre());
 }
 
+TEST_F(FileTypeTest, TypesOfOneNameComeAndGoByThemselves) {
+  const Ref<FileType> first = named("calendar"_s);
+  const Ref<FileType> second = named("calendar"_s);
+  first->MacCreator("first"_s);
+  second->MacCreator("second"_s);
+  first->Register();
+  second->Register();
+  first->Deregister();
+  ASSERT_THAT(registered(), ElementsAre("calendar"));
+  EXPECT_EQ(text(findRegisteredFileType("calendar"_s)->creator), "second");
+}
+
+TEST(FileTypeEndTest, ATypeMayOutliveTheRuntime) {
+  Ref<FileType> type;
+  {
+    const std::unique_ptr<Person> person = newPerson();
+    FakeHost host;
+    const Runtime runtime(host, person->toolkit());
+    type = New<FileType>();
+    type->Register();
+  }
+  type = nullptr;
+}
+
 TEST_F(FileTypeTest, SumsNameBothTypesInOrderAndRegisterThem) {
   const Ref<FileType> own = named("own"_s);
   const Ref<FileType> other = named("other"_s);

@@ -7,7 +7,7 @@
 
 #include "shell/FocusOrder.h"
 #include "tests/support/BoundEvent.h"
-#include "tests/support/FormLiterals.h"
+#include "tests/support/Form.h"
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {
@@ -26,24 +26,25 @@ Ref<Control> control(const Window& view, std::string_view name) {
 using FormTest = WindowTest;
 
 TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
-  for (const FormEntry& entry : entriesOf(WindowLiteral)) {
-    EXPECT_EQ(valueOf(window(), entry.key), entry.value) << entry.key;
-  }
   const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
-  ASSERT_EQ(window()->controls().size(), std::size(FormLiterals));
-  for (std::size_t place = 0; place < std::size(FormLiterals); ++place) {
-    const FormLiteral& row = FormLiterals[place];
-    SCOPED_TRACE(row.name);
-    const Ref<Control> made = window()->controls()[place];
-    EXPECT_EQ(control(*window(), row.name), made);
-    EXPECT_EQ(text(made->classRecord()->name), row.kind);
-    EXPECT_EQ(made->Window(), window());
-    for (const FormEntry& entry : entriesOf(row)) {
-      if (entry.key == "Text" && writtenByTheOpening.contains(row.name)) continue;
+  const std::vector<FormObject> form = readForm();
+  ASSERT_EQ(window()->controls().size() + 1, form.size());
+  for (std::size_t place = 0; place < form.size(); ++place) {
+    const auto& [kind, name, entries] = form[place];
+    SCOPED_TRACE(name);
+    Ref<Object> made = window();
+    if (kind != "Window") {
+      made = window()->controls()[place];
+      EXPECT_EQ(control(*window(), name), made);
+      EXPECT_EQ(window()->controls()[place]->Window(), window());
+      EXPECT_EQ(text(made->classRecord()->name), kind);
+    }
+    for (const FormEntry& entry : entries) {
+      if (entry.key == "Text" && writtenByTheOpening.contains(name)) continue;
       EXPECT_EQ(valueOf(made, entry.key), entry.value) << entry.key;
     }
-    if (row.kind == "Placard") continue;
-    EXPECT_EQ(valueOf(made, "TextSize"), Variant(row.name == "StaticText7" ? 9.0F : 0.0F));
+    if (kind == "Placard" || kind == "Window") continue;
+    EXPECT_EQ(valueOf(made, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
     EXPECT_EQ(valueOf(made, "TextUnit"), Variant(FontUnits::Default));
   }
   EXPECT_EQ(window()->WhichYear()->ListCount(), 13);
@@ -85,18 +86,18 @@ TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {
   EXPECT_EQ(order(),
             "Latitude TimeZone Longitude DSTEnd DSTStart DownUnderFlag DaylightSavings BackOneDay "
             "ForwardOneDay GenerateButton WhichYear ");
-  view->Latitude()->Enabled = false;
-  view->TimeZone()->Visible = false;
-  view->Longitude()->TabStop = false;
-  view->WhichYear()->TabIndex = -1;
-  view->DSTStart()->TabIndex = view->DSTEnd()->TabIndex;  // equal ones go by their making
+  view->Latitude()->Enabled(false);
+  view->TimeZone()->Visible(false);
+  view->Longitude()->TabStop(false);
+  view->WhichYear()->TabIndex(-1);
+  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal ones go by their making
   EXPECT_EQ(order(),
             "DSTEnd DSTStart DownUnderFlag DaylightSavings WhichYear BackOneDay ForwardOneDay "
             "GenerateButton ");
   // Panels inside each other, or a control inside itself, are inside no window.
-  view->Placard1()->InitialParent = "Placard2"_s;
-  view->Placard2()->InitialParent = "Placard1"_s;
-  view->BackOneDay()->InitialParent = "BackOneDay"_s;
+  view->Placard1()->InitialParent("Placard2"_s);
+  view->Placard2()->InitialParent("Placard1"_s);
+  view->BackOneDay()->InitialParent("BackOneDay"_s);
   EXPECT_EQ(order(), "WhichYear ForwardOneDay GenerateButton ");
   view->Close();
   EXPECT_EQ(order(), "");
@@ -117,6 +118,25 @@ TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
   EXPECT_FALSE(control(*view, "Latitude") || control(*view, "Second"));
   EXPECT_EQ(view->controls().size(), 20U);
   EXPECT_EQ(field->referenceCount(), 1);
+  // A name goes to the newest; the one before it stays, and is taken away by itself.
+  const Ref<Control> old = control(*view, "TimeZone");
+  view->_AddControl(String(std::string("TimeZone")), field);
+  EXPECT_EQ(control(*view, "TimeZone"), field);
+  EXPECT_EQ(view->controls().size(), 21U);
+  view->_RemoveControl(view->controls().back());
+  EXPECT_FALSE(field->Window());
+  EXPECT_EQ(control(*view, "TimeZone"), old);
+  // A control is in one window, and a closed window waits for no redraw.
+  const Ref<Window> other = New<Window>();
+  other->_AddControl("There"_s, old);
+  EXPECT_EQ(old->Window(), other);
+  EXPECT_FALSE(control(*view, "TimeZone"));
+  other->_AddDirtyWindow();
+  view->_AddDirtyWindow();
+  other->Close();
+  other->_AddDirtyWindow();
+  EXPECT_EQ(runtime._WindowSupport.mDirtyWindows->Count(), 1);
+  EXPECT_EQ(other->referenceCount(), 1);
   view->Close();
   EXPECT_FALSE(field->Window());
 }

@@ -35,29 +35,22 @@ class Values final : public Described<Values, Object> {
  public:
   static constexpr FixedString FullName = "Invoke.Test.Values";
   static void fillTable(ClassTable<Values>& table) {
-    table.property<&Values::b>("b"_s);
-    table.property<&Values::i1>("i1"_s);
-    table.property<&Values::i2>("i2"_s);
-    table.property<&Values::i4>("i4"_s);
-    table.property<&Values::i8>("i8"_s);
-    table.property<&Values::u1>("u1"_s);
-    table.property<&Values::u2>("u2"_s);
-    table.property<&Values::u4>("u4"_s);
-    table.property<&Values::u8>("u8"_s);
-    table.property<&Values::f4>("f4"_s);
-    table.property<&Values::f8>("f8"_s);
-    table.property<&Values::e>("e"_s);
-    table.property<&Values::c>("c"_s);
-    table.property<&Values::s>("s"_s);
-    table.property<&Values::p>("p"_s);
-    table.property<&Values::object>("object"_s);
-    table.property<&Values::date>("date"_s);
-    table.property<&Values::texts>("texts"_s);
-    table.property<&Values::mode>("mode"_s);
+    const auto stored = [&]<auto... Fields>(const auto&... names) {
+      (table.property<Fields>(names), ...);
+    };
+    stored.template operator()<&Values::b, &Values::i1, &Values::i2, &Values::i4, &Values::i8,
+                               &Values::u1, &Values::u2, &Values::u4, &Values::u8, &Values::f4,
+                               &Values::f8, &Values::e, &Values::c, &Values::s, &Values::p,
+                               &Values::object, &Values::date, &Values::texts, &Values::mode>(
+        "b"_s, "i1"_s, "i2"_s, "i4"_s, "i8"_s, "u1"_s, "u2"_s, "u4"_s, "u8"_s, "f4"_s, "f8"_s,
+        "e"_s, "c"_s, "s"_s, "p"_s, "object"_s, "date"_s, "texts"_s, "mode"_s);
     table.readOnlyField<&Values::calls>("calls"_s);
     table.plainMethod<&Values::Constructor>("Constructor"_s);
     table.plainMethod<&Values::join>("join"_s);
+    table.plainMethod<&Values::again>("again"_s);
     table.sharedMethod<&Values::twice>("twice"_s);
+    table.sharedProperty<&Values::stored>("stored"_s);
+    table.sharedProperty<std::int32_t, &Values::Computed, &Values::Computed>("computed"_s);
   }
 
   void Constructor(std::int32_t first, const String& second) {
@@ -72,6 +65,13 @@ class Values final : public Described<Values, Object> {
     return text;
   }
   static std::int32_t twice(std::int32_t value) { return 2 * value; }
+  /// Invokes itself by its description.
+  void again();
+
+  static inline String stored;
+  static std::int32_t Computed() { return 2 * half; }
+  static void Computed(std::int32_t value) { half = value / 2; }
+  static inline std::int32_t half = 0;
 
   bool b = false;
   std::int8_t i1 = 0;
@@ -123,6 +123,10 @@ Ref<ConstructorInfo> constructor(ClassRecord* record) {
 
 Ref<Array<Variant>> arguments(std::vector<Variant> values) {
   return newArray(std::move(values));
+}
+
+void Values::again() {
+  method(Values::__Lookup(), "again")->Invoke(Ref<Object>(this), arguments({}));
 }
 
 using InvokeTest = ReflectionTest;
@@ -190,17 +194,44 @@ TEST_F(InvokeTest, PropertyIsReachedOnObjectsOfItsClassAlone) {
   const Ref<Veldrin> view = window();
   width->Value(view, std::int32_t{321});
   EXPECT_EQ(width->Value(view), Variant(std::int32_t{321}));
-  EXPECT_EQ(raisedBy([&] { static_cast<void>(width->Value(New<Date>())); }),
-            "IllegalCastException");
-  EXPECT_EQ(raisedBy([&] { width->Value(New<Date>(), std::int32_t{1}); }), "IllegalCastException");
-  EXPECT_EQ(raisedBy([&] { static_cast<void>(width->Value(nullptr)); }), "NilObjectException");
-  EXPECT_EQ(raisedBy([&] { width->Value(nullptr, std::int32_t{1}); }), "NilObjectException");
+  for (const auto& [object, raised] :
+       {std::pair<Ref<Object>, const char*>(New<Date>(), "IllegalCastException"),
+        {nullptr, "NilObjectException"}}) {
+    EXPECT_EQ(raisedBy([&] { static_cast<void>(width->Value(object)); }), raised);
+    EXPECT_EQ(raisedBy([&] { width->Value(object, std::int32_t{1}); }), raised);
+  }
 
   const Ref<PropertyInfo> calls = property(Values::__Lookup(), "calls");
   EXPECT_TRUE(calls->CanRead() && !calls->CanWrite());
   EXPECT_EQ(raisedBy([&] { calls->Value(New<Values>(), std::int32_t{1}); }), "RuntimeException");
   const auto bare = NewInfo<PropertyInfoImp>(nullptr, Values::__Lookup());
   EXPECT_EQ(raisedBy([&] { static_cast<void>(bare->Value(New<Values>())); }), "RuntimeException");
+}
+
+TEST_F(InvokeTest, SharedPropertyIsReachedWithAnyObjectOfItsClassAndWithNone) {
+  const struct {
+    std::string_view name;
+    Variant first, second, refused;
+  } rows[] = {{"stored", "one"_s, "two"_s, 1}, {"computed", 8, 6, "six"_s}};
+  for (const auto& row : rows) {
+    const Ref<PropertyInfo> shared = property(Values::__Lookup(), row.name);
+    EXPECT_TRUE(shared->IsShared() && shared->IsPublic() && shared->CanWrite());
+    shared->Value(nullptr, row.first);
+    EXPECT_EQ(shared->Value(New<Values>()), row.first);
+    shared->Value(New<Values>(), row.second);
+    EXPECT_EQ(shared->Value(nullptr), row.second);
+    EXPECT_EQ(raisedBy([&] { shared->Value(nullptr, row.refused); }), "TypeMismatchException");
+    EXPECT_EQ(raisedBy([&] { shared->Value(New<Date>(), row.first); }), "IllegalCastException");
+    EXPECT_EQ(shared->Value(nullptr), row.second);
+  }
+  Values::stored = String();
+}
+
+TEST_F(InvokeTest, AMethodThatInvokesItselfOverflowsTheStack) {
+  const SmallStack stack;
+  const Ref<Values> values = New<Values>();
+  EXPECT_EQ(raisedBy([&] { values->again(); }), "StackOverflowException");
+  EXPECT_EQ(values->referenceCount(), 1);
 }
 
 TEST_F(InvokeTest, ResultAndReferencesComeBack) {

@@ -134,6 +134,9 @@ TEST_F(TypeInformationTest, ArraysAreKnownByRankAndElement) {
   EXPECT_EQ(text(typeOf("A1o<Veldrin.Veldrin>")->Name()), "Veldrin()");
   EXPECT_EQ(nameOf(typeOf("A1x")), "nil");
   EXPECT_EQ(raisedBy([] { ArrayInfo::Lookup(1, nullptr); }), "NilObjectException");
+  for (const std::int32_t rank : {INT32_MIN, 0, 1001, INT32_MAX}) {
+    EXPECT_EQ(raisedBy([&] { ArrayInfo::Lookup(rank, row); }), "OutOfBoundsException") << rank;
+  }
 }
 
 TEST_F(TypeInformationTest, NamesInCodesAreClassesEnumerationsAndStructures) {
@@ -164,14 +167,13 @@ TEST_F(TypeInformationTest, ObjectsHaveTheTypeOfTheirClass) {
 TEST_F(TypeInformationTest, SubclassesFollowTheBases) {
   const auto info = [](std::string_view name) { return ClassInfo::Lookup(String(name)); };
   const Ref<ClassInfo> status = info("StaticText");
-  EXPECT_TRUE(status->IsSubclassOf(status));
-  EXPECT_TRUE(status->IsSubclassOf(info("Control")));
-  EXPECT_TRUE(status->IsSubclassOf(info("Object")));
-  EXPECT_FALSE(info("Control")->IsSubclassOf(status));
-  EXPECT_FALSE(info("Object")->IsSubclassOf(status));
-  EXPECT_FALSE(status->IsSubclassOf(nullptr));
-  EXPECT_FALSE(status->IsSubclassOf(typeOf("i4")));
-  EXPECT_FALSE(typeOf("i4")->IsSubclassOf(typeOf("i4")));
+  const Ref<TypeInfo> number = typeOf("i4");
+  for (const Ref<ClassInfo>& base : {status, info("Control"), info("Object")}) {
+    EXPECT_TRUE(status->IsSubclassOf(base));
+    EXPECT_EQ(base->IsSubclassOf(status), base == status);
+  }
+  EXPECT_FALSE(status->IsSubclassOf(nullptr) || status->IsSubclassOf(number) ||
+               number->IsSubclassOf(number));
 }
 
 TEST_F(TypeInformationTest, MembersAreThoseOfTheRowsThatAreNotHidden) {
@@ -241,6 +243,27 @@ TEST_F(TypeInformationTest, ArraysTooDeepRaiseAndLeaveNothingBehind) {
   finalizeReflection();
   EXPECT_EQ(liveObjectCount(), before);
   EXPECT_EQ(nameOf(typeOf(code.substr(0, 2000) + "i4")).size(), std::string("Int32").size() + 2000);
+  EXPECT_EQ(raisedBy([&] { typeOf(code.substr(0, 2002) + "i4"); }), "StackOverflowException");
+}
+
+TEST_F(TypeInformationTest, ADescriptionThatWasNotCompletedIsMadeAnew) {
+  ClassRecord& record = *Node::__Lookup();
+  // Behind the property that refers to the class itself stands one that cannot be described.
+  std::string tooDeep;
+  for (int depth = 0; depth < 1001; ++depth) tooDeep += "A1";
+  const std::vector<PropertyRow> sound = record.propertyRows;
+  record.propertyRows.back().type = String(tooDeep + "i4");
+  for (const char* const code : {"o<Reflection.Test.Node>", "A1o<Reflection.Test.Node>"}) {
+    EXPECT_EQ(raisedBy([&] { typeOf(code); }), "StackOverflowException") << code;
+  }
+  record.propertyRows = sound;
+  const Ref<ClassInfo> node = ClassInfo::Lookup(&record);
+  EXPECT_EQ(typeOf("o<Reflection.Test.Node>"), node);
+  EXPECT_EQ(node->GetProperties()->elements.at(0)->PropertyType(), node);
+  EXPECT_EQ(node->GetMethods()->elements.size(), 1U);
+  int other = 0;
+  EXPECT_EQ(raisedBy([&] { ClassInfo::Lookup(reinterpret_cast<ClassRecord*>(&other)); }),
+            "TypeMismatchException");
 }
 
 TEST_F(TypeInformationTest, EndReleasesDescriptionsThatHoldEachOther) {

@@ -95,8 +95,10 @@ TEST_F(RegistryTest, NoNameStandsTwice) {
     for (const MethodRow& row : record.ownMethods()) {
       EXPECT_TRUE(methods.insert(text(row.name) + text(row.signature)).second) << text(row.name);
     }
-    // Ancestors' properties count as well: a stream would reach one of the two alone.
+    // Ancestors' properties count as well: a stream would reach one of the two alone. A field of a
+    // class alone is no concern of others.
     for (const PropertyRow& row : record.propertyRows) {
+      if ((row.flags & 1U) == 0) continue;
       EXPECT_EQ(FindProperty(record, row.name.view()), &row) << text(row.name);
     }
     for (const EventRow& row : record.eventRows) {
@@ -149,6 +151,16 @@ TEST_F(RegistryTest, EveryRowIsWhole) {
       EXPECT_EQ(row.setter != nullptr, (row.flags & 4U) != 0);
       EXPECT_EQ(row.setter != nullptr, row.reflectionSet != nullptr);
       EXPECT_TRUE(row.fieldOffset >= 0 && row.fieldOffset < record.instanceSize);
+      // The accessors of a computed one are those of its rows as a method.
+      for (const auto& [ending, function] : {std::pair(".Get", row.getter), {".Set", row.setter}}) {
+        const auto method = std::ranges::find(record.methodRows, row.name + String(ending),
+                                              [](const MethodRow& each) { return each.name; });
+        if (method != record.methodRows.end()) {
+          EXPECT_EQ(method->function, function);
+        }
+        const bool stored = row.fieldOffset != 0 || (row.flags & 2U) != 0 || function == nullptr;
+        EXPECT_TRUE(stored || method != record.methodRows.end());
+      }
     }
     for (const EventRow& row : record.eventRows) {
       EXPECT_TRUE(row.handler == nullptr ||

@@ -61,19 +61,7 @@ TEST(StringImageTest, ReadsBackWhatItWrote) {
   EXPECT_FALSE(readStringImage({}, Address).damage.has_value());
 }
 
-TEST(StringImageTest, EveryTruncationIsDamage) {
-  const Image image = writeStringImage(textsOfEveryKind(), Address);
-  for (std::size_t size = 1; size < image.size(); ++size) {
-    // A vector of its own, so that a sanitizer sees a read behind the end.
-    const Image cut(image.begin(), image.begin() + static_cast<std::ptrdiff_t>(size));
-    const auto [strings, damage] = readStringImage(cut, Address);
-    ASSERT_TRUE(damage.has_value()) << size;
-    EXPECT_LE(damage->offset, size) << damage->what;
-    EXPECT_TRUE(strings.empty()) << size;
-  }
-}
-
-TEST(StringImageTest, EveryFlippedByteIsDamageOrAChangedText) {
+TEST(StringImageTest, EveryTruncationIsDamageAndEveryFlippedByteThatOrAChangedText) {
   const std::vector<String> strings = textsOfEveryKind();
   const Image image = writeStringImage(strings, Address);
   std::vector<bool> isText(strings.size() * StringRecordSize, false);
@@ -84,6 +72,10 @@ TEST(StringImageTest, EveryFlippedByteIsDamageOrAChangedText) {
   }
   ASSERT_EQ(isText.size(), image.size());
   for (std::size_t offset = 0; offset < image.size(); ++offset) {
+    // A vector of its own, so that a sanitizer sees a read behind the end.
+    const auto cut = readStringImage(Image(&image[0], &image[offset]), Address);
+    ASSERT_EQ(cut.damage.has_value(), offset > 0) << offset;
+    ASSERT_TRUE(cut.strings.empty() && (offset == 0 || cut.damage->offset <= offset)) << offset;
     for (const unsigned bits : {1U, 2U, 4U, 8U, 16U, 32U, 64U, 128U, 255U}) {
       Image flipped = image;
       flipped[offset] = static_cast<std::uint8_t>(flipped[offset] ^ bits);

@@ -61,7 +61,7 @@ TEST(StringTest, CountsComeBackAfterUseAndThatOfAConstantToOne) {
 }
 
 TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
-  const StringConstant constant(&ConstantString<LongText, Encoding::UTF8>::record);
+  const StringConstant constant = ConstantText<LongText>;
   expectText(constant, LongText.view());
   EXPECT_EQ(constant.record()->length, 300);
   EXPECT_EQ(constant.record()->allocation, 305);
@@ -78,26 +78,42 @@ TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
 TEST(StringTest, SumIsBothTextsAndLeavesTheOperandsAlone) {
   const std::string zeros("\0a\0", 3);
   EXPECT_EQ(String(), String(""_s));
+  const String operands[] = {String(), "a"_s, String("run-"), String(zeros),
+                             String(std::string(254, 'x'))};
+  for (const String& left : operands) {
+    for (const String& right : operands) {
+      const std::string first = text(left);
+      const std::string second = text(right);
+      SCOPED_TRACE(testing::PrintToString(first + second));
+      EXPECT_EQ(text(RuntimeAddString(left, right)), first + second);
+      EXPECT_EQ(text(left), first);
+      EXPECT_EQ(text(right), second);
+    }
+    // A variable and itself, also where its left use gives it up.
+    String twice = String(text(left));
+    twice = RuntimeAddString(std::move(twice), twice);  // NOLINT(bugprone-use-after-move)
+    EXPECT_EQ(text(twice), text(left) + text(left));
+  }
+}
+
+TEST(StringTest, SumHasTheEncodingOfBothOrOfUTF8AndAnEmptyOneHasNoSay) {
+  const String nil;
+  const String ascii("run", Encoding::ASCII);
   const struct {
     String left, right;
-    std::string sum;
-  } rows[] = {{String(), String(), ""},
-              {String(), "b"_s, "b"},
-              {"a"_s, String(), "a"},
-              {"a"_s, "b"_s, "ab"},
-              {String("run-"), String("time"), "run-time"},
-              {String(zeros), String(zeros), zeros + zeros},
-              {String(std::string(254, 'x')), "yz"_s, std::string(254, 'x') + "yz"}};
+    std::uint32_t encoding;
+  } rows[] = {{"a"_ascii, "b"_ascii, Encoding::ASCII}, {"a"_ascii, "b"_s, Encoding::UTF8},
+              {"a"_s, "b"_ascii, Encoding::UTF8},      {nil, "b"_ascii, Encoding::ASCII},
+              {"a"_ascii, nil, Encoding::ASCII},       {"a"_ascii, ""_s, Encoding::ASCII},
+              {""_ascii, "b"_s, Encoding::UTF8}};
   for (const auto& row : rows) {
-    const std::string left = text(row.left);
-    const std::string right = text(row.right);
-    SCOPED_TRACE(row.sum);
-    EXPECT_EQ(text(RuntimeAddString(row.left, row.right)), row.sum);
-    EXPECT_EQ(text(row.left + row.left), left + left);
-    EXPECT_EQ(text(row.left), left);
-    EXPECT_EQ(text(row.right), right);
+    EXPECT_EQ((row.left + row.right).encoding(), row.encoding);
+    // The same where the left one is grown in place.
+    EXPECT_EQ((ascii + row.left + row.right).encoding(),
+              (ascii + row.left).encoding() == Encoding::ASCII
+                  ? (row.right.isEmpty() ? Encoding::ASCII : row.right.encoding())
+                  : Encoding::UTF8);
   }
-  EXPECT_EQ(String(String("a"_ascii) + "b"_s).encoding(), Encoding::ASCII);
 }
 
 TEST(StringTest, GrowingSumNeverChangesWhatSomebodyHolds) {

@@ -47,6 +47,9 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
               {"47,5", 47.0, 2},
               {"1.2.3", 1.2, 3},
               {"-.5", -0.5, 3},
+              {" \u2212.5x", -0.5, 6},
+              {"\u22120", -0.0, 4},
+              {"1e\u22125", 1.0, 1},
               {"5.", 5.0, 2},
               {"1.5E+2x", 150.0, 6},
               {"1e", 1.0, 1},
@@ -73,7 +76,10 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
     EXPECT_EQ(readNumber(row.text).value().length, row.length);
   }
   for (const char* none : {"", "  ", "-", "- 5", "+-5", ".", "-.", ".e5", "e5", ",5", "nan", "inf",
-                           "-infinity", "\n5", "\xE2\x88\x92 5"}) {
+                           "-infinity", "\n5", "\u2212 5", "-\u22125", "\u2212-5",
+                           "\u2213"
+                           "5",
+                           "\xE2\x88"}) {
     EXPECT_EQ(Val(String(none)), 0.0) << none;
     EXPECT_FALSE(readNumber(none).has_value()) << none;
   }

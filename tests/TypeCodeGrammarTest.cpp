@@ -2,20 +2,16 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
-#include <random>
 #include <string>
 #include <vector>
 
-// NOLINTNEXTLINE(bugprone-suspicious-include): the fuzz target itself, which no library holds.
-#include "fuzz/TypeCodeFuzz.cpp"
-#include "tests/support/RuntimeTest.h"
+#include "reflection/Introspection.h"
+#include "reflection/ReflectionClasses.h"
 
 namespace veldrin::test {
 namespace {
 
 using testing::ElementsAre;
-using TypeCodeFuzzTest = RuntimeTest;
 
 std::vector<std::string> parametersOf(std::string_view list) {
   std::vector<std::string> parameters;
@@ -97,36 +93,6 @@ TEST(TypeCodeGrammarTest, MalformedCodesHaveNoType) {
   }
   EXPECT_FALSE(Introspection::GetInfoFromTypeCode(String(std::string_view("f8\0", 3))));
   Introspection::finalizeReflection();
-}
-
-TEST_F(TypeCodeFuzzTest, NoTextHurtsTheReadingOfTypes) {
-  initializeClasses();
-  initializeReflectionClasses();
-  const auto feed = [](const std::string& text) {
-    LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
-  };
-  std::vector<std::string> valid{"A1i4", "A2s", "u1<FontUnits>", "%v%&A3A1t<A.B<C>>?<CString>"};
-  for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
-       record = record->nextClass) {
-    for (const MethodRow& row : record->ownMethods()) valid.push_back(test::text(row.signature));
-  }
-  std::ranges::sort(valid);
-  valid.erase(std::unique(valid.begin(), valid.end()), valid.end());
-  for (const std::string& text : valid) {
-    for (std::size_t length = 0; length <= text.size(); ++length) feed(text.substr(0, length));
-  }
-
-  constexpr std::string_view Telling("%&A1o<>?iut90.\0\xFF", 16);
-  std::mt19937 random(15);  // NOLINT(cert-msc51-cpp): the same inputs at every run
-  const auto below = [&](std::size_t bound) { return random() % bound; };
-  for (int input = 0; input < 4000; ++input) {
-    std::string text = valid[below(valid.size())];
-    for (auto edits = 1 + below(4); edits > 0; --edits) {
-      const auto place = below(text.size() + 1);
-      text.replace(place, below(3), std::string(below(3), Telling[below(Telling.size())]));
-    }
-    feed(text);
-  }
 }
 
 }  // namespace

@@ -65,8 +65,8 @@ class ControlMaker {
     // Streams have no encoding for the types of these two.
     if constexpr (requires { &T::TextUnit; }) {
       const float size = FormTable[row].extras.textSize;
-      if (size != 0.0F) control<T>(name)->TextSize = size;
-      control<T>(name)->TextUnit = FontUnits::Default;
+      if (size != 0.0F) control<T>(name)->TextSize(size);
+      control<T>(name)->TextUnit(FontUnits::Default);
     }
     _SetProperties(control<T>(name), FormStreams[row]);
     for (const Wiring& wiring : Wirings) {

@@ -102,7 +102,7 @@ constexpr auto fixedName() {
 
 template <std::size_t... Row>
 constexpr auto nameConstants(std::index_sequence<Row...> /*rows*/) {
-  return std::array{StringConstant(&ConstantString<fixedName<Row>(), Encoding::UTF8>::record)...};
+  return std::array{ConstantText<fixedName<Row>()>...};
 }
 }  // namespace detail
 

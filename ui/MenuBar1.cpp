@@ -42,8 +42,8 @@ Ref<MenuItem> makeItem(const ItemRow& row) {
   made->Constructor();
   made->Name = row.name;
   made->AutoEnable = true;
-  made->Text = row.text;
-  if (row.shortcut) made->KeyboardShortcut = *row.shortcut;
+  made->Text(row.text);
+  if (row.shortcut) made->KeyboardShortcut(*row.shortcut);
   return made;
 }
 

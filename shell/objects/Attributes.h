@@ -7,14 +7,20 @@
 namespace veldrin {
 
 // The attributes that rows can have, as constants: no row owns any. "__Scope" stands first wherever
-// it stands.
+// it stands, "Deprecated" ahead of "Hidden", and "__Shared" last.
 
 inline constexpr AttributeRow ScopePublic{"__Scope"_s, "Public"_s, true};
 inline constexpr AttributeRow ScopePrivate{"__Scope"_s, "Private"_s, true};
+inline constexpr AttributeRow ScopeProtected{"__Scope"_s, "Protected"_s, true};
 inline constexpr AttributeRow Hidden{"Hidden"_s, ""_s, false};
 inline constexpr AttributeRow Shared{"__Shared"_s, ""_s, false};
+/// A member that nothing has replaced, and one that the member of that name replaces.
+inline constexpr AttributeRow Deprecated{"Deprecated"_s, ""_s, false};
+template <FixedString Newer>
+inline constexpr AttributeRow DeprecatedFor{"Deprecated"_s, ConstantText<Newer>, true};
 
-/// Who sees a member: the public, the public but not reflection, or the class alone.
+/// Who sees a member: the public, the class and those that derive from it, or the class alone; a
+/// hidden one is not shown by reflection, as one whose arguments nobody could check.
 struct Visibility {
   std::uint32_t flags;
   std::span<const AttributeRow> attributes;
@@ -26,13 +32,20 @@ inline constexpr std::array PublicRows{ScopePublic};
 inline constexpr std::array PublicSharedRows{ScopePublic, Shared};
 inline constexpr std::array HiddenRows{ScopePublic, Hidden};
 inline constexpr std::array HiddenSharedRows{ScopePublic, Hidden, Shared};
+inline constexpr std::array ProtectedRows{ScopeProtected};
+inline constexpr std::array ProtectedSharedRows{ScopeProtected, Shared};
 inline constexpr std::array PrivateRows{ScopePrivate};
+inline constexpr std::array PrivateHiddenRows{ScopePrivate, Hidden};
+inline constexpr std::array PrivateHiddenSharedRows{ScopePrivate, Hidden, Shared};
 inline constexpr std::array PrivateSharedRows{ScopePrivate, Shared};
 }  // namespace detail
 
 inline constexpr Visibility Public{Flags::Public, detail::PublicRows, detail::PublicSharedRows};
 inline constexpr Visibility PublicHidden{Flags::Public, detail::HiddenRows,
                                          detail::HiddenSharedRows};
+inline constexpr Visibility Protected{0, detail::ProtectedRows, detail::ProtectedSharedRows};
+inline constexpr Visibility PrivateHidden{0, detail::PrivateHiddenRows,
+                                          detail::PrivateHiddenSharedRows};
 inline constexpr Visibility Private{0, detail::PrivateRows, detail::PrivateSharedRows};
 
 }  // namespace veldrin

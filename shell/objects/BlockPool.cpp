@@ -10,8 +10,11 @@ constexpr std::size_t Step = 16;
 constexpr std::size_t LargestKept = 128;
 constexpr std::size_t MostKept = 64;  ///< blocks of one size
 
-#ifdef __SANITIZE_ADDRESS__
+// One compiler tells of AddressSanitizer by a macro, another by a feature.
+#if defined(__SANITIZE_ADDRESS__)
 constexpr bool Pooled = false;
+#elif defined(__has_feature)
+constexpr bool Pooled = !__has_feature(address_sanitizer);
 #else
 constexpr bool Pooled = true;
 #endif

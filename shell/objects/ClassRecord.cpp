@@ -9,14 +9,14 @@
 namespace veldrin {
 namespace {
 
-/// All records there are: a deque, because a record never moves, and one that is never taken down,
-/// because the last object of the program may go after it.
+/// All records. A deque, because records must not move; never destroyed, because objects may be
+/// released after static destructors have run.
 std::deque<ClassRecord>& records() {
   static std::deque<ClassRecord>& all = *std::make_unique<std::deque<ClassRecord>>().release();
   return all;
 }
 
-/// An ASCII letter as the small one; names are ASCII, and the C locale has no say in them.
+/// Lower case for ASCII letters, whatever the locale.
 char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
@@ -87,8 +87,11 @@ const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
 }
 
 Function FindVirtualOperation(const ClassRecord& record, const String& name) {
+  const bool assigns = name.view().starts_with('=');
+  const std::string_view plain = name.view().substr(assigns ? 1 : 0);
   const auto isIt = [&](const MethodRow& row) {
-    return row.name == name && std::ranges::count(record.virtualTable, row.function) != 0;
+    return row.name == plain && ((row.flags & Flags::Assigns) != 0) == assigns &&
+           std::ranges::count(record.virtualTable, row.function) != 0;
   };
   // From the derived to the base: a row that has been overridden is not in the table any more.
   const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
@@ -103,12 +106,13 @@ std::int32_t FindEvent(const ClassRecord& record, const String& name) {
 }
 
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name) {
-  const auto row = std::ranges::find_if(record.propertyRows, [name](const PropertyRow& candidate) {
+  const auto isIt = [name](const PropertyRow& candidate) {
     const std::string_view own = candidate.name.view();
     return own.size() == name.size() &&
            (own == name || std::ranges::equal(own, name, {}, lowered, lowered));
-  });
-  return row == record.propertyRows.end() ? nullptr : &*row;
+  };
+  const auto row = std::find_if(record.propertyRows.rbegin(), record.propertyRows.rend(), isIt);
+  return row == record.propertyRows.rend() ? nullptr : &*row;
 }
 
 }  // namespace veldrin

@@ -12,8 +12,7 @@
 
 namespace veldrin {
 
-/// A function whose type has been left out; whoever calls it knows from a signature what to cast it
-/// back to.
+/// A function pointer without its type; the caller knows the real type from the signature.
 using Function = void (*)();
 
 /// A step in the life of an object: `__Init`, `Destructor` or `__Exit`.
@@ -43,11 +42,15 @@ inline constexpr std::uint32_t Writable = 4;
 inline constexpr std::uint32_t VariableArguments = 8;
 }  // namespace Flags
 
-/// One method of a class, under which it is listed and by which it is invoked.
-struct MethodRow {
+/// What the rows of methods and of properties begin with.
+struct MemberRow {
   String name;
   std::uint32_t flags = 0;
   std::span<const AttributeRow> attributes;
+};
+
+/// One method of a class, under which it is listed and by which it is invoked.
+struct MethodRow : MemberRow {
   String signature;  ///< without the object itself
   /// Takes the object as its first argument, unless shared: a `Call` of `MethodShape`.
   Function function = nullptr;
@@ -55,18 +58,17 @@ struct MethodRow {
 };
 
 /// One property of a class, with the accessors that decoding and reflection reach its value by.
-struct PropertyRow {
+struct PropertyRow : MemberRow {
   /// By type: calls the getter and makes a variant of its result, or the other way round.
   using Get = Variant (*)(Function getter, Object* object, std::int32_t offset);
   using Set = void (*)(Function setter, Object* object, std::int32_t offset, const Variant& value);
 
-  String name;
-  std::uint32_t flags = 0;
-  std::span<const AttributeRow> attributes;
-  String type;                   ///< one type code
-  std::int32_t fieldOffset = 0;  ///< where a stored value lies in the instance; else 0
-  Function getter = nullptr;     ///< nil for a property that cannot be read
-  Function setter = nullptr;     ///< nil for a read-only one
+  String type;  ///< one type code
+  /// Where a stored value lies in the instance; 0, which no field has, for a computed or a shared
+  /// one.
+  std::int32_t fieldOffset = 0;
+  Function getter = nullptr;  ///< nil for a property that cannot be read
+  Function setter = nullptr;  ///< nil for a read-only one
   Get reflectionGet = nullptr;
   Set reflectionSet = nullptr;
 };
@@ -75,6 +77,7 @@ struct PropertyRow {
 /// and its own behind them, so the index of an event never changes down a class tree.
 struct EventRow {
   String name;
+  String signature;            ///< of its handlers, without the object
   Function handler = nullptr;  ///< what the class binds, or nil
 };
 
@@ -144,6 +147,13 @@ Ref<T> CheckCast(const Ref<Object>& object) {
   return Ref<T>::adopt(static_cast<T*>(RuntimeCheckCast(object.get(), T::__Lookup()).release()));
 }
 
+/// The same for a reference that is given up, whose count goes on to the result.
+template <class T>
+Ref<T> CheckCast(Ref<Object>&& object) {
+  const bool isOne = object && object.get()->classRecord() == T::__Lookup();
+  return isOne ? Ref<T>::adopt(static_cast<T*>(object.release())) : CheckCast<T>(object);
+}
+
 /// A new object of the class `T` from its record.
 template <class T>
 Ref<T> New() {
@@ -151,14 +161,15 @@ Ref<T> New() {
 }
 
 /// The entry of the virtual table for the operation of that name, as the class has it; nil where no
-/// virtual operation has the name.
+/// virtual operation has the name. Two operations may share a name, where one of them assigns: then
+/// the name alone is the other one, and "=" in front of it the one that assigns.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
 /// The index of the event of that name in the class, or -1.
 std::int32_t FindEvent(const ClassRecord& record, const String& name);
 
 /// The property of that name in the class or an ancestor, matched without regard to case; nil for
-/// none. No class declares the name of an ancestor's property again.
+/// none. The derived class comes first.
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name);
 
 }  // namespace veldrin

@@ -1,23 +1,42 @@
 #pragma once
 
-#include <algorithm>
 #include <bit>
-#include <cassert>
+#include <concepts>
 #include <cstddef>
+#include <tuple>
 
 #include "shell/objects/Attributes.h"
 #include "shell/objects/ClassRecord.h"
+#include "shell/objects/Event.h"
 #include "shell/objects/MethodShape.h"
 #include "shell/objects/PropertyAccess.h"
 
 namespace veldrin {
 
+namespace detail {
+
+/// The entry of the virtual table that the class has for the operation now, however often bases
+/// have overridden it. A table without one is a fault of the build: throws `FatalFault`.
+Function& slotOf(ClassRecord& record, const String& name, const String& signature);
+
+/// The row of an event that the class has. Throws `FatalFault` likewise.
+EventRow& eventRowOf(ClassRecord& record, const String& name, const String& signature);
+
+/// A property object: a field that is read and written by calling it.
+template <class Field>
+concept PropertyObject = requires(Field& field, const typename Field::Type& value) {
+  { std::as_const(field)() } -> std::same_as<typename Field::Type>;
+  field(value);
+};
+
+}  // namespace detail
+
 /// Writes the rows of the class `Self` into its record. Each call is one row, and the rows stand in
-/// the order of the calls. Types, signatures and thunks come from the C++ types: nothing is said
-/// twice, and a type that has no code does not compile.
+/// the order of the calls. Types, signatures and thunks are derived from the C++ types; a type
+/// without a code does not compile.
 ///
 ///     void CheckBox::fillTable(ClassTable<CheckBox>& table) {
-///       table.event("Action"_s);
+///       table.event(Events::Action);
 ///       table.property<bool, &CheckBox::Value, &CheckBox::Value>("Value"_s);
 ///       table.property<&CheckBox::Caption>("Caption"_s);
 ///     }
@@ -29,10 +48,12 @@ class ClassTable {
   /// The attributes of the class itself.
   void attributes(std::span<const AttributeRow> rows) { record_.attributeRows = rows; }
 
-  /// A virtual operation: a row, and a slot behind those that there are.
+  /// A virtual operation: a row, and a slot behind those that there are. With `extraFlags`, one of
+  /// a special form.
   template <auto Method>
-  void method(const String& name, const Visibility& visibility = Public) {
-    plainMethod<Method>(name, visibility);
+  void method(const String& name, const Visibility& visibility = Public,
+              std::uint32_t extraFlags = 0) {
+    plainMethod<Method>(name, visibility, extraFlags);
     record_.virtualTable.push_back(functionOf<Method>());
   }
 
@@ -42,15 +63,11 @@ class ClassTable {
     record_.virtualTable.push_back(functionOf<Method>());
   }
 
-  /// A virtual operation that takes the place of the base's of the same name and signature.
+  /// A virtual operation that takes the place of the base's of the same name and signature. Throws
+  /// `FatalFault` where the base has no such operation.
   template <auto Method>
   void overriding(const String& name, const Visibility& visibility = Public) {
-    const String signature = ShapeOf<Method>::signature();
-    const auto overridden = std::ranges::find_if(record_.methodRows, [&](const MethodRow& row) {
-      return row.name == name && row.signature == signature;
-    });
-    assert(overridden != record_.methodRows.end());
-    std::ranges::replace(record_.virtualTable, overridden->function, functionOf<Method>());
+    detail::slotOf(record_, name, ShapeOf<Method>::signature()) = functionOf<Method>();
     plainMethod<Method>(name, visibility);
   }
 
@@ -58,91 +75,105 @@ class ClassTable {
   template <auto Method>
   void plainMethod(const String& name, const Visibility& visibility = Public,
                    std::uint32_t extraFlags = 0) {
-    using Shape = ShapeOf<Method>;
-    record_.methodRows.push_back({.name = name,
-                                  .flags = visibility.flags | extraFlags,
-                                  .attributes = visibility.attributes,
-                                  .signature = Shape::signature(),
-                                  .function = functionOf<Method>(),
-                                  .invoker = Shape::Invoke});
+    addMethod(name, visibility.flags | extraFlags, visibility.attributes,
+              ShapeOf<Method>::signature(), functionOf<Method>(), ShapeOf<Method>::Invoke);
   }
 
   /// A shared method: one that is called with no object.
   template <auto Method>
   void sharedMethod(const String& name, const Visibility& visibility = Public) {
-    using SharedFunction = detail::SharedFunction<decltype(Method)>;
-    using Shape = typename SharedFunction::Shape;
-    record_.methodRows.push_back(
-        {.name = name,
-         .flags = visibility.flags | Flags::Shared,
-         .attributes = visibility.sharedAttributes,
-         .signature = Shape::signature(),
-         .function = reinterpret_cast<Function>(&SharedFunction::template call<Method>),
-         .invoker = Shape::InvokeShared});
+    using Shape = SharedShapeOf<Method>;
+    addMethod(name, visibility.flags | Flags::Shared, visibility.sharedAttributes,
+              Shape::signature(), sharedFunctionOf<Method>(), Shape::InvokeShared);
   }
 
-  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`.
+  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`. Where the field is a property
+  /// object, which does more than to store, the property is a computed one.
   template <auto Field>
   void property(const String& name, const Visibility& visibility = Public) {
-    using Type = std::remove_cvref_t<decltype(std::declval<Self&>().*Field)>;
-    using Access = PropertyAccess<Type>;
-    addProperty<Type>(name, visibility, offsetOf<Type>(Field),
-                      reinterpret_cast<Function>(Access::Get),
-                      reinterpret_cast<Function>(Access::Set));
+    if constexpr (detail::PropertyObject<TypeOf<Field>>) {
+      computed<typename TypeOf<Field>::Type, Field, Field>(name, visibility);
+    } else {
+      using Access = PropertyAccess<TypeOf<Field>>;
+      addProperty<Access>(name, visibility, offsetOf(Field), Access::getter(), Access::setter());
+    }
   }
 
   /// A stored property that is read only.
   template <auto Field>
   void readOnlyField(const String& name, const Visibility& visibility = Public) {
-    using Type = std::remove_cvref_t<decltype(std::declval<Self&>().*Field)>;
-    addProperty<Type>(name, visibility, offsetOf<Type>(Field),
-                      reinterpret_cast<Function>(PropertyAccess<Type>::Get), nullptr);
+    using Access = PropertyAccess<TypeOf<Field>>;
+    addProperty<Access>(name, visibility, offsetOf(Field), Access::getter(), nullptr);
   }
 
-  /// A computed property by its two accessors, which overload one name.
+  /// A computed property by its two accessors, which overload one name. Each is one function: the
+  /// property's row, the method's row and a slot, where there is one, have the same.
   template <class Type, Type (Self::*Get)() const, void (Self::*Set)(Type)>
   void property(const String& name, const Visibility& visibility = Public) {
-    addProperty<Type>(name, visibility, 0, reinterpret_cast<Function>(getter<Get, Type>),
-                      reinterpret_cast<Function>(setter<Set, Type>));
-    plainMethod<getter<Get, Type>>(name + ".Get"_s, PublicHidden);
-    plainMethod<setter<Set, Type>>(name + ".Set"_s, PublicHidden);
+    computed<Type, Get, Set>(name, visibility);
   }
 
   /// A computed property whose two accessors are virtual operations.
   template <class Type, Type (Self::*Get)() const, void (Self::*Set)(Type)>
   void virtualProperty(const String& name) {
     property<Type, Get, Set>(name);
-    record_.virtualTable.push_back(reinterpret_cast<Function>(getter<Get, Type>));
-    record_.virtualTable.push_back(reinterpret_cast<Function>(setter<Set, Type>));
+    slot<getter<Get, Type>>();
+    slot<setter<Set, Type>>();
   }
 
   /// A computed property that is read only, where the class has no overload for writing.
   template <auto Get>
   void readOnlyProperty(const String& name, const Visibility& visibility = Public) {
     using Type = detail::Plain<decltype((std::declval<Self&>().*Get)())>;
-    addProperty<Type>(name, visibility, 0, reinterpret_cast<Function>(getter<Get, Type>), nullptr);
+    addProperty<PropertyAccess<Type>>(name, visibility, 0, functionOf<getter<Get, Type>>(),
+                                      nullptr);
     plainMethod<getter<Get, Type>>(name + ".Get"_s, PublicHidden);
   }
 
-  /// Declares an event that this class's objects raise.
-  void event(const String& name) { record_.eventRows.push_back({name, nullptr}); }
+  /// A shared property with storage: a static variable, as in
+  /// `sharedProperty<&ArrayInfo::mArrayMap>("mArrayMap"_s, Private)`.
+  template <auto Variable>
+  void sharedProperty(const String& name, const Visibility& visibility = Public) {
+    using Type = std::remove_cvref_t<decltype(*Variable)>;
+    addSharedProperty<Type>(name, visibility, sharedFunctionOf<sharedGetter<Variable, Type>>(),
+                            sharedFunctionOf<sharedSetter<Variable, Type>>());
+  }
 
-  /// Binds a method to an event that an ancestor declares.
-  template <auto Method>
-  void handles(const String& name) {
-    const std::int32_t index = FindEvent(record_, name);
-    assert(index >= 0);
-    record_.eventRows[static_cast<std::size_t>(index)].handler = functionOf<Method>();
+  /// A computed shared property by its two accessors, which are static functions.
+  template <class Type, Type (*Get)(), void (*Set)(Type)>
+  void sharedProperty(const String& name, const Visibility& visibility = Public) {
+    addSharedProperty<Type>(name, visibility, sharedFunctionOf<Get>(), sharedFunctionOf<Set>());
+    sharedMethod<Get>(name + ".Get"_s, PublicHidden);
+    sharedMethod<Set>(name + ".Set"_s, PublicHidden);
+  }
+
+  /// Declares events that this class's objects raise, in this order.
+  template <class... Signatures>
+  void event(const Event<Signatures>&... declared) {
+    (record_.eventRows.push_back({declared.name(), declared.signature(), nullptr}), ...);
+  }
+
+  /// Binds a method to an event that the class or an ancestor declares. Throws `FatalFault` where
+  /// neither does.
+  template <auto Method, class Signature>
+  void handles(const Event<Signature>& event) {
+    static_assert(std::same_as<ShapeOf<Method>, typename Event<Signature>::Shape>,
+                  "the method does not take and give what handlers of the event do");
+    detail::eventRowOf(record_, event.name(), event.signature()).handler = functionOf<Method>();
   }
 
   /// Implements an interface by its operations, in the interface's order.
   template <class Interface, auto... Operations>
   void implements() {
-    static_assert(sizeof...(Operations) == Interface::OperationCount);
+    static_assert(std::same_as<typename Interface::Operations, std::tuple<ShapeOf<Operations>...>>,
+                  "the methods do not take and give what the interface's operations do");
     record_.interfaceRows.push_back({Interface::__Lookup(), {functionOf<Operations>()...}});
   }
 
  private:
+  template <auto Field>
+  using TypeOf = std::remove_cvref_t<decltype(std::declval<Self&>().*Field)>;
+
   template <auto Get, class Type>
   static Type getter(Object* object, std::int32_t /*index*/) {
     return (static_cast<Self&>(*object).*Get)();
@@ -153,25 +184,61 @@ class ClassTable {
     (static_cast<Self&>(*object).*Set)(value);
   }
 
-  /// Where the field lies from the object's start, which is what a pointer to a member holds.
-  template <class Type>
-  static std::int32_t offsetOf(Type Self::*field) {
-    return static_cast<std::int32_t>(std::bit_cast<std::ptrdiff_t>(field));
+  template <auto Variable, class Type>
+  static Type sharedGetter() {
+    return *Variable;
   }
 
-  template <class Type>
+  template <auto Variable, class Type>
+  static void sharedSetter(const Type& value) {
+    *Variable = value;
+  }
+
+  /// Where the field lies from the object's start, which is what a pointer to a member holds.
+  template <class Class, class Type>
+  static std::int32_t offsetOf(Type Class::*field) {
+    return static_cast<std::int32_t>(
+        std::bit_cast<std::ptrdiff_t>(static_cast<Type Self::*>(field)));
+  }
+
+  template <class Type, auto Get, auto Set>
+  void computed(const String& name, const Visibility& visibility) {
+    addProperty<PropertyAccess<Type>>(name, visibility, 0, functionOf<getter<Get, Type>>(),
+                                      functionOf<setter<Set, Type>>());
+    plainMethod<getter<Get, Type>>(name + ".Get"_s, PublicHidden);
+    plainMethod<setter<Set, Type>>(name + ".Set"_s, PublicHidden);
+  }
+
+  void addMethod(const String& name, std::uint32_t flags, std::span<const AttributeRow> attributes,
+                 const String& signature, Function function, Invoker invoker) {
+    record_.methodRows.push_back({{name, flags, attributes}, signature, function, invoker});
+  }
+
+  template <class Access>
   void addProperty(const String& name, const Visibility& visibility, std::int32_t offset,
                    Function get, Function set) {
     record_.propertyRows.push_back(
-        {.name = name,
-         .flags = visibility.flags | (set == nullptr ? 0 : Flags::Writable),
-         .attributes = visibility.attributes,
-         .type = typeCodeOf<Type>(),
-         .fieldOffset = offset,
-         .getter = get,
-         .setter = set,
-         .reflectionGet = PropertyAccess<Type>::GetValue,
-         .reflectionSet = set == nullptr ? nullptr : PropertyAccess<Type>::SetValue});
+        {{name, visibility.flags | (set == nullptr ? 0 : Flags::Writable), visibility.attributes},
+         typeCodeOf<typename Access::Type>(),
+         offset,
+         get,
+         set,
+         Access::GetValue,
+         set == nullptr ? nullptr : Access::SetValue});
+  }
+
+  template <class Type>
+  void addSharedProperty(const String& name, const Visibility& visibility, Function get,
+                         Function set) {
+    using Access = PropertyAccess<Type>;
+    record_.propertyRows.push_back(
+        {{name, visibility.flags | Flags::Shared | Flags::Writable, visibility.sharedAttributes},
+         typeCodeOf<Type>(),
+         0,
+         get,
+         set,
+         Access::GetSharedValue,
+         Access::SetSharedValue});
   }
 
   ClassRecord& record_;

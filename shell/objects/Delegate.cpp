@@ -9,13 +9,21 @@ void Delegate::fillTable(ClassTable<Delegate>& table) {
   table.method<&Delegate::IM_Invoke>("IM_Invoke"_s);
 }
 
-void Delegate::Invoke() {
+void Delegate::require(Invoking invoking) const {
+  RuntimeStackCheck();
   if (target_ == nullptr) Raise<FunctionNotFoundException>();
+  if (invoking_ != invoking) Raise<TypeMismatchException>();
+}
+
+void Delegate::Invoke() {
+  require(&Delegate::Invoke);
+  const Ref<Delegate> held(this);  // the target may give it up
   target_();
 }
 
 void Delegate::IM_Invoke() {
-  if (target_ == nullptr) Raise<FunctionNotFoundException>();
+  require(&Delegate::IM_Invoke);
+  const Ref<Delegate> held(this);  // the target may give it up
   reinterpret_cast<void (*)(Object*)>(target_)(boundObject_.get());
 }
 

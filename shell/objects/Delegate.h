@@ -13,8 +13,9 @@ class Delegate final : public Described<Delegate, Object> {
   /// How a delegate calls its target: `Invoke` or `IM_Invoke`.
   using Invoking = void (Delegate::*)();
 
-  /// Calls the target without arguments. Raises `FunctionNotFoundException` where there is none, as
-  /// the other does.
+  /// Calls the target without arguments. Raises `FunctionNotFoundException` where there is none,
+  /// `TypeMismatchException` for a delegate that was made for the other way of calling, and
+  /// `StackOverflowException` where delegates call each other without end; so does the other.
   void Invoke();
   /// Calls the target with the bound object as its one argument.
   void IM_Invoke();
@@ -23,12 +24,13 @@ class Delegate final : public Described<Delegate, Object> {
 
   /// The target function, a `void (*)()` or a `void (*)(Object*)` by the way of calling.
   [[nodiscard]] Function target() const { return target_; }
-  [[nodiscard]] const Ref<Object>& boundObject() const { return boundObject_; }
 
  private:
   friend Ref<Delegate> RuntimeCreateDelegate(Invoking invoker, Function target,
                                              const Ref<Object>& boundObject,
                                              const String& signature);
+
+  void require(Invoking invoking) const;
 
   Invoking invoking_ = &Delegate::Invoke;
   Function target_ = nullptr;

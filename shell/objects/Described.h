@@ -1,6 +1,8 @@
 #pragma once
 
+#include <concepts>
 #include <memory>
+#include <tuple>
 #include <type_traits>
 
 #include "shell/objects/ClassRecord.h"
@@ -9,6 +11,48 @@
 
 namespace veldrin {
 
+namespace detail {
+
+template <class Pointer>
+struct MemberPointer;
+template <class Class, class Type>
+struct MemberPointer<Type Class::*> {
+  using Declaring = Class;
+  using Declared = Type;
+};
+
+/// The step as a record keeps it, or nil where `Self` does not declare it but a base does. One that
+/// is private or overloaded has no address here, and does not compile.
+template <class Self, auto Step>
+LifeStep lifeStepOf() {
+  using Pointer = MemberPointer<decltype(Step)>;
+  if constexpr (std::same_as<typename Pointer::Declaring, Self>) {
+    static_assert(std::same_as<typename Pointer::Declared, void()>,
+                  "a step of an object's life is a member function `void ()`, not noexcept");
+    return [](Object& object) {
+      RuntimeStackCheck();
+      (static_cast<Self&>(object).*Step)();
+    };
+  }
+  return nullptr;
+}
+
+/// Lets `Self` fill its table where it declares how; that of a base has filled the base's.
+template <class Self, auto Fill, auto FillOfBase>
+void fillTable(ClassRecord& record) {
+  if constexpr (std::same_as<decltype(Fill), void (*)(ClassTable<Self>&)>) {
+    ClassTable<Self> table(record);
+    Fill(table);
+  } else {
+    static_assert(std::same_as<decltype(Fill), decltype(FillOfBase)>,
+                  "fillTable is a static function that takes the table of its own class");
+    static_assert(Fill == FillOfBase,
+                  "fillTable is a static function that takes the table of its own class");
+  }
+}
+
+}  // namespace detail
+
 /// Gives the class `Self` its record. A class of the system derives from this in place of its base:
 ///
 ///     class CheckBox final : public Described<CheckBox, RectControl> {
@@ -16,7 +60,8 @@ namespace veldrin {
 ///       static constexpr FixedString FullName = "CheckBox";
 ///
 /// and declares, where it has them, `static void fillTable(ClassTable<CheckBox>&)` for its rows and
-/// the steps `__Init()`, `Destructor()` and `__Exit()` of its objects' life.
+/// the steps `void __Init()`, `void Destructor()` and `void __Exit()` of its objects' life, all of
+/// them public. One of these that is private, `noexcept` or of another type does not compile.
 template <class Self, class Base>
 class Described : public Base {
  public:
@@ -30,7 +75,8 @@ class Described : public Base {
   }
 
   /// Builds the record, its base's first; does nothing the second time. Raises
-  /// `StackOverflowException` where the bases go too deep.
+  /// `StackOverflowException` where the bases go too deep, and throws `FatalFault` where the table
+  /// overrides or binds what there is not.
   static void __ctblinit();
 
   [[nodiscard]] ClassRecord* classRecord() const override { return __Lookup(); }
@@ -46,34 +92,26 @@ void Described<Self, Base>::__ctblinit() {
   ClassRecord* base = nullptr;
   if constexpr (!std::is_same_v<Base, Object>) base = Base::__Lookup();
   __ctbl = RuntimeNewClass(base);
-  __ctbl->name = StringConstant(&ConstantString<Self::FullName, Encoding::UTF8>::record);
+  __ctbl->name = ConstantText<Self::FullName>;
   __ctbl->instanceSize = static_cast<std::int32_t>(sizeof(Self));
   if constexpr (!std::is_abstract_v<Self> && std::is_default_constructible_v<Self>) {
     __ctbl->allocate = []() -> Object* { return std::make_unique<Self>().release(); };
   }
-  // A step that is inherited has its base's type: it stands in the base's record alone.
-  using Step = void (Self::*)();
-  if constexpr (requires { requires std::is_same_v<decltype(&Self::__Init), Step>; }) {
-    __ctbl->__Init = [](Object& object) { static_cast<Self&>(object).__Init(); };
-  }
-  if constexpr (requires { requires std::is_same_v<decltype(&Self::Destructor), Step>; }) {
-    __ctbl->Destructor = [](Object& object) { static_cast<Self&>(object).Destructor(); };
-  }
-  if constexpr (requires { requires std::is_same_v<decltype(&Self::__Exit), Step>; }) {
-    __ctbl->__Exit = [](Object& object) { static_cast<Self&>(object).__Exit(); };
-  }
-  if constexpr (requires(ClassTable<Self> table) { Self::fillTable(table); }) {
-    ClassTable<Self> table(*__ctbl);
-    Self::fillTable(table);
-  }
+  __ctbl->__Init = detail::lifeStepOf<Self, &Self::__Init>();
+  __ctbl->Destructor = detail::lifeStepOf<Self, &Self::Destructor>();
+  __ctbl->__Exit = detail::lifeStepOf<Self, &Self::__Exit>();
+  detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(*__ctbl);
 }
 
 /// Gives an interface its record: a name and the mark of an interface, and nothing else.
 ///
 ///     struct Writeable : DescribedInterface<Writeable> {
 ///       static constexpr FixedString FullName = "Writeable";
-///       static constexpr std::size_t OperationCount = 3;
+///       using Operations = std::tuple<MethodShape<void, String>, MethodShape<void>,
+///                                     MethodShape<bool>>;
 ///     };
+///
+/// `Operations` are the shapes of the interface's operations in their order.
 template <class Self>
 struct DescribedInterface {
   static inline ClassRecord* __ctbl = nullptr;
@@ -87,7 +125,7 @@ struct DescribedInterface {
     RuntimeStackCheck();
     if (__ctbl != nullptr) return;
     __ctbl = RuntimeNewClass(nullptr);
-    __ctbl->name = StringConstant(&ConstantString<Self::FullName, Encoding::UTF8>::record);
+    __ctbl->name = ConstantText<Self::FullName>;
     __ctbl->isInterface = true;
   }
 };

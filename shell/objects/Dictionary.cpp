@@ -1,5 +1,7 @@
 #include "shell/objects/Dictionary.h"
 
+#include <utility>
+
 #include "shell/objects/Failure.h"
 #include "shell/objects/NewArray.h"
 
@@ -42,7 +44,12 @@ Variant Dictionary::Value(const Variant& key) const {
 }
 
 void Dictionary::Value(const Variant& key, const Variant& value) {
-  entries_.insert_or_assign(key, value);
+  // The old value goes last: its end may ask this very dictionary something.
+  const Variant old = std::exchange(entries_[key], value);
+}
+
+void Dictionary::Clear() {
+  const auto old = std::exchange(entries_, {});
 }
 
 Variant Dictionary::Lookup(const Variant& key, const Variant& otherwise) const {

@@ -12,8 +12,10 @@ class Pair final : public Described<Pair, Object> {
   static constexpr FixedString FullName = "Pair";
   static void fillTable(ClassTable<Pair>& table);
 
+  /// The two values, nil before `Constructor` has run.
   [[nodiscard]] Variant Left() const { return left_; }
   [[nodiscard]] Variant Right() const { return right_; }
+  /// Takes the two values.
   void Constructor(const Variant& left, const Variant& right);
 
  private:
@@ -40,7 +42,7 @@ class Dictionary final : public Described<Dictionary, Object> {
   [[nodiscard]] bool HasKey(const Variant& key) const { return entries_.contains(key); }
   /// Takes a key away. Raises `KeyNotFoundException` where there is none.
   void Remove(const Variant& key);
-  void Clear() { entries_.clear(); }
+  void Clear();
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
   /// A new array with all keys, and one with all values in the same order.
   [[nodiscard]] Ref<Array<Variant>> Keys() const;

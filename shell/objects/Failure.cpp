@@ -1,6 +1,8 @@
 #include "shell/objects/Failure.h"
 
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "shell/objects/NewArray.h"
 
@@ -34,7 +36,29 @@ void buildExceptionClasses() {
 }
 
 Ref<Array<String>> RuntimeException::Stack() const {
-  return newArray(std::vector<String>());
+  std::vector<String> names;
+  for (const std::string& name : calls_.names()) names.emplace_back(name);
+  return newArray(std::move(names));
+}
+
+namespace {
+
+Ref<RuntimeException> outOfMemory;
+
+void raiseOutOfMemory() {
+  throw RaisedOutOfMemory(outOfMemory);
+}
+
+}  // namespace
+
+OutOfMemoryRaiser::OutOfMemoryRaiser() {
+  outOfMemory = New<OutOfMemoryException>();
+  before_ = std::set_new_handler(raiseOutOfMemory);
+}
+
+OutOfMemoryRaiser::~OutOfMemoryRaiser() {
+  std::set_new_handler(before_);
+  outOfMemory = nullptr;
 }
 
 void RaiseNilObjectException() {
@@ -42,10 +66,12 @@ void RaiseNilObjectException() {
 }
 
 void RuntimeRaiseException(Ref<RuntimeException> exception) {
+  exception->calls_.take();
   throw Raised{std::move(exception)};
 }
 
 void RuntimeReraiseException(Ref<RuntimeException> exception) {
+  if (!exception) RaiseNilObjectException();
   throw Raised{std::move(exception)};
 }
 

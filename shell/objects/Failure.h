@@ -1,13 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <new>
 #include <stdexcept>
 
+#include "shell/objects/CallStack.h"
 #include "shell/objects/Described.h"
 #include "shell/objects/Ref.h"
 #include "shell/objects/String.h"
 
 namespace veldrin {
+
+class RuntimeException;
+
+/// Raises the exception, and notes in it the calls that it comes from. A nil one is a
+/// `NilObjectException`.
+[[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
 
 /// The root of the family of exception objects. Whoever raises one sets at most `ErrorNumber`; the
 /// words that a person reads come from the report of an exception that nothing caught.
@@ -21,12 +29,18 @@ class RuntimeException : public Described<RuntimeException, Object> {
   /// `RuntimeExceptionFinalizer`: gives the message up.
   void __Exit() { Message = String(); }
 
-  /// The calls in which it was raised, the innermost first. The frames of a program carry no names
-  /// that a person could read, so the array is empty.
+  /// A new array with the calls in which it was raised, the innermost first, up to 30: names of
+  /// functions where the program has them, else places as in "veldrin+0x1f40". Empty for one that
+  /// has not been raised, and for the one of exhausted memory.
   [[nodiscard]] Ref<Array<String>> Stack() const;
 
   String Message;
   std::int32_t ErrorNumber = 0;  ///< of a failed file operation: the host's `errno`
+
+ private:
+  friend void RuntimeRaiseException(Ref<RuntimeException> exception);
+
+  CallStack calls_;
 };
 
 /// A child of the family: told apart by its class alone, it adds nothing.
@@ -73,17 +87,33 @@ struct Raised {
   Ref<RuntimeException> exception;
 };
 
-/// A fault of the build itself, which no handler takes: what was made together does not fit
-/// together. It ends the process with a report.
+/// The same for exhausted memory. The library lets what finds memory for it throw this and no
+/// other, so it is a `std::bad_alloc` as well.
+struct RaisedOutOfMemory : Raised, std::bad_alloc {
+  explicit RaisedOutOfMemory(Ref<RuntimeException> raised) : Raised{std::move(raised)} {}
+};
+
+/// While one of these lives, memory that cannot be had raises `OutOfMemoryException`, whoever in
+/// the process asks for it. The exception object has been made ahead, because then it could not be.
+class OutOfMemoryRaiser {
+ public:
+  OutOfMemoryRaiser();
+  OutOfMemoryRaiser(const OutOfMemoryRaiser&) = delete;
+  OutOfMemoryRaiser& operator=(const OutOfMemoryRaiser&) = delete;
+  ~OutOfMemoryRaiser();
+
+ private:
+  std::new_handler before_;
+};
+
+/// An error in the program itself, such as a table that does not match its base. No handler catches
+/// it; it is reported and the run ends.
 class FatalFault : public std::logic_error {
  public:
   using std::logic_error::logic_error;
 };
 
-/// Raises the exception.
-[[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
-
-/// Goes on raising an exception that a frame has taken.
+/// Goes on raising an exception that a frame has taken; nil likewise.
 [[noreturn]] void RuntimeReraiseException(Ref<RuntimeException> exception);
 
 /// Makes an exception of the class and raises it.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "shell/objects/ClassRecord.h"
+#include "shell/objects/Stack.h"
 #include "shell/objects/TypeCode.h"
 
 namespace veldrin {
@@ -62,18 +63,21 @@ struct MethodShape {
         fromVariant<std::remove_reference_t<Parameters>>(arguments[Index])...};
     if constexpr (std::is_void_v<Result>) {
       calling(std::get<Index>(values)...);
-      (giveBack<Parameters>(arguments[Index], std::get<Index>(values)), ...);
+      (giveBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
       return {};
     } else {
       Variant result(calling(std::get<Index>(values)...));
-      (giveBack<Parameters>(arguments[Index], std::get<Index>(values)), ...);
+      (giveBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
       return result;
     }
   }
 
   template <class Parameter, class Value>
-  static void giveBack(Variant& argument, Value& value) {
-    if constexpr (std::is_reference_v<Parameter>) argument = Variant(std::move(value));
+  static void giveBack(VariantArray& arguments, std::size_t place, Value& value) {
+    // What was called may have changed the array itself.
+    if constexpr (std::is_reference_v<Parameter>) {
+      if (place < arguments.size()) arguments[place] = Variant(std::move(value));
+    }
   }
 };
 
@@ -86,9 +90,12 @@ template <class Class, class Result, class... Parameters>
 struct Member<Result (Class::*)(Parameters...)> {
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
-  /// The member as a function with the object as its first argument.
+  /// The member as a function with the object as its first argument. Every call of a method through
+  /// a table comes by here: as a handler, a delegate's target, a virtual operation or by
+  /// description. So this is where the stack is checked, and no method's body has to.
   template <auto Method>
   static Plain<Result> call(Object* object, Handed<Plain<Parameters>>... arguments) {
+    RuntimeStackCheck();
     return (static_cast<Class&>(*object).*Method)(arguments...);
   }
 };
@@ -111,6 +118,7 @@ struct Member<Result (*)(Object*, Parameters...)> {
 
   template <auto Method>
   static Plain<Result> call(Object* object, Handed<Plain<Parameters>>... arguments) {
+    RuntimeStackCheck();
     return Method(object, arguments...);
   }
 };
@@ -124,6 +132,7 @@ struct SharedFunction<Result (*)(Parameters...)> {
 
   template <auto Method>
   static Plain<Result> call(Handed<Plain<Parameters>>... arguments) {
+    RuntimeStackCheck();
     return Method(arguments...);
   }
 };
@@ -140,5 +149,14 @@ Function functionOf() {
 /// The shape of a method.
 template <auto Method>
 using ShapeOf = typename detail::Member<decltype(Method)>::Shape;
+
+/// The function of a shared method, which has no object, and its shape.
+template <auto Method>
+Function sharedFunctionOf() {
+  return reinterpret_cast<Function>(
+      &detail::SharedFunction<decltype(Method)>::template call<Method>);
+}
+template <auto Method>
+using SharedShapeOf = typename detail::SharedFunction<decltype(Method)>::Shape;
 
 }  // namespace veldrin

@@ -2,8 +2,10 @@
 
 #include <limits>
 #include <memory>
+#include <vector>
 
 #include "shell/objects/ClassRecord.h"
+#include "shell/objects/Stack.h"
 
 namespace veldrin {
 namespace {
@@ -27,16 +29,52 @@ std::int64_t liveObjectCount() {
   return liveObjects;
 }
 
+namespace {
+
+/// Objects whose end waits for the stack to come back. Never destroyed, because objects may be
+/// released after static destructors have run.
+std::vector<Object*>& waiting = *std::make_unique<std::vector<Object*>>().release();
+
+void runStep(LifeStep step, Object& object) noexcept {
+  if (step == nullptr) return;
+  try {
+    step(object);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no caller to pass it to
+  }
+}
+
+bool waits(Object* object) noexcept {
+  if (!RuntimeStackIsLow()) return false;
+  try {
+    waiting.push_back(object);
+    return true;
+  } catch (...) {
+    return false;  // without memory to note it down, the object is ended in the reserve
+  }
+}
+
+}  // namespace
+
 void destroyObject(Object* object) noexcept {
+  object->count_ = CountOfTheDying;
+  if (waits(object)) return;
+  endObject(object);
+  while (!waiting.empty() && !RuntimeStackIsLow()) {
+    Object* const next = waiting.back();
+    waiting.pop_back();
+    endObject(next);
+  }
+}
+
+void endObject(Object* object) noexcept {
   struct End {
     void operator()(Object* last) const { delete last; }
   };
   const std::unique_ptr<Object, End> owner(object);
-  object->count_ = CountOfTheDying;
   for (const ClassRecord* record = object->classRecord(); record != nullptr;
        record = record->baseClass) {
-    if (record->Destructor != nullptr) record->Destructor(*object);
-    if (record->__Exit != nullptr) record->__Exit(*object);
+    runStep(record->Destructor, *object);
+    runStep(record->__Exit, *object);
   }
 }
 

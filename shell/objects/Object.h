@@ -8,6 +8,8 @@
 namespace veldrin {
 
 struct ClassRecord;
+template <class Self>
+class ClassTable;
 
 /// The root of all classes. An object lives exactly as long as somebody holds a count of it: it
 /// starts with one, which belongs to whoever made it. The program has one thread, so the count is a
@@ -24,7 +26,14 @@ class Object {
   /// The record of the object's class; nil only for the root, which has none.
   [[nodiscard]] virtual ClassRecord* classRecord() const { return nullptr; }
 
-  /// How many counts are held, for tests and for the curious.
+  /// What a class may declare again for itself: rows for its table, and steps of its objects' life.
+  /// These do nothing and stand in no record.
+  static void fillTable(ClassTable<Object>& /*table*/) {}
+  void __Init() {}
+  void Destructor() {}
+  void __Exit() {}
+
+  /// The number of counts held, for tests.
   [[nodiscard]] std::int32_t referenceCount() const { return count_; }
 
  protected:
@@ -35,6 +44,7 @@ class Object {
   friend void RuntimeLockObject(Object* object) noexcept;
   friend void RuntimeUnlockObject(Object* object) noexcept;
   friend void destroyObject(Object* object) noexcept;
+  friend void endObject(Object* object) noexcept;
 
   std::int32_t count_ = 1;
 };
@@ -43,7 +53,9 @@ class Object {
 std::int64_t liveObjectCount();
 
 /// Runs the object's `Destructor` and `__Exit`, class by class from the derived to the base, and
-/// frees it; only `RuntimeUnlockObject` calls it.
+/// frees it; only `RuntimeUnlockObject` calls it. What a step raises is dropped, since there is
+/// no caller to pass it to. Objects that hold each other in a chain of any length are freed without
+/// overflowing the stack: where it runs low, the next one waits until those in hand are done.
 void destroyObject(Object* object) noexcept;
 
 /// Adds a count. Nil is allowed.

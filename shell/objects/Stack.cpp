@@ -28,7 +28,11 @@ std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
 
 void measureStack() {
   rlimit limit{};
-  if (getrlimit(RLIMIT_STACK, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY) return;
+  if (getrlimit(RLIMIT_STACK, &limit) != 0) return;
+  // A stack without a limit still ends somewhere: what is far more than anything needs is the
+  // limit.
+  constexpr rlim_t Ample = rlim_t{1} << 28;
+  if (limit.rlim_cur == RLIM_INFINITY) limit.rlim_cur = Ample;
   const auto frame = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
   const std::uintptr_t size = std::min<std::uintptr_t>(limit.rlim_cur, frame);
   detail::stackLimit = stackTop(frame, size) - size + StackReserve;
@@ -36,9 +40,15 @@ void measureStack() {
 
 void detail::raiseStackOverflow() {
   // The exception is made within the reserve, where its class may have to be built first.
-  const std::uintptr_t limit = std::exchange(stackLimit, 0);
-  const Ref<StackOverflowException> exception = New<StackOverflowException>();
-  stackLimit = limit;
+  struct Suspension {
+    const std::uintptr_t limit = std::exchange(stackLimit, 0);
+    ~Suspension() { stackLimit = limit; }
+  };
+  Ref<StackOverflowException> exception;
+  {
+    const Suspension suspension;
+    exception = New<StackOverflowException>();
+  }
   RuntimeRaiseException(exception);
 }
 

@@ -37,7 +37,7 @@ String::String(std::string_view text, std::uint32_t encoding) {
   detail::append(*record_, text);
 }
 
-String detail::addToNew(String left, const String& right) {
+String detail::addToNew(const String& left, const String& right) {
   const std::string_view tail = right.view();
   if (tail.empty()) return left;
   if (left.isEmpty()) return right;
@@ -46,7 +46,8 @@ String detail::addToNew(String left, const String& right) {
   const std::size_t roomy = std::max(2 * length, ShortSum) + StringRecord::Overhead;
   const std::size_t allocation =
       roomy <= LargestAllocation ? roomy : length + StringRecord::Overhead;
-  StringRecord* const sum = makeRecord(allocation, left.encoding());
+  StringRecord* const sum =
+      makeRecord(allocation, encodingOfSum(left.encoding(), right.encoding()));
   detail::append(*sum, left.view());
   detail::append(*sum, tail);
   return String::adopt(sum);

@@ -140,30 +140,46 @@ inline void append(StringRecord& record, std::string_view text) {
   record.data[0] = static_cast<char>(lengthPrefix(static_cast<std::size_t>(record.length)));
 }
 
+/// The encoding word of a sum of two texts that are not empty: ASCII where both are, else UTF-8.
+inline std::uint32_t encodingOfSum(std::uint32_t left, std::uint32_t right) {
+  return left == right ? left : Encoding::UTF8;
+}
+
 /// The concatenation as a new string, or as the one operand that is not empty.
-String addToNew(String left, const String& right);
+String addToNew(const String& left, const String& right);
 
 }  // namespace detail
 
-/// Concatenation, the one way in which texts are joined. A left operand that nobody else holds is
-/// grown in place, which no holder of a string can tell from a new one. Raises
+/// Concatenation, the one way in which texts are joined. The sum of a text and an empty one is the
+/// text; any other has the encoding of both, or UTF-8 where they differ. Raises
 /// `OutOfMemoryException` where the sum is longer than a string can be.
-inline String RuntimeAddString(String left, const String& right) {
+inline String RuntimeAddString(const String& left, const String& right) {
+  return detail::addToNew(left, right);
+}
+
+/// The same for a left operand that is given up. Where nobody else holds it, it is grown in place,
+/// which no holder of a string can tell from a new one. The right one may be the very same
+/// variable.
+inline String RuntimeAddString(String&& left, const String& right) {
   StringRecord* const record = left.record();
   const std::string_view tail = right.view();
   // A run-time string that only `left` holds; a constant that anybody uses has a count of 2.
-  const bool unshared = record != nullptr && record->count == 1;
-  if (!unshared ||
+  const bool unshared = record != nullptr && record->count == 1 && &left != &right;
+  if (!unshared || record->length == 0 || tail.empty() ||
       record->length + static_cast<std::int64_t>(tail.size()) + StringRecord::Overhead >
           record->allocation) {
-    return detail::addToNew(std::move(left), right);
+    return detail::addToNew(left, right);
   }
   detail::append(*record, tail);
-  return left;
+  record->encoding = detail::encodingOfSum(record->encoding, right.encoding());
+  return std::move(left);
 }
 
 /// `RuntimeAddString` as an operator, for sums that read like the text they make.
-inline String operator+(String left, const String& right) {
+inline String operator+(const String& left, const String& right) {
+  return RuntimeAddString(left, right);
+}
+inline String operator+(String&& left, const String& right) {
   return RuntimeAddString(std::move(left), right);
 }
 
@@ -187,17 +203,21 @@ struct ConstantString {
                                               block.data()};
 };
 
+/// The constant string of a text that the compiler knows.
+template <FixedString Text, std::uint32_t EncodingWord = Encoding::UTF8>
+inline constexpr StringConstant ConstantText{&ConstantString<Text, EncodingWord>::record};
+
 inline namespace literals {
 /// A literal, as in `"Sunrise = "_s`.
 template <FixedString Text>
 constexpr StringConstant operator""_s() {
-  return StringConstant(&ConstantString<Text, Encoding::UTF8>::record);
+  return ConstantText<Text>;
 }
 
 /// A literal that carries the encoding word of plain ASCII, as in `"(  )"_ascii`.
 template <FixedString Text>
 constexpr StringConstant operator""_ascii() {
-  return StringConstant(&ConstantString<Text, Encoding::ASCII>::record);
+  return ConstantText<Text, Encoding::ASCII>;
 }
 }  // namespace literals
 

@@ -111,6 +111,7 @@ std::vector<std::uint8_t> writeStringImage(std::span<const String> strings, std:
     putWord(image, string.encoding());
     block += length + StringRecord::Overhead;
   }
+  if (block > std::numeric_limits<std::uint32_t>::max()) Raise<OutOfMemoryException>();
   for (const String& string : strings) {
     const std::string_view text = string.view();
     image.push_back(lengthPrefix(text.size()));

@@ -63,6 +63,8 @@ template <>
 struct TypeCode<Variant> : detail::Coded<"v"> {};
 template <>
 struct TypeCode<void*> : detail::Coded<"p"> {};
+template <class T>
+struct TypeCode<T*> : TypeCode<void*> {};
 template <>
 struct TypeCode<Ref<Object>> : detail::Coded<"o<Object>"> {};
 
@@ -131,13 +133,13 @@ constexpr StringConstant signatureOf() {
   constexpr auto Text = SignatureText<Result, Parameters...>;
   constexpr std::uint32_t Word =
       detail::holdsOnlyNumbers(Text.view()) ? Encoding::ASCII : Encoding::UTF8;
-  return StringConstant(&ConstantString<Text, Word>::record);
+  return ConstantText<Text, Word>;
 }
 
 /// The type code as a constant text.
 template <class T>
 constexpr StringConstant typeCodeOf() {
-  return StringConstant(&ConstantString<TypeCode<T>::code, Encoding::UTF8>::record);
+  return ConstantText<TypeCode<T>::code>;
 }
 
 }  // namespace veldrin

@@ -144,6 +144,13 @@ requires(std::same_as<T, bool> || std::same_as<T, Currency> || std::same_as<T, C
   }
 };
 
+template <class T>
+requires(std::is_pointer_v<T> && !std::same_as<T, void*>) struct FromVariant<T> {
+  static T convert(const Variant& value) {
+    return static_cast<T>(FromVariant<void*>::convert(value));
+  }
+};
+
 template <>
 struct FromVariant<Variant> {
   static Variant convert(const Variant& value) { return value; }

@@ -55,12 +55,12 @@ TEST_F(MenuTest, BarHasFileAndEditAndTheWindowReachesEachItem) {
     EXPECT_EQ(text(item->Name), row.name);
     EXPECT_EQ(text(item->classRecord()->name),
               item == view->FileQuit() ? "QuitMenuItem" : "MenuItem");
-    EXPECT_EQ(text(item->Text), row.text);
+    EXPECT_EQ(text(item->Text()), row.text);
     EXPECT_TRUE(item->AutoEnable);
     // A separator was never given a shortcut; the others were, if only an empty one.
     EXPECT_EQ(item->isSeparator(), row.shortcut == nullptr);
-    EXPECT_EQ(item->KeyboardShortcut.record() == nullptr, row.shortcut == nullptr);
-    EXPECT_EQ(text(item->KeyboardShortcut), row.shortcut == nullptr ? "" : row.shortcut);
+    EXPECT_EQ(item->KeyboardShortcut().record() == nullptr, row.shortcut == nullptr);
+    EXPECT_EQ(text(item->KeyboardShortcut()), row.shortcut == nullptr ? "" : row.shortcut);
   }
   EXPECT_FALSE(bar->Child("EditCut"_s) || bar->_Lookup("editcut"_s));
 
@@ -80,10 +80,10 @@ TEST_F(MenuTest, ItemsAreEnabledByThemselvesOrByAHandler) {
   const Ref<Veldrin> view = window();
   const auto enabled = [&] {
     return tree(*view->EditMenu(),
-                [](const MenuItem& item) { return item.Enabled && !item.isSeparator(); });
+                [](const MenuItem& item) { return item.Enabled() && !item.isSeparator(); });
   };
-  const int times = toolkit.menusEnabled();
-  view->EditCut()->Enabled = false;
+  const int times = toolkit.toldOfMenus();
+  view->EditCut()->Enabled(false);
   EnableMenuItems();
   EXPECT_EQ(enabled(), "EditUndo EditCut EditCopy EditPaste EditClear EditSelectAll");
   for (const auto& item : {view->EditCut(), view->EditPaste(), view->EditClear()}) {
@@ -97,15 +97,14 @@ TEST_F(MenuTest, ItemsAreEnabledByThemselvesOrByAHandler) {
   view->_CallDeactivated();
   EXPECT_EQ(enabled(), "EditUndo EditCopy EditPaste EditSelectAll");
   EXPECT_EQ(toolkit.backgroundTasks() - yields, 9);  // for each item but the separators
-  EXPECT_TRUE(view->FileQuit()->Enabled);
-  EXPECT_EQ(toolkit.menusEnabled() - times, 3);
+  EXPECT_TRUE(view->FileQuit()->Enabled());
+  EXPECT_EQ(toolkit.toldOfMenus() - times, 5);  // with the two that were set one by one
   // With no bar, or no window, there is nothing to work out.
   view->MenuBar(nullptr);
   EnableMenuItems();
   view->Close();
   EnableMenuItems();
-  EXPECT_EQ(toolkit.menusEnabled() - times, 3);
-  EXPECT_EQ(toolkit.steps().back(), "windowClosed");
+  EXPECT_EQ(toolkit.toldOfMenus() - times, 5);
 }
 
 TEST_F(MenuTest, NoItemButQuitIsHandledByTheProgram) {

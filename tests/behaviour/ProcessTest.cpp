@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
+#include <csignal>
 #include <functional>
 #include <string>
+#include <system_error>
+#include <utility>
 #include <vector>
 
+#include "shell/PluginEntries.h"
 #include "tests/support/BoundEvent.h"
 #include "tests/support/RuntimeTest.h"
 #include "ui/MenuBar1.h"
@@ -85,7 +89,7 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
       {record, "CreateControls"_s,
        [](Object* object) {
          const auto& view = static_cast<Veldrin&>(*object);
-         EXPECT_TRUE(view.MenuBar() == implicit::MenuBar1() && view.Title == "Veldrin");
+         EXPECT_TRUE(view.MenuBar() == implicit::MenuBar1() && view.Title() == "Veldrin");
          note("CreateControls", static_cast<Window*>(object));
          reinterpret_cast<EventHandler>(create)(object);
        }},
@@ -115,33 +119,8 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
             "Longitude(2014) StaticText2(2014) StaticText4(2014) StaticText7(2014) Open(2014) ");
 }
 
-TEST_F(ProcessTest, StartsInAnyYear) {
-  const struct {
-    CivilMoment now;
-    std::string_view row, start, end, day;
-  } rows[] = {
-      {{2006, 1, 1, 0, 0, 0}, "2008", "3/12/2006", "11/5/2006", "1/1/2006\r"},
-      {{2008, 3, 9, 12, 0, 0}, "2008", "3/9/2008", "11/2/2008", "3/9/2008\r"},
-      {{2014, 12, 31, 23, 59, 59}, "2014", "3/9/2014", "11/2/2014", "12/31/2014\r"},
-      {{2020, 2, 29, 8, 0, 0}, "2020", "3/8/2020", "11/1/2020", "2/29/2020\r"},
-      {{2028, 2, 29, 12, 0, 0}, "2008", "3/12/2028", "11/5/2028", "2/29/2028\r"},
-      {{2030, 7, 1, 12, 0, 0}, "2008", "3/10/2030", "11/3/2030", "7/1/2030\r"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.now.year);
-    host.stand(row.now, -8.0);
-    EXPECT_EQ(run([&] {
-                EXPECT_EQ(person->shown("WhichYear"), row.row);
-                EXPECT_EQ(person->shown("DSTStart"), row.start);
-                EXPECT_EQ(person->shown("DSTEnd"), row.end);
-                EXPECT_THAT(person->shown("Status"),
-                            StartsWith(std::string(row.day) + "Sunrise = 0"));
-              }),
-              0);
-  }
-}
-
 TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
+  toolkit.ownMenuBar = true;
   const auto quit = [] {
     const Ref<MenuBar> bar = Runtime::current().application->MenuBar();
     EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
@@ -155,13 +134,13 @@ TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
               person->closeWindow();
               EXPECT_EQ(list->Count(), 0);
               EXPECT_FALSE(_GetImplicitWindow("Veldrin.Veldrin"_s));
-              EXPECT_EQ(toolkit.steps().back(), "windowClosed");
               quit();
             }),
             0);
   EXPECT_EQ(run([&] {
               const Ref<Veldrin> view = window();
               const Ref<TextField> field = view->Latitude();
+              view->userTurnedTo(false);
               const std::int64_t yields = toolkit.backgroundTasks();
               EXPECT_TRUE(view->_UnifiedClose(false));
               EXPECT_EQ(toolkit.backgroundTasks() - yields, 21);
@@ -178,6 +157,106 @@ TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
   EXPECT_EQ(steps,
             "windowOpened windowClosed quit windowOpened windowClosed quit windowOpened "
             "windowClosed quit ");
+}
+
+TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
+  for (const bool ownMenuBar : {false, true}) {
+    for (const bool autoQuit : {false, true}) {
+      toolkit.ownMenuBar = ownMenuBar;
+      EXPECT_EQ(run([&] {
+                  Runtime::current().application->AutoQuit = autoQuit;
+                  person->closeWindow();
+                }),
+                0);
+      EXPECT_EQ(toolkit.steps().back(), ownMenuBar && !autoQuit ? "windowClosed" : "quit");
+    }
+  }
+}
+
+TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
+  initializeClasses();
+  static std::string heard;
+  static bool refuses;
+  heard.clear();
+  refuses = true;
+  ClassRecord* const app = App::__Lookup();
+  ClassRecord* const view = Veldrin::__Lookup();
+  const BoundEvent bound[] = {
+      {app, "Open"_s, [](Object*) { heard += window()->isOpen() ? "Open " : "too early "; }},
+      {app, "Close"_s, [](Object*) { heard += "Close "; }},
+      {app, "CancelClose"_s,
+       [](Object*) {
+         heard += "CancelClose ";
+         return std::exchange(refuses, false);
+       }},
+      {app, "UnhandledException"_s,
+       [](Object*, const Ref<RuntimeException>& exception) {
+         heard += text(exception->classRecord()->name) + " ";
+         return exception->ErrorNumber == 7;
+       }},
+      {view, "CancelClose"_s,
+       [](Object*, bool) {
+         heard += "(asked) ";
+         return false;
+       }},
+      {view, "Activate"_s, [](Object*) { heard += "(active) "; }},
+      {view, "Deactivate"_s, [](Object*) { heard += "(inactive) "; }},
+      {view, "Close"_s, [](Object*) { heard += "(closed) "; }}};
+  EXPECT_EQ(run([&] {
+              window()->userTurnedTo(false);
+              heard += "| ";
+              window()->userTurnedTo(true);
+              window()->userTurnedTo(true);
+              toolkit.saveAnswers.emplace_back(nullptr);
+              person->press("GenerateButton");  // around its dialog
+              person->command("FileQuit");
+              EXPECT_TRUE(window()->isOpen());
+              person->command("FileQuit");
+            }),
+            0);
+  EXPECT_THAT(heard, testing::HasSubstr("| (active) (inactive) (active) CancelClose CancelClose "
+                                        "(asked) (inactive) (closed) Close "));
+  EXPECT_THAT(heard, StartsWith("Open "));
+
+  // What is taken ends nothing; what is not is reported, as if nobody had been asked.
+  heard.clear();
+  EXPECT_EQ(run([] { Raise<IOException>(7); }), 0);
+  EXPECT_EQ(run([] { Raise<ThreadEndException>(); }), 0);
+  EXPECT_THAT(toolkit.reports(), IsEmpty());
+  EXPECT_THAT(heard, testing::HasSubstr("IOException "));
+  EXPECT_EQ(run([] { Raise<OutOfBoundsException>(8); }), 1);
+  EXPECT_EQ(toolkit.reports().size(), 1U);
+  EXPECT_THAT(heard, testing::EndsWith("Close "));
+}
+
+TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
+  initializeClasses();
+  static int closed;
+  closed = 0;
+  const BoundEvent bound(Veldrin::__Lookup(), "Close"_s, [](Object*) { ++closed; });
+  const Ref<MemoryItem> item = New<MemoryItem>();
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    // At rest, and in the middle of a year.
+    EXPECT_EQ(run([&] { std::raise(signal); }), 128 + signal);
+    EXPECT_EQ(toolkit.steps().back(), "quit");
+    EXPECT_EQ(run([&] {
+                toolkit.saveAnswers.emplace_back(item);
+                toolkit.onBackgroundTask = [&] {
+                  if (item->content->size() > 1000) std::raise(signal);
+                  if (item->content->size() > 1000) toolkit.onBackgroundTask = nullptr;
+                };
+                person->press("GenerateButton");
+              }),
+              128 + signal);
+    EXPECT_EQ(toolkit.steps().back(), "quit");
+    EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n"));
+    EXPECT_LT(item->content->size(), 2000U);
+    item->content->clear();
+  }
+  EXPECT_EQ(closed, 6);
+  ASSERT_EQ(toolkit.reports().size(), 3U);
+  EXPECT_EQ(text(toolkit.reports()[0].sentence),
+            "/memory/item.ics is incomplete: stopped by SIGTERM");
 }
 
 TEST_F(ProcessTest, HandlerOfCancelCloseCanRefuse) {
@@ -211,11 +290,14 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
     std::function<void()> event;
     std::string_view exception = "NilObjectException";
     std::int32_t number = 0;
+    std::string sentence = "NilObjectException";
   } rows[] = {
       {"BackOneDay_Action", "Status", press("BackOneDay")},
       {"ForwardOneDay_Action", "Latitude", press("ForwardOneDay")},
-      {"GenerateButton_Action", "Longitude", press("GenerateButton")},
-      {"GenerateButton_Action", "", press("GenerateButton"), "IOException", ENOSPC},
+      {"GenerateButton_Action", "Longitude", press("GenerateButton"), "NilObjectException", 0,
+       "/memory/item.ics is incomplete: NilObjectException"},
+      {"GenerateButton_Action", "", press("GenerateButton"), "IOException", ENOSPC,
+       " (IOException, error 28)"},
       {"WhichYear_Open", "DSTEnd", [] { window()->WhichYear()->raiseEvent("Open"_s); }},
       {"WhichYear_Change", "DSTStart", [&] { person->choose("WhichYear", 1); }},
       {"WhichYear_Change", "TimeZone", [] { window()->WhichYear()->ListIndex(-1); }},
@@ -242,6 +324,11 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
     ASSERT_EQ(toolkit.reports().size(), reportsBefore + 1);
     EXPECT_EQ(text(toolkit.reports().back().className), row.exception);
     EXPECT_EQ(toolkit.reports().back().errorNumber, row.number);
+    const std::string why = std::generic_category().message(ENOSPC);
+    EXPECT_EQ(text(toolkit.reports().back().sentence),
+              row.number == 0
+                  ? row.sentence
+                  : "/memory/item.ics is incomplete: " + why + std::string(row.sentence));
     EXPECT_EQ(toolkit.steps().back(), "windowClosed");
   }
   EXPECT_THAT(toolkit.messages(), IsEmpty());
@@ -268,12 +355,29 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
   EXPECT_EQ(toolkit.reports()[0].errorNumber, 7);
   EXPECT_THAT(toolkit.steps(), IsEmpty());
 
-  parts.makeView = [] { throw FatalFault("The form is damaged."); };
-  EXPECT_EQ(run(loop, parts), 1);
-  EXPECT_EQ(toolkit.reports().size(), 1U);
-  ASSERT_EQ(toolkit.messages().size(), 1U);
-  EXPECT_EQ(text(toolkit.messages()[0]), "The form is damaged.");
-  EXPECT_EQ(finalized, 2);
+  // Whatever else comes out of a step is told as well.
+  const struct {
+    void (*step)();
+    std::string_view exception, sentence;
+  } rows[] = {{[] { throw FatalFault("The form is damaged."); }, "", "The form is damaged."},
+              {[] { throw std::out_of_range("no such place"); }, "", "no such place"},
+              {[] { throw 7; }, "", "An unknown error occurred."},
+              {[] { std::get_new_handler()(); }, "OutOfMemoryException", ""},
+              {[] { RuntimeRaiseException(nullptr); }, "NilObjectException", ""}};
+  for (const auto& row : rows) {
+    for (auto* const step : {&parts.makeView, &parts.initialize}) {
+      const auto kept = std::exchange(*step, row.step);
+      const std::size_t told = toolkit.reports().size() + toolkit.messages().size();
+      finalized = 0;
+      EXPECT_EQ(run(loop, parts), 1);
+      ASSERT_EQ(toolkit.reports().size() + toolkit.messages().size(), told + 1);
+      EXPECT_EQ(row.exception.empty() ? text(toolkit.messages().back())
+                                      : text(toolkit.reports().back().className),
+                row.exception.empty() ? row.sentence : row.exception);
+      EXPECT_EQ(finalized, 1);
+      *step = kept;
+    }
+  }
 
   // A run leaves nothing to the next.
   EXPECT_EQ(run([] {}), 0);
@@ -286,12 +390,15 @@ TEST_F(ProcessTest, PlacardValueIsTheOnePluginEntryThatThisBuildHas) {
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
       EXPECT_EQ(entries[entry] != nullptr, entry == 25) << entry;
     }
-    EXPECT_EQ(entries[25], FindProperty(*Placard::__Lookup(), "Value")->setter);
+    // It takes an index word, which is no place in the object.
+    const Ref<Placard> panel = window()->Placard1();
+    reinterpret_cast<void (*)(Object*, std::int32_t, bool)>(entries[25])(panel.get(), 0, true);
+    EXPECT_TRUE(panel->Value() && panel->classRecord() == Placard::__Lookup());
   });
   EXPECT_NE(RuntimeLookupPluginEntrypoint("Placard.Value.Set"_s), nullptr);
   for (const char* name : {"", "_", ".", ".Set", "..Set", "Value.Set", "Placard.Value",
                            "Placard.Value.Set ", "Placard.Missing.Set", "Placard.Window.Set",
-                           "Missing.Value.Set", "BevelButton.Value.Set"}) {
+                           "Placard.Index.Set", "Missing.Value.Set", "BevelButton.Value.Set"}) {
     EXPECT_EQ(RuntimeLookupPluginEntrypoint(String(std::string_view(name))), nullptr) << name;
   }
 }

@@ -9,34 +9,6 @@ namespace {
 
 using StatusTest = WindowTest;
 
-TEST_F(StatusTest, ThreeLinesOfKnownDays) {
-  const struct {
-    std::string_view latitude, longitude, zone;
-    std::int32_t month, day;
-    bool daylightSaving;
-    std::string_view expected;
-  } rows[] = {
-      {"47.5", "-122.5", "-8", 6, 21, false, "6/21/2024\rSunrise = 04:13\rSunset = 20:11"},
-      {"47.5", "-122.5", "-8", 6, 21, true, "6/21/2024\rSunrise = 05:13\rSunset = 21:11"},
-      {"47.5 north", "-122.5 ", " -8h", 6, 21, false, "6/21/2024\rSunrise = 04:13\rSunset = 20:11"},
-      {"70", "0", "0", 6, 21, true, "6/21/2024\rSunrise = N/A\rSunset = N/A"},
-      {"70", "0", "0", 12, 21, true, "12/21/2024\rSunrise = N/A\rSunset = N/A"},
-      {"70", "0", "0", 5, 15, false, "5/15/2024\rSunrise = 00:32\rSunset = N/A"},
-      {"70", "0", "0", 7, 26, false, "7/26/2024\rSunrise = N/A\rSunset = 23:55"},
-      {"abc", "", "-", 6, 21, false, "6/21/2024\rSunrise = 05:58\rSunset = 18:06"},
-      {"0", "0", "5.5", 6, 21, false, "6/21/2024\rSunrise = 11:28\rSunset = 23:36"},
-  };
-  for (const auto& row : rows) {
-    window()->statusDate->Month(row.month);
-    window()->statusDate->Day(row.day);
-    window()->DaylightSavings()->Value(row.daylightSaving);
-    person->type("Latitude", row.latitude);
-    person->type("TimeZone", row.zone);
-    type("Longitude", row.longitude);
-    EXPECT_EQ(status(), row.expected) << row.latitude << ' ' << row.longitude << ' ' << row.zone;
-  }
-}
-
 TEST_F(StatusTest, RecomputedWhenAFieldIsLeftOrABoxTicked) {
   const std::string first = status();
   for (const char* const field : {"Latitude", "Longitude", "TimeZone"}) {

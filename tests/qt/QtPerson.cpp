@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
@@ -108,6 +109,25 @@ std::string QtPerson::shown(std::string_view control) {
 
 bool QtPerson::isTicked(std::string_view box) {
   return widget<QCheckBox>(box).isChecked();
+}
+
+std::string QtPerson::looks(std::string_view control) {
+  const QWidget& found = widget(control);
+  const auto* const button = qobject_cast<const QPushButton*>(&found);
+  const QRect place = found.geometry();
+  return described(button != nullptr ? button->text().toStdString() : shown(control),
+                   {place.left(), place.top(), place.width(), place.height()}, found.isVisible(),
+                   found.font().bold()) +
+         described("", found.isEnabled());
+}
+
+std::string QtPerson::menuLooks(std::string_view item) {
+  const QString name = QString::fromStdString(std::string(item));
+  const auto* const menu = window().findChild<QMenu*>(name);
+  const QAction* const action =
+      menu != nullptr ? menu->menuAction() : window().findChild<QAction*>(name);
+  if (action == nullptr) return "";
+  return described(action->text().toStdString(), action->isEnabled(), action->isChecked());
 }
 
 QtPerson::Answer QtPerson::nextAnswer() {

@@ -50,6 +50,9 @@ class QtPerson final : public Person {
   void closeWindow() override { window().close(); }
   std::string shown(std::string_view control) override;
   bool isTicked(std::string_view box) override;
+  std::string looks(std::string_view control) override;
+  std::string menuLooks(std::string_view item) override;
+  std::string title() override { return window().windowTitle().toStdString(); }
 
  private:
   void attend();

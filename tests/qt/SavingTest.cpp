@@ -1,7 +1,9 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <fstream>
 #include <string>
 
@@ -59,6 +61,53 @@ TEST_F(SavingTest, AnExistingFileIsReplacedOnlyWhenThePersonSaysSo) {
   whenAsked(press(QMessageBox::Yes));
   person->press("GenerateButton");
   EXPECT_TRUE(readFile(path()).starts_with("BEGIN:VCALENDAR\r\n"));
+}
+
+TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
+  for (const char* const name :
+       {"Tom \"Sunny\" Hill.ics", "\"", " a b ", "c;d 'e' \\.ics", "\xC3\xA4"}) {
+    whenAsked(saveAs(folder.filePath(name).toStdString()));
+    person->press("GenerateButton");
+    EXPECT_TRUE(QFile::exists(folder.filePath(name))) << name;
+  }
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 5);
+  // What is no name is told, and the dialog goes on.
+  std::string tooLong;
+  for (int letter = 0; letter < 126; ++letter) tooLong += "\xC3\xA4";
+  const struct {
+    std::string name, told;
+  } rows[] = {{"   ", "A file needs a name."},
+              {"", "A file needs a name."},
+              {folder.filePath(QString::fromStdString(tooLong + ".ics")).toStdString(),
+               "The name is too long. It can have 255 bytes here."}};
+  for (const auto& row : rows) {
+    whenAsked([&](QDialog& dialog) {
+      whenAsked([&](QDialog& box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text().toStdString(), row.told);
+        press(QMessageBox::Ok)(box);
+      });
+      saveAs(row.name)(dialog);
+      EXPECT_TRUE(dialog.isVisible());
+      dialog.reject();
+    });
+    person->press("GenerateButton");
+  }
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 5);
+}
+
+TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
+  const std::string told =
+      "Cannot write to /" + std::string(5000, 'x') + "/y\n" + std::string(500, '\n');
+  whenAsked([&](QDialog& dialog) {
+    auto& box = dynamic_cast<QMessageBox&>(dialog);
+    const QSize screen = box.screen()->availableSize();
+    EXPECT_TRUE(box.width() <= screen.width() && box.height() <= screen.height());
+    EXPECT_TRUE(box.text().startsWith("Cannot write to /xxx"));
+    EXPECT_EQ(box.detailedText().toStdString(), told);
+    EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName().toStdString(), told);
+    press(QMessageBox::Ok)(box);
+  });
+  person->toolkit().messageBox(String(told));
 }
 
 TEST_F(SavingTest, AFileThatCannotBeMadeIsToldAndTheWindowGoesOn) {

@@ -1,34 +1,34 @@
 """The form as it stands on the screen, and as a screen reader meets it."""
 
+import json
+from pathlib import Path
+
 from case import ScreenTest
 from desktop import until
 
-PANEL, LABEL, BUTTON, FIELD, BOX = "filler", "label", "push button", "text", "check box"
+LABEL, FIELD, BOX = "label", "text", "check box"
+ROLES = {"Placard": "filler", "StaticText": LABEL, "PushButton": "push button",
+         "PopupMenu": "combo box", "TextField": FIELD, "CheckBox": BOX}
 
-# Role, name, and place in the content of the window; the one label with no text here is the status.
-CONTROLS = [
-    (PANEL, "", (21, 256, 309, 140)),
-    (LABEL, "", (75, 325, 206, 61)),
-    (BUTTON, "Previous day", (28, 345, 27, 20)),
-    (BUTTON, "Next day", (297, 345, 27, 20)),
-    (BUTTON, "Generate iCal For", (94, 265, 181, 20)),
-    ("combo box", "2008", (97, 293, 178, 20)),
-    (PANEL, "", (21, 133, 309, 110)),
-    (FIELD, "End Date", (174, 215, 101, 22)),
-    (LABEL, "End Date", (56, 217, 100, 20)),
-    (FIELD, "Start Date", (174, 187, 101, 22)),
-    (LABEL, "Start Date", (56, 188, 100, 20)),
-    (BOX, "Down Under", (97, 162, 178, 20)),
-    (BOX, "Daylight Savings Time", (97, 139, 178, 20)),
-    (PANEL, "", (21, 19, 309, 100)),
-    (LABEL, "Latitude", (56, 28, 100, 20)),
-    (FIELD, "Latitude", (174, 26, 101, 22)),
-    (FIELD, "Standard Time Zone", (174, 89, 101, 22)),
-    (FIELD, "Longitude", (174, 54, 101, 22)),
-    (LABEL, "Longitude", (56, 61, 100, 20)),
-    (LABEL, "Standard Time Zone", (29, 90, 127, 20)),
-    (LABEL, "v6", (5, 400, 24, 20)),
-]
+# Where the name that is spoken is not the text of the control.
+SPOKEN = {"BackOneDay": "Previous day", "ForwardOneDay": "Next day", "WhichYear": "2008",
+          "DSTEnd": "End Date", "DSTStart": "Start Date", "Latitude": "Latitude",
+          "TimeZone": "Standard Time Zone", "Longitude": "Longitude"}
+
+
+def controls() -> list[tuple]:
+    """Role, name, and place in the content of the window, of each control of the form."""
+    told: list[tuple[str, str, dict]] = []
+    for line in (Path(__file__).parents[1] / "data/form.txt").read_text().splitlines():
+        key, value = line.split(maxsplit=1)
+        if line.startswith(" "):
+            told[-1][2][key] = value if value.startswith("#") else json.loads(value)
+        elif key != "#":
+            told.append((key, value, {}))
+    return [(ROLES[kind], SPOKEN.get(name, keys.get("Caption", keys.get("Text", ""))),
+             tuple(keys[key] for key in ("Left", "Top", "Width", "Height")))
+            for kind, name, keys in told if kind in ROLES]
+
 
 FOCUS_ORDER = [
     "Latitude", "Standard Time Zone", "Longitude", "End Date", "Start Date", "Down Under",
@@ -47,7 +47,7 @@ class FormTest(ScreenTest):
         status = self.status()
         self.assertRegex(status, r"^\d+/\d+/\d{4}\nSunrise = \d\d:\d\d\nSunset = \d\d:\d\d$")
         self.assertEqual(told, [(role, name or status if role == LABEL else name, place)
-                                for role, name, place in CONTROLS])
+                                for role, name, place in controls()])
         self.assertEqual(self.find("combo box", "2008").description, "Year")
         texts = [self.field(name).text for name in FOCUS_ORDER[:3]]
         self.assertEqual(texts, ["47.5", "-8", "-122.5"])

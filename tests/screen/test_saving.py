@@ -1,5 +1,7 @@
 """Places that a calendar cannot be written to, or that hold something already."""
 
+import signal
+
 from case import ScreenTest
 from desktop import until
 
@@ -32,8 +34,19 @@ class SavingTest(ScreenTest):
         self.save_as("/dev/full")
         self.await_focus("No")
         self.click("push button", "Yes")
-        self.find("label", "IOException, error 28: No space left on device")
+        reason = "/dev/full is incomplete: No space left on device (IOException, error 28)"
+        self.find("label", reason)
         self.await_focus("OK")
         self.desktop.key("Return")
-        said = "veldrin: IOException, error 28: No space left on device\n"
-        self.assertEqual(self.ended(), (1, said))
+        self.assertEqual(self.ended(), (1, f"veldrin: {reason}\n"))
+
+    def test_a_signal_ends_the_window_also_behind_a_dialog(self) -> None:
+        self.click("push button", "Generate iCal For")
+        self.await_focus("File name:")
+        self.program.terminate()
+        self.assertEqual(self.ended(), (128 + signal.SIGTERM, ""))
+
+    def test_the_name_that_is_typed_is_the_file(self) -> None:
+        file = self.desktop.home / 'Tom "Sunny" Hill.ics'
+        self.save_as(str(file))
+        until(file.exists, "the file")

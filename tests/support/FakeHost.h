@@ -35,12 +35,19 @@ class FakeHost final : public Host {
             static_cast<std::int32_t>(rest / 60 % 60),
             static_cast<std::int32_t>(rest % 60)};
   }
+  [[nodiscard]] double offsetAt(std::int64_t at) const override {
+    return static_cast<double>(zone(at)) / 3600.0;
+  }
   [[nodiscard]] double gmtOffset(const CivilMoment& local) const override {
     // Good for every moment that is not within a change of the clock.
     const std::int64_t guess = secondsOf(local) - zone(secondsOf(local));
-    return static_cast<double>(zone(guess)) / 3600.0;
+    return offsetAt(guess);
   }
   [[nodiscard]] ShortDateForm shortDateForm() const override { return form; }
+  /// Which text is asked for, and of which day.
+  [[nodiscard]] std::string text(DateText which, const CivilMoment& at) const override {
+    return std::to_string(int(which)) + " of " + std::to_string(at.day);
+  }
 
  private:
   static std::int64_t secondsOf(const CivilMoment& local) {

@@ -46,6 +46,22 @@ class HeadlessPerson final : public Person {
   }
   bool isTicked(std::string_view box) override { return at<CheckBox>(box)->Value(); }
 
+  std::string looks(std::string_view control) override {
+    const Ref<RectControl> found = at<RectControl>(control);
+    const auto* const button = dynamic_cast<PushButton*>(found.get());
+    const auto* const style = dynamic_cast<TextStyle*>(found.get());
+    return described(button != nullptr ? std::string(button->Caption().view()) : shown(control),
+                     {found->Left(), found->Top(), found->Width(), found->Height()},
+                     found->Visible(), style->Bold()) +
+           described("", found->Enabled());
+  }
+  std::string menuLooks(std::string_view item) override {
+    const Ref<MenuItem> found = window()->MenuBar()->_Lookup(String(item));
+    if (!found) return "";
+    return described(std::string(found->Text().view()), found->Enabled(), found->Checked());
+  }
+  std::string title() override { return std::string(window()->Title().view()); }
+
  private:
   static Ref<Window> window() { return Runtime::current()._WindowSupport.Windows.back(); }
   template <class T>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -39,6 +40,24 @@ class Person {
   /// The text that a field, a label or a list shows; a carriage return breaks its lines.
   [[nodiscard]] virtual std::string shown(std::string_view control) = 0;
   [[nodiscard]] virtual bool isTicked(std::string_view box) = 0;
+
+  /// What a control looks like: "Next @ 10 20 30 40", with " hidden" where it does not show,
+  /// " bold", and " off" where it is disabled.
+  [[nodiscard]] virtual std::string looks(std::string_view control) = 0;
+  /// The text of an item in the menus, with " ticked" and " off"; "" where there is none.
+  [[nodiscard]] virtual std::string menuLooks(std::string_view item) = 0;
+  [[nodiscard]] virtual std::string title() = 0;
+
+  /// The words for how something looks.
+  static std::string described(const std::string& text, const std::array<int, 4>& place,
+                               bool visible, bool bold) {
+    std::string all = text + " @";
+    for (const int side : place) all += " " + std::to_string(side);
+    return all + (visible ? "" : " hidden") + (bold ? " bold" : "");
+  }
+  static std::string described(const std::string& text, bool enabled, bool ticked = false) {
+    return text + (ticked ? " ticked" : "") + (enabled ? "" : " off");
+  }
 
  protected:
   Person() = default;

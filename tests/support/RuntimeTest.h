@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <memory>
 #include <string>
@@ -69,6 +70,26 @@ class WindowTest : public RuntimeTest {
     person->press("GenerateButton");
     return *item->content;
   }
+};
+
+/// The program has a stack of a megabyte for as long as this lives.
+class SmallStack {
+ public:
+  SmallStack() {
+    EXPECT_EQ(getrlimit(RLIMIT_STACK, &before_), 0);
+    const rlimit small{rlim_t{1024} * 1024, before_.rlim_max};
+    EXPECT_EQ(setrlimit(RLIMIT_STACK, &small), 0);
+    measureStack();
+  }
+  SmallStack(const SmallStack&) = delete;
+  SmallStack& operator=(const SmallStack&) = delete;
+  ~SmallStack() {
+    setrlimit(RLIMIT_STACK, &before_);
+    measureStack();
+  }
+
+ private:
+  rlimit before_{};
 };
 
 /// Runs the call and gives the full name of the class of what it raised, "" for nothing.

@@ -19,6 +19,7 @@ class WatchedToolkit final : public Toolkit {
   struct Report {
     String className;
     std::int32_t errorNumber;
+    String sentence;
   };
 
   explicit WatchedToolkit(Person& person) : person_(person), shown_(person.toolkit()) {}
@@ -30,6 +31,10 @@ class WatchedToolkit final : public Toolkit {
   std::deque<Ref<FolderItem>> saveAnswers;
   /// Called for every change made by the program, where it is set.
   std::function<void(Control&)> onControlChanged;
+  /// Called at every yield, where it is set.
+  std::function<void()> onBackgroundTask;
+  /// Whether the desktop has a menu bar of its own.
+  bool ownMenuBar = false;
 
   /// What the message boxes said, in order.
   [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
@@ -37,8 +42,9 @@ class WatchedToolkit final : public Toolkit {
   [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
   /// How often a loop has yielded.
   [[nodiscard]] std::int64_t backgroundTasks() const { return backgroundTasks_; }
-  /// How often the menu items were worked out.
-  [[nodiscard]] int menusEnabled() const { return menusEnabled_; }
+  /// How often something of the menus has changed, and something of a window.
+  [[nodiscard]] int toldOfMenus() const { return toldOfMenus_; }
+  [[nodiscard]] int toldOfWindows() const { return toldOfWindows_; }
   /// What became of windows and the loop, in order, by the toolkit's own names for it.
   [[nodiscard]] const std::vector<std::string_view>& steps() const { return steps_; }
 
@@ -54,10 +60,15 @@ class WatchedToolkit final : public Toolkit {
     if (onControlChanged) onControlChanged(control);
     shown_.controlChanged(control);
   }
-  void menuItemsEnabled() override {
-    ++menusEnabled_;
-    shown_.menuItemsEnabled();
+  void windowChanged(Window& window) override {
+    ++toldOfWindows_;
+    shown_.windowChanged(window);
   }
+  void menusChanged() override {
+    ++toldOfMenus_;
+    shown_.menusChanged();
+  }
+  [[nodiscard]] bool hasOwnMenuBar() const override { return ownMenuBar; }
   Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override {
     if (saveAnswers.empty()) return shown_.getSaveFolderItem(filter, defaultName);
     Ref<FolderItem> answer = std::move(saveAnswers.front());
@@ -68,18 +79,22 @@ class WatchedToolkit final : public Toolkit {
     messages_.push_back(text);
     shown_.messageBox(text);
   }
-  void run() override { person_.runLoop(job); }
+  void run() override {
+    person_.runLoop(std::exchange(job, [] {}));
+  }
   void quit() override {
     steps_.emplace_back("quit");
     shown_.quit();
   }
   void backgroundTask() override {
     ++backgroundTasks_;
+    if (onBackgroundTask) onBackgroundTask();
     shown_.backgroundTask();
   }
-  void reportUnhandledException(const RuntimeException& exception) override {
-    reports_.push_back({exception.classRecord()->name, exception.ErrorNumber});
-    shown_.reportUnhandledException(exception);
+  void reportUnhandledException(const RuntimeException& exception,
+                                const String& sentence) override {
+    reports_.push_back({exception.classRecord()->name, exception.ErrorNumber, sentence});
+    shown_.reportUnhandledException(exception, sentence);
   }
   void reportFault(const String& sentence) override {
     messages_.push_back(sentence);
@@ -93,7 +108,8 @@ class WatchedToolkit final : public Toolkit {
   std::vector<Report> reports_;
   std::vector<std::string_view> steps_;
   std::int64_t backgroundTasks_ = 0;
-  int menusEnabled_ = 0;
+  int toldOfMenus_ = 0;
+  int toldOfWindows_ = 0;
 };
 
 }  // namespace veldrin::test

@@ -15,11 +15,12 @@ Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const String& /*filter*/,
 }
 
 void HeadlessToolkit::run() {
-  if (job) job();
+  if (const auto once = std::exchange(job, nullptr)) once();
 }
 
-void HeadlessToolkit::reportUnhandledException(const RuntimeException& exception) {
-  reports_.push_back({exception.classRecord()->name, exception.ErrorNumber});
+void HeadlessToolkit::reportUnhandledException(const RuntimeException& exception,
+                                               const String& sentence) {
+  reports_.push_back({exception.classRecord()->name, exception.ErrorNumber, sentence});
 }
 
 }  // namespace veldrin

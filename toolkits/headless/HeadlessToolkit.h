@@ -17,12 +17,16 @@ class HeadlessToolkit final : public Toolkit {
   struct Report {
     String className;
     std::int32_t errorNumber;
+    String sentence;
   };
 
-  /// What the event loop does. It ends when the job does.
+  /// What the event loop does, once. It ends when the job does.
   std::function<void()> job;
   /// The answers of the save dialogs to come, nil for cancelled; with none left a dialog cancels.
   std::deque<Ref<FolderItem>> saveAnswers;
+
+  /// Whether the desktop that this stands for has a menu bar of its own.
+  bool ownMenuBar = false;
 
   /// What the message boxes said, in order.
   [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
@@ -32,13 +36,15 @@ class HeadlessToolkit final : public Toolkit {
   void windowOpened(Window& /*window*/) override {}
   void windowClosed(Window& /*window*/) override {}
   void controlChanged(Control& /*control*/) override {}
-  void menuItemsEnabled() override {}
+  void windowChanged(Window& /*window*/) override {}
+  void menusChanged() override {}
+  [[nodiscard]] bool hasOwnMenuBar() const override { return ownMenuBar; }
   Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override;
   void messageBox(const String& text) override { messages_.push_back(text); }
   void run() override;
   void quit() override {}
   void backgroundTask() override {}
-  void reportUnhandledException(const RuntimeException& exception) override;
+  void reportUnhandledException(const RuntimeException& exception, const String& sentence) override;
   void reportFault(const String& sentence) override { messages_.push_back(sentence); }
 
  private:

@@ -2,19 +2,24 @@
 
 #include <QKeyEvent>
 #include <QStyleOptionButton>
+#include <utility>
 
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {
 
-QtButton::QtButton(const Ref<PushButton>& button, Delivery& delivery, QWidget& parent)
-    : QPushButton(plainCaption(button->Caption), &parent) {
+QtButton::QtButton(Ref<PushButton> button, Delivery& delivery, QWidget& parent)
+    : QPushButton(&parent), QtControl(button, button.get()), button_(std::move(button)) {
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QPushButton::clicked, this,
-          [button, &delivery] { delivery.deliver(*button, [&] { button->userPressed(); }); });
+          [this, &delivery] { delivery.deliver(*button_, [&] { button_->userPressed(); }); });
 }
 
-bool QtButton::fits(const QFont& font) const {
+void QtButton::followKind() {
+  setText(plainCaption(button_->Caption()));
+}
+
+bool QtButton::showsWhole(const QFont& font) const {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

@@ -10,13 +10,17 @@ namespace veldrin {
 /// A button. The blank presses it where it has the focus, Return and Escape do not.
 class QtButton final : public QPushButton, public QtControl {
  public:
-  QtButton(const Ref<PushButton>& button, Delivery& delivery, QWidget& parent);
+  QtButton(Ref<PushButton> button, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  [[nodiscard]] bool fits(const QFont& font) const override;
 
  protected:
+  void followKind() override;
+  [[nodiscard]] bool showsWhole(const QFont& font) const override;
   void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  Ref<PushButton> button_;
 };
 
 }  // namespace veldrin

@@ -10,15 +10,20 @@
 namespace veldrin {
 
 QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent)
-    : QComboBox(&parent), chooser_(std::move(chooser)) {
+    : QComboBox(&parent), QtControl(chooser, chooser.get()), chooser_(std::move(chooser)) {
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::currentIndexChanged, this, [this, &delivery](int row) {
     delivery.deliver(*chooser_, [&] { chooser_->userChose(row); });
-    follow();  // what was not delivered is taken back
+    followKind();  // what was not delivered is taken back
   });
 }
 
-void QtChooser::follow() {
+void QtChooser::call(const QString& name) {
+  QtControl::call(name);
+  setAccessibleDescription(name);
+}
+
+void QtChooser::followKind() {
   const QSignalBlocker blocker(this);
   QStringList rows;
   for (std::int32_t row = 0; row < chooser_->ListCount(); ++row) {
@@ -33,7 +38,7 @@ void QtChooser::follow() {
   setCurrentIndex(chooser_->ListIndex());
 }
 
-bool QtChooser::fits(const QFont& font) const {
+bool QtChooser::showsWhole(const QFont& font) const {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

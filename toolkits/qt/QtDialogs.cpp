@@ -1,12 +1,15 @@
 #include "toolkits/qt/QtDialogs.h"
 
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
+#include <utility>
 
 #include "shell/FileType.h"
 #include "toolkits/qt/QtText.h"
+#include "toolkits/qt/SaveDialog.h"
 
 namespace veldrin {
 namespace {
@@ -20,11 +23,35 @@ QString entryOf(const QString& typeName, const QString& fileName) {
   return typeName.left(1).toUpper() + typeName.mid(1) + " files (*." + extension + ")";
 }
 
-void sayIn(QMessageBox& box, const QString& text) {
+/// The text with its lines shortened in the middle, and with its middle lines left out, to what has
+/// room in a box on the screen.
+QString shortened(const QMessageBox& box, const QString& text) {
+  constexpr qsizetype MostLines = 20;
+  const int widest = box.screen()->availableGeometry().width() / 2;
+  QStringList lines = text.split('\n');
+  if (lines.size() > MostLines) {
+    lines = lines.first(MostLines / 2) + QStringList("\u2026") + lines.last(MostLines / 2);
+  }
+  for (QString& line : lines) line = box.fontMetrics().elidedText(line, Qt::ElideMiddle, widest);
+  return lines.join('\n');
+}
+
+/// Says the text and the reason, if there is one. The box is never larger than the screen: what has
+/// no room stands in its details, and is said to a screen reader all the same.
+void sayIn(QMessageBox& box, const QString& text, const QString& reason) {
   box.setWindowTitle("Veldrin");
   box.setTextFormat(Qt::PlainText);
-  box.setText(text);
+  box.setText(shortened(box, text));
+  box.setInformativeText(shortened(box, reason));
   box.setStandardButtons(QMessageBox::Ok);
+  if (box.text() != text || box.informativeText() != reason) {
+    box.setDetailedText(reason.isEmpty() ? text : reason);
+    for (const auto& [name, whole] :
+         {std::pair("qt_msgbox_label", text), {"qt_msgbox_informativelabel", reason}}) {
+      if (auto* const label = box.findChild<QLabel*>(name)) label->setAccessibleName(whole);
+    }
+  }
+  box.exec();
 }
 
 }  // namespace
@@ -36,28 +63,20 @@ Ref<FolderItem> askWhereToSave(QWidget* parent, const String& filter, const Stri
     entries.append(entryOf(type, fileName));
   }
   entries.append("All files (*)");
-  QFileDialog dialog(parent, "Save As");
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setFileMode(QFileDialog::AnyFile);
-  dialog.setNameFilters(entries);
-  dialog.selectFile(fileName);
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return nullptr;
-  const QByteArray path = QFile::encodeName(dialog.selectedFiles().constFirst());
-  return FolderItem::atPath(String(path.toStdString()));
+  const QString chosen = SaveDialog(parent, entries, fileName).ask();
+  if (chosen.isEmpty()) return nullptr;
+  return FolderItem::atPath(String(QFile::encodeName(chosen).toStdString()));
 }
 
 void sayInBox(QWidget* parent, const QString& text) {
   QMessageBox box(parent);
-  sayIn(box, text);
-  box.exec();
+  sayIn(box, text, {});
 }
 
 void sayFailure(QWidget* parent, const QString& reason) {
   QMessageBox box(parent);
   box.setIcon(QMessageBox::Critical);
-  sayIn(box, "Veldrin has to end because something went wrong.");
-  box.setInformativeText(reason);
-  box.exec();
+  sayIn(box, "Veldrin has to end because something went wrong.", reason);
 }
 
 }  // namespace veldrin

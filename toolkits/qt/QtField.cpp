@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QStyleOptionFrame>
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -10,15 +11,24 @@
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {
+namespace {
+
+Qt::Alignment alignmentOf(const TextField& field) {
+  constexpr Qt::AlignmentFlag Horizontal[] = {Qt::AlignLeft, Qt::AlignLeft, Qt::AlignHCenter,
+                                              Qt::AlignRight};
+  const std::int32_t alignment = field.Alignment();
+  const bool known = alignment >= 0 && alignment <= 3;
+  return Horizontal[known ? alignment : 0] | Qt::AlignVCenter;
+}
+
+}  // namespace
 
 QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
-    : QLineEdit(&parent), field_(std::move(field)), delivery_(delivery) {
+    : QLineEdit(&parent),
+      QtControl(field, field.get()),
+      field_(std::move(field)),
+      delivery_(delivery) {
   setFocusPolicy(Qt::StrongFocus);
-  setMaxLength(field_->LimitText > 0 ? field_->LimitText : std::numeric_limits<int>::max());
-  setReadOnly(field_->ReadOnly);
-  setFrame(field_->Border);
-  if (field_->Password) setEchoMode(QLineEdit::Password);
-  setPlaceholderText(toQt(field_->CueText));
   connect(qApp, &QApplication::focusChanged, &context_,
           [this](const QWidget* /*before*/, const QWidget* now) { focusMoved(now); });
   connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
@@ -29,14 +39,31 @@ QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
   });
 }
 
-void QtField::follow() {
+void QtField::takeFirstFocus() {
+  QtControl::takeFirstFocus();
+  selectAll();
+}
+
+void QtField::followKind() {
   // To set a text is to forget what could be undone, so the same text is not set again.
   const QString wanted = toQt(field_->Text());
+  const int limit = field_->LimitText() > 0 ? field_->LimitText() : std::numeric_limits<int>::max();
+  setMaxLength(std::max(limit, static_cast<int>(wanted.size())));
+  setReadOnly(field_->ReadOnly());
+  setFrame(field_->Border());
+  setEchoMode(field_->Password() ? QLineEdit::Password : QLineEdit::Normal);
+  setPlaceholderText(toQt(field_->CueText()));
+  setAlignment(alignmentOf(*field_));
   if (wanted != text()) setText(wanted);
   if (!hasFocus()) setCursorPosition(0);
 }
 
-bool QtField::fits(const QFont& font) const {
+void QtField::colourKind(QPalette& palette) const {
+  if (!(field_->TextColor() == Black)) palette.setColor(QPalette::Text, toQt(field_->TextColor()));
+  if (!(field_->BackColor() == White)) palette.setColor(QPalette::Base, toQt(field_->BackColor()));
+}
+
+bool QtField::showsWhole(const QFont& font) const {
   QStyleOptionFrame option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

@@ -8,16 +8,21 @@
 namespace veldrin {
 
 /// A line of text with the desktop's own editing. The control is told of every text that is not its
-/// own already; black on white means the desktop's colours of text.
+/// own already; black on white means the desktop's colours of text. What the program writes is
+/// shown whole, however few letters a person can type.
 class QtField final : public QLineEdit, public QtControl {
  public:
   QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  void follow() override;
-  [[nodiscard]] bool fits(const QFont& font) const override;
+  [[nodiscard]] bool isNamedByLabel() const override { return true; }
+  void takeFirstFocus() override;
 
  protected:
+  void followKind() override;
+  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool isFramed() const override { return true; }
+  void colourKind(QPalette& palette) const override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void dropEvent(QDropEvent* event) override;

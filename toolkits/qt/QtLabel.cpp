@@ -10,19 +10,34 @@ namespace {
 
 Qt::Alignment alignmentOf(const StaticText& text) {
   constexpr Qt::AlignmentFlag Horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
-  const bool known = text.TextAlign >= 0 && text.TextAlign <= 2;
-  return Horizontal[known ? text.TextAlign : 0] | Qt::AlignVCenter;
+  const std::int32_t alignment = text.TextAlign();
+  const bool known = alignment >= 0 && alignment <= 2;
+  return Horizontal[known ? alignment : 0] | Qt::AlignVCenter;
 }
 
 }  // namespace
 
 QtLabel::QtLabel(Ref<StaticText> text, Delivery& /*delivery*/, QWidget& parent)
-    : QLabel(&parent), text_(std::move(text)) {
+    : QLabel(&parent), QtControl(text, text.get()), text_(std::move(text)) {
   setTextFormat(Qt::PlainText);
-  setAlignment(alignmentOf(*text_));
 }
 
-void QtLabel::follow() {
+void QtLabel::nameField(QtControl& field) {
+  const RectControl& named = field.control();
+  const std::int32_t middle = text_->Top() + text_->Height() / 2;
+  const bool isBeside = text_->InitialParent() == named.InitialParent() &&
+                        text_->Left() + text_->Width() <= named.Left() && middle >= named.Top() &&
+                        middle < named.Top() + named.Height();
+  if (isBeside && buddy() == nullptr) setBuddy(&field.widget());
+}
+
+void QtLabel::colourKind(QPalette& palette) const {
+  if (text_->TextColor() == Black) return;
+  palette.setColor(QPalette::WindowText, toQt(text_->TextColor()));
+}
+
+void QtLabel::followKind() {
+  setAlignment(alignmentOf(*text_));
   const QString shown = toQt(text_->Text()).replace('\r', '\n');
   if (shown == this->text()) return;
   [[maybe_unused]] const bool isNews = !this->text().isEmpty();
@@ -35,20 +50,8 @@ void QtLabel::follow() {
 #endif
 }
 
-bool QtLabel::fits(const QFont& font) const {
-  return hasOwnSize() || textFits(font, this->text(), contentsRect().size());
-}
-
-void QtLabel::write(const QFont& font) {
-  constexpr double Step = 0.25;  // points
-  QFont own = font;
-  if (hasOwnSize()) own.setPointSizeF(static_cast<double>(text_->TextSize));
-  // No other control has to follow a text that is too large in its own size.
-  while (hasOwnSize() && own.pointSizeF() > Step &&
-         !textFits(own, this->text(), contentsRect().size())) {
-    own.setPointSizeF(own.pointSizeF() - Step);
-  }
-  setFont(own);
+bool QtLabel::showsWhole(const QFont& font) const {
+  return textFits(font, this->text(), contentsRect().size());
 }
 
 }  // namespace veldrin

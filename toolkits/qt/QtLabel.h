@@ -13,13 +13,15 @@ class QtLabel final : public QLabel, public QtControl {
   QtLabel(Ref<StaticText> text, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  void follow() override;
-  [[nodiscard]] bool fits(const QFont& font) const override;
-  void write(const QFont& font) override;
+  /// A label stands to the left of its field, in one row of one panel.
+  void nameField(QtControl& field) override;
+
+ protected:
+  void followKind() override;
+  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  void colourKind(QPalette& palette) const override;
 
  private:
-  [[nodiscard]] bool hasOwnSize() const { return text_->TextSize > 0.0F; }
-
   Ref<StaticText> text_;
 };
 

@@ -2,7 +2,10 @@
 
 #include <QAction>
 #include <QMenu>
+#include <utility>
 
+#include "shell/Menus.h"
+#include "shell/objects/Stack.h"
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {
@@ -10,48 +13,85 @@ namespace {
 
 /// "Cmd" is the platform's command key, which Qt calls Ctrl everywhere.
 QKeySequence shortcutOf(const MenuItem& item) {
-  return {toQt(item.KeyboardShortcut).replace("Cmd+", "Ctrl+")};
+  return {toQt(item.KeyboardShortcut()).replace("Cmd+", "Ctrl+")};
 }
 
 }  // namespace
 
-QtMenus::QtMenus(QMenuBar& bar, const MenuItem& root, Delivery& delivery, const Editing& editing)
-    : delivery_(delivery), editing_(editing) {
-  for (const Ref<MenuItem>& item : root.children()) {
-    QMenu* const menu = bar.addMenu(toQt(item->Text));
-    menu->setObjectName(toQt(item->Name));
-    entries_.push_back({item, menu->menuAction(), nullptr});
-    fill(*menu, *item);
-    QObject::connect(menu, &QMenu::aboutToShow, menu, [this] { enable(); });
+void QtMenus::follow(const Ref<MenuBar>& root) {
+  std::vector<Place> places;
+  if (root) gather(*root, 0, places);
+  if (places != places_) {
+    clear();
+    if (root) fill(nullptr, *root);
+    places_ = std::move(places);
+  }
+  bar_.setVisible(static_cast<bool>(root));
+  for (const Entry& entry : entries_) show(entry);
+}
+
+void QtMenus::gather(const MenuItem& menu, int depth, std::vector<Place>& places) {
+  RuntimeStackCheck();
+  for (const Ref<MenuItem>& item : menu.children()) {
+    const bool isMenu = depth == 0 || !item->children().empty();
+    places.push_back({item, depth, isMenu, !isMenu && item->isSeparator()});
+    gather(*item, depth + 1, places);
   }
 }
 
-void QtMenus::fill(QMenu& menu, const MenuItem& items) {
-  for (const Ref<MenuItem>& item : items.children()) {
-    if (item->isSeparator()) {
-      menu.addSeparator()->setObjectName(toQt(item->Name));
-      continue;
-    }
-    QAction* const action = menu.addAction(toQt(item->Text));
-    action->setObjectName(toQt(item->Name));
-    action->setShortcut(shortcutOf(*item));
-    const Entry entry{item, action, editingCommand(item->Name)};
-    entries_.push_back(entry);
-    QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
+void QtMenus::clear() {
+  entries_.clear();
+  for (QAction* const action : bar_.actions()) {
+    bar_.removeAction(action);
+    // One of its items may be the one that is being chosen.
+    action->menu()->setObjectName({});
+    for (QAction* const inside : action->menu()->findChildren<QAction*>()) inside->setShortcut({});
+    for (QObject* const inside : action->menu()->findChildren<QObject*>())
+      inside->setObjectName({});
+    action->menu()->deleteLater();
   }
+}
+
+void QtMenus::fill(QMenu* menu, const MenuItem& items) {
+  for (const Ref<MenuItem>& item : items.children()) {
+    if (menu == nullptr || !item->children().empty()) {
+      QMenu* const made = menu == nullptr ? bar_.addMenu(QString()) : menu->addMenu(QString());
+      made->setObjectName(toQt(item->Name));
+      entries_.push_back({item, made->menuAction(), nullptr});
+      QObject::connect(made, &QMenu::aboutToShow, made, [this] { enable(); });
+      fill(made, *item);
+    } else if (item->isSeparator()) {
+      menu->addSeparator()->setObjectName(toQt(item->Name));
+    } else {
+      QAction* const action = menu->addAction(QString());
+      action->setObjectName(toQt(item->Name));
+      const Entry entry{item, action, editingCommand(item->Name)};
+      entries_.push_back(entry);
+      QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
+    }
+  }
+}
+
+void QtMenus::show(const Entry& entry) const {
+  const MenuItem& item = *entry.item;
+  const bool possible = entry.command == nullptr || editing_.possible(*entry.command);
+  entry.action->setText(toQt(item.Text()));
+  entry.action->setShortcut(shortcutOf(item));
+  entry.action->setCheckable(item.Checked());
+  entry.action->setChecked(item.Checked());
+  entry.action->setEnabled(item.Enabled() && possible);
 }
 
 void QtMenus::enable() const {
-  for (const Entry& entry : entries_) {
-    const bool possible = entry.command == nullptr || editing_.possible(*entry.command);
-    entry.action->setEnabled(entry.item->Enabled && possible);
-  }
+  delivery_.deliver([] { EnableMenuItems(); });
+  for (const Entry& entry : entries_) show(entry);
 }
 
 void QtMenus::choose(const Entry& entry) const {
   delivery_.deliver([&] {
     if (!entry.item->userChose() && entry.command != nullptr) editing_.carryOut(*entry.command);
   });
+  entry.action->setChecked(entry.item->Checked());  // Qt has turned the tick round
 }
 
 }  // namespace veldrin

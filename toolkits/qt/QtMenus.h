@@ -13,24 +13,41 @@ namespace veldrin {
 /// is being edited.
 class QtMenus {
  public:
-  QtMenus(QMenuBar& bar, const MenuItem& root, Delivery& delivery, const Editing& editing);
+  QtMenus(QMenuBar& bar, Delivery& delivery, const Editing& editing)
+      : bar_(bar), delivery_(delivery), editing_(editing) {}
 
-  /// Shows which items can be chosen now.
-  void enable() const;
+  /// Shows the menus of that tree: which there are, their texts and ticks, and which items can be
+  /// chosen now. With nil, no bar.
+  void follow(const Ref<MenuBar>& root);
 
  private:
+  /// An item, in the place that it has in the tree.
+  struct Place {
+    Ref<MenuItem> item;
+    int depth;
+    bool isMenu;
+    bool isSeparator;
+    bool operator==(const Place&) const = default;
+  };
   struct Entry {
     Ref<MenuItem> item;
     QAction* action;
     const EditingCommand* command;  ///< nil for an item that is none
   };
 
-  void fill(QMenu& menu, const MenuItem& items);
+  static void gather(const MenuItem& menu, int depth, std::vector<Place>& places);
+  void clear();
+  /// Adds the items to the menu, or their menus to the bar where it is nil.
+  void fill(QMenu* menu, const MenuItem& items);
+  void show(const Entry& entry) const;
+  void enable() const;
   void choose(const Entry& entry) const;
 
-  std::vector<Entry> entries_;
+  QMenuBar& bar_;
   Delivery& delivery_;
   const Editing& editing_;
+  std::vector<Place> places_;
+  std::vector<Entry> entries_;
 };
 
 }  // namespace veldrin

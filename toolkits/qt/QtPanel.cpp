@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-QtPanel::QtPanel(const Ref<Placard>& /*panel*/, Delivery& /*delivery*/, QWidget& parent)
-    : QWidget(&parent) {}
+QtPanel::QtPanel(const Ref<Placard>& panel, Delivery& /*delivery*/, QWidget& parent)
+    : QWidget(&parent), QtControl(panel, nullptr) {}
 
 void QtPanel::paintEvent(QPaintEvent* /*event*/) {
   // Whole pixels of the screen, or the four sides would differ where a pixel is scaled by a half.

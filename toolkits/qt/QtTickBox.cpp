@@ -6,18 +6,21 @@
 namespace veldrin {
 
 QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
-    : QCheckBox(&parent), box_(std::move(box)) {
-  // In the constructor of the base a screen reader would be told of a box that is not this one yet.
-  setText(plainCaption(box_->Caption));
+    : QCheckBox(&parent), QtControl(box, box.get()), box_(std::move(box)) {
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
     if (ticked == box_->Value()) return;  // the program's own change, come back
     delivery.deliver(*box_, [&] { box_->userTicked(ticked); });
-    follow();  // what was not delivered is taken back
+    followKind();  // what was not delivered is taken back
   });
 }
 
-bool QtTickBox::fits(const QFont& font) const {
+void QtTickBox::followKind() {
+  setText(plainCaption(box_->Caption()));
+  setChecked(box_->Value());
+}
+
+bool QtTickBox::showsWhole(const QFont& font) const {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

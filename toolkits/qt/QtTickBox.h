@@ -14,13 +14,13 @@ class QtTickBox final : public QCheckBox, public QtControl {
   QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  void follow() override { setChecked(box_->Value()); }
-  [[nodiscard]] bool fits(const QFont& font) const override;
-
   /// The caption as it is said.
-  [[nodiscard]] QString spokenName() const { return toQt(box_->Caption); }
+  [[nodiscard]] QString spokenName() const { return toQt(box_->Caption()); }
 
  protected:
+  void followKind() override;
+  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool isFramed() const override { return true; }
   [[nodiscard]] bool hitButton(const QPoint& place) const override {
     return rect().contains(place);
   }

@@ -4,11 +4,15 @@
 #include <QDir>
 #include <QIcon>
 #include <QSettings>
+#include <QSocketNotifier>
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
-#include <system_error>
+#include <optional>
 
+#include "shell/Application.h"
+#include "shell/Runtime.h"
+#include "shell/Stop.h"
 #include "shell/objects/Failure.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
@@ -47,15 +51,17 @@ QtToolkit::Application::Application(const NoDisplay& /*watch*/)
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
-QtToolkit::QtToolkit(std::span<const SpokenName> names)
-    : names_(names), application_(NoDisplay()) {}
+QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names), application_(NoDisplay()) {
+  QObject::connect(&application_, &QGuiApplication::applicationStateChanged,
+                   [this](Qt::ApplicationState state) { turnTo(state == Qt::ApplicationActive); });
+}
 
 QtToolkit::~QtToolkit() = default;
 
 void QtToolkit::windowOpened(Window& window) {
   ended_ = false;
   windows_.push_back(std::make_unique<QtWindow>(window, delivery_, editing_, names_));
-  if (window.Visible) windows_.back()->show();
+  windows_.back()->follow();
 }
 
 void QtToolkit::windowClosed(Window& window) {
@@ -69,16 +75,24 @@ void QtToolkit::windowClosed(Window& window) {
   windows_.erase(found);
   closed->letGo();
   if (insideOfIt) closed.release()->deleteLater();
-  // The menu bar has gone with the last window, and with it the way to end the program.
-  if (windows_.empty()) quit();
 }
 
 void QtToolkit::controlChanged(Control& control) {
   for (const auto& window : windows_) window->follow(control);
 }
 
-void QtToolkit::menuItemsEnabled() {
-  for (const auto& window : windows_) window->enableMenuItems();
+void QtToolkit::windowChanged(Window& window) {
+  for (const auto& shown : windows_) {
+    if (shown->shown() == &window) shown->follow();
+  }
+}
+
+void QtToolkit::menusChanged() {
+  for (const auto& window : windows_) window->followMenus();
+}
+
+bool QtToolkit::hasOwnMenuBar() const {
+  return QGuiApplication::platformName() == "cocoa";
 }
 
 Ref<FolderItem> QtToolkit::getSaveFolderItem(const String& filter, const String& defaultName) {
@@ -91,6 +105,13 @@ void QtToolkit::messageBox(const String& text) {
 
 void QtToolkit::run() {
   running_ = true;
+  const int stop = stopDescriptor();
+  std::optional<QSocketNotifier> notifier;
+  if (stop >= 0) {
+    notifier.emplace(stop, QSocketNotifier::Read);
+    // The loops of open dialogs end with it: a dialog counts as cancelled.
+    QObject::connect(&*notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
+  }
   if (!ended_) QApplication::exec();
   running_ = false;
   delivery_.raiseAgain();
@@ -109,17 +130,20 @@ void QtToolkit::backgroundTask() {
   }
 }
 
-void QtToolkit::reportUnhandledException(const RuntimeException& exception) {
-  QString reason = toQt(exception.classRecord()->name);
-  if (exception.ErrorNumber != 0) {
-    const std::string message = std::generic_category().message(exception.ErrorNumber);
-    reason += QString(", error %1: ").arg(exception.ErrorNumber) + QString::fromStdString(message);
-  }
-  report(reason);
+void QtToolkit::reportUnhandledException(const RuntimeException& exception,
+                                         const String& sentence) {
+  if (RuntimeObjectIsa(&exception, EndException::__Lookup())) return complain(toQt(sentence));
+  report(toQt(sentence));
 }
 
 void QtToolkit::reportFault(const String& sentence) {
   report(toQt(sentence));
+}
+
+void QtToolkit::turnTo(bool active) {
+  if (!Runtime::exists()) return;
+  const Ref<veldrin::Application> application = Runtime::current().application;
+  if (application) delivery_.deliver([&] { application->userTurnedTo(active); });
 }
 
 void QtToolkit::report(const QString& reason) {

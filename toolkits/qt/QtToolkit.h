@@ -23,13 +23,15 @@ class QtToolkit final : public Toolkit {
   void windowOpened(Window& window) override;
   void windowClosed(Window& window) override;
   void controlChanged(Control& control) override;
-  void menuItemsEnabled() override;
+  void windowChanged(Window& window) override;
+  void menusChanged() override;
+  [[nodiscard]] bool hasOwnMenuBar() const override;
   Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override;
   void messageBox(const String& text) override;
   void run() override;
   void quit() override;
   void backgroundTask() override;
-  void reportUnhandledException(const RuntimeException& exception) override;
+  void reportUnhandledException(const RuntimeException& exception, const String& sentence) override;
   void reportFault(const String& sentence) override;
 
  private:
@@ -40,6 +42,7 @@ class QtToolkit final : public Toolkit {
   };
 
   [[nodiscard]] QWidget* front() const;
+  void turnTo(bool active);
   void report(const QString& reason);
 
   std::span<const SpokenName> names_;

@@ -1,19 +1,13 @@
 #include "toolkits/qt/QtWindow.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QLabel>
+#include <QKeyEvent>
 #include <QLayout>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <algorithm>
 
 #include "shell/FocusOrder.h"
-#include "shell/StaticText.h"
-#include "shell/TextField.h"
-#include "toolkits/qt/LineColour.h"
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {
@@ -22,17 +16,10 @@ namespace {
 Qt::WindowFlags flagsOf(const Window& window) {
   Qt::WindowFlags flags =
       Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
-  flags.setFlag(Qt::WindowMinimizeButtonHint, window.MinimizeButton);
-  flags.setFlag(Qt::WindowMaximizeButtonHint, window.MaximizeButton);
-  flags.setFlag(Qt::WindowCloseButtonHint, window.CloseButton);
+  flags.setFlag(Qt::WindowMinimizeButtonHint, window.MinimizeButton());
+  flags.setFlag(Qt::WindowMaximizeButtonHint, window.MaximizeButton());
+  flags.setFlag(Qt::WindowCloseButtonHint, window.CloseButton());
   return flags;
-}
-
-/// Whether the text stands to the left of the field in one row of one panel, and so names it.
-bool isLabelOf(const StaticText& text, const TextField& field) {
-  const std::int32_t middle = text.Top + text.Height / 2;
-  return text.InitialParent == field.InitialParent && text.Left + text.Width <= field.Left &&
-         middle >= field.Top && middle < field.Top + field.Height;
 }
 
 }  // namespace
@@ -42,20 +29,30 @@ QtWindow::QtWindow(Window& window, Delivery& delivery, const Editing& editing,
     : QMainWindow(nullptr, flagsOf(window)),
       window_(&window),
       delivery_(delivery),
+      editing_(editing),
       content_(new QWidget(this)) {
-  setWindowTitle(toQt(window.Title));
-  content_->setFixedSize(window.Width, window.Height);
   setCentralWidget(content_);
   // The window takes the size that its content and its menu bar come to, whatever the bar's height.
-  if (!window.Resizeable) layout()->setSizeConstraint(QLayout::SetFixedSize);
+  if (!window.Resizeable()) layout()->setSizeConstraint(QLayout::SetFixedSize);
   makeControls();
   nameControls(names);
   fitFont();
-  brightenFrames();
+  for (const auto& each : controls_) each.second->colour();
   chainFocus();
-  if (window.MenuBarVisible && window.MenuBar()) {
-    menus_ = std::make_unique<QtMenus>(*menuBar(), *window.MenuBar(), delivery, editing);
-  }
+  if (!focusOrder_.empty()) shownAs(*focusOrder_.front())->takeFirstFocus();
+}
+
+void QtWindow::follow() {
+  setWindowTitle(toQt(window_->Title()));
+  content_->setFixedSize(window_->Width(), window_->Height());
+  followMenus();
+  if (isVisible() != window_->Visible()) setVisible(window_->Visible());
+}
+
+void QtWindow::followMenus() {
+  const Ref<MenuBar> bar = window_->MenuBarVisible() ? window_->MenuBar() : nullptr;
+  if (bar && !menus_) menus_ = std::make_unique<QtMenus>(*menuBar(), delivery_, editing_);
+  if (menus_) menus_->follow(bar);
 }
 
 void QtWindow::makeControls() {
@@ -68,37 +65,25 @@ void QtWindow::makeControls() {
 void QtWindow::nameControls(std::span<const SpokenName> names) {
   for (const SpokenName& spoken : names) {
     const Ref<Object> control = RuntimeWindowControlByName(*window_, String(spoken.control));
-    if (!control) continue;
-    QWidget* const widget = widgetOf(*CheckCast<Control>(control));
-    const QString name = toQt(String(spoken.name));
-    widget->setAccessibleName(name);
-    // On some desktops the name that is said of a list is its selected row, whatever it is called.
-    if (qobject_cast<QComboBox*>(widget) != nullptr) widget->setAccessibleDescription(name);
+    if (control) shownAs(*CheckCast<Control>(control))->call(toQt(String(spoken.name)));
   }
-  for (const auto& each : controls_) {
-    auto* const label = qobject_cast<QLabel*>(&each.second->widget());
-    if (label == nullptr) continue;
-    const auto& text = static_cast<const StaticText&>(*each.first);
-    const auto field = std::ranges::find_if(controls_, [&](const auto& other) {
-      return RuntimeObjectIsa(other.first, TextField::__Lookup()) &&
-             isLabelOf(text, static_cast<const TextField&>(*other.first));
-    });
-    if (field != controls_.end()) label->setBuddy(&field->second->widget());
+  for (const auto& label : controls_) {
+    for (const auto& field : controls_) {
+      if (field.second->isNamedByLabel()) label.second->nameField(*field.second);
+    }
   }
 }
 
 void QtWindow::chainFocus() {
-  QWidget* before = nullptr;
+  std::vector<const RectControl*> order;
   for (const Ref<RectControl>& control : focusOrder(*window_)) {
-    QWidget* const widget = widgetOf(*control);
-    if (before == nullptr) {
-      widget->setFocus(Qt::TabFocusReason);
-      if (auto* const field = qobject_cast<QLineEdit*>(widget)) field->selectAll();
-    } else {
-      setTabOrder(before, widget);
-    }
-    before = widget;
+    if (shownAs(*control) != nullptr) order.push_back(control.get());
   }
+  if (order == focusOrder_) return;
+  for (std::size_t next = 1; next < order.size(); ++next) {
+    setTabOrder(&shownAs(*order[next - 1])->widget(), &shownAs(*order[next])->widget());
+  }
+  focusOrder_ = std::move(order);
 }
 
 void QtWindow::fitFont() {
@@ -118,37 +103,21 @@ void QtWindow::fitFont() {
   for (const auto& [control, made] : controls_) made->write(font);
 }
 
-void QtWindow::brightenFrames() {
-  // Some styles darken the background to frame a field or a box, which nobody sees on a dark one.
-  constexpr int AsTheyDarken = 140;  // percent
-  QPalette own;
-  const QPalette desktop = QApplication::palette();
-  if (isDark(desktop)) own.setColor(QPalette::Window, lineColour(desktop).lighter(AsTheyDarken));
-  for (const auto& each : controls_) {
-    QWidget& widget = each.second->widget();
-    const bool isFramed = qobject_cast<QLineEdit*>(&widget) || qobject_cast<QCheckBox*>(&widget);
-    if (isFramed) widget.setPalette(own);
-  }
-}
-
-QWidget* QtWindow::widgetOf(const Control& control) const {
+QtControl* QtWindow::shownAs(const Control& control) const {
   const auto found = std::ranges::find(controls_, &control, [](const auto& c) { return c.first; });
-  return found == controls_.end() ? nullptr : &found->second->widget();
+  return found == controls_.end() ? nullptr : found->second;
 }
 
 void QtWindow::follow(const Control& control) {
-  for (const auto& [candidate, made] : controls_) {
-    if (candidate == &control) made->follow();
-  }
+  QtControl* const shown = shownAs(control);
+  if (shown == nullptr) return;
+  shown->follow();
+  chainFocus();
 }
 
 void QtWindow::letGo() {
   hide();
   window_ = nullptr;
-}
-
-void QtWindow::enableMenuItems() {
-  if (menus_) menus_->enable();
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
@@ -162,11 +131,45 @@ bool QtWindow::event(QEvent* event) {
   const bool done = QMainWindow::event(event);
   // Behind a deferred deletion there is no window left to look into.
   if (type == QEvent::DeferredDelete || window_ == nullptr) return done;
-  if (type == QEvent::WindowActivate) delivery_.deliver([this] { window_->_CallActivated(); });
-  if (type == QEvent::WindowDeactivate) delivery_.deliver([this] { window_->_CallDeactivated(); });
-  if (type == QEvent::ApplicationFontChange || type == QEvent::StyleChange) fitFont();
-  if (type == QEvent::ApplicationPaletteChange) brightenFrames();
+  switch (type) {
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+      delivery_.deliver([&] { window_->userTurnedTo(type == QEvent::WindowActivate); });
+      break;
+    case QEvent::Move:
+      if (isVisible()) raise(Window::Events::Moved);
+      break;
+    case QEvent::WindowStateChange: {
+      const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+      if (isMinimized() == before.testFlag(Qt::WindowMinimized)) break;
+      raise(isMinimized() ? Window::Events::Minimize : Window::Events::Restore);
+      break;
+    }
+    case QEvent::ApplicationFontChange:
+    case QEvent::StyleChange:
+      fitFont();
+      break;
+    case QEvent::ApplicationPaletteChange:
+      for (const auto& each : controls_) each.second->colour();
+      break;
+    default:
+      break;
+  }
   return done;
+}
+
+void QtWindow::keyPressEvent(QKeyEvent* event) {
+  // It comes here where no control has taken it.
+  const String letters = fromQt(event->text());
+  bool taken = false;
+  if (window_ != nullptr && !letters.isEmpty()) {
+    delivery_.deliver([&] { taken = callHandler(*window_, Window::Events::KeyDown, letters); });
+  }
+  if (!taken) QMainWindow::keyPressEvent(event);
+}
+
+void QtWindow::raise(const Event<void()>& event) {
+  delivery_.deliver([&] { callHandler(*window_, event); });
 }
 
 }  // namespace veldrin

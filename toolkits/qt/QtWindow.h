@@ -20,6 +20,19 @@ struct SpokenName {
 };
 
 /// A window of the system on the desktop: menu bar above, content of fixed size below.
+///
+/// It follows the title, the size of the content, whether it shows, and the bar of menus. What else
+/// the window has is taken as it stands when the window opens, and kept only after that:
+///
+/// | property | reason |
+/// |---|---|
+/// | the three buttons, `Resizeable` | the frame is the window manager's, who is told once |
+/// | `Placement`, `Frame`, `Composite`, `MacProcId` | the desktop has one kind, and places it |
+/// | `FullScreen`, `LiveResize`, `MinWidth` and its kin | the content keeps its size |
+/// | `HasBackColor`, `BackColor` | the desktop's texts show on its own background |
+///
+/// Which label names a field is found when the window opens, too, and controls that come later have
+/// no widget.
 class QtWindow final : public QMainWindow {
  public:
   QtWindow(Window& window, Delivery& delivery, const Editing& editing,
@@ -29,26 +42,31 @@ class QtWindow final : public QMainWindow {
   [[nodiscard]] const Window* shown() const { return window_; }
   /// The window has been closed, and its object may go before this one does.
   void letGo();
+  /// Shows what the program has changed: in a control, in the window, in the menus.
   void follow(const Control& control);
-  void enableMenuItems();
+  void follow();
+  void followMenus();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void makeControls();
   void nameControls(std::span<const SpokenName> names);
   void chainFocus();
   void fitFont();
-  void brightenFrames();
-  [[nodiscard]] QWidget* widgetOf(const Control& control) const;
+  void raise(const Event<void()>& event);
+  [[nodiscard]] QtControl* shownAs(const Control& control) const;
 
   Window* window_;
   Delivery& delivery_;
+  const Editing& editing_;
   QWidget* content_;
   std::vector<std::pair<const Control*, QtControl*>> controls_;
-  std::unique_ptr<QtMenus> menus_;
+  std::vector<const RectControl*> focusOrder_;
+  std::unique_ptr<QtMenus> menus_;  ///< nil until there is a bar
 };
 
 }  // namespace veldrin

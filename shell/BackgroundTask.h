@@ -1,0 +1,21 @@
+#pragma once
+
+#include "shell/Stop.h"
+#include "shell/Toolkit.h"
+
+namespace veldrin {
+
+namespace detail {
+/// The toolkit of the runtime that exists; nil without one.
+inline Toolkit* yieldingToolkit = nullptr;
+}  // namespace detail
+
+/// The cooperative yield: every loop calls it once in each pass, at the end of the pass. It lets
+/// the toolkit repaint and never delivers what a user does, so no handler runs inside another.
+/// Raises `EndException`, once, where the system has asked the process to end.
+inline void RuntimeBackgroundTask() {
+  detail::yieldingToolkit->backgroundTask();
+  if (stopIsPending()) raiseStop();
+}
+
+}  // namespace veldrin

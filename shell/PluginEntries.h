@@ -1,0 +1,22 @@
+#pragma once
+
+#include <cstdint>
+
+#include "shell/objects/ClassRecord.h"
+
+namespace veldrin {
+
+/// The number of plug-in entries that the start-up asks for: those of controls that are kept
+/// outside the class tables.
+inline constexpr std::int32_t PluginEntryCount = 29;
+
+/// The implementation of a control's operation by its name, such as "Placard.Value.Set"; nil for
+/// what this build does not have. An entry that sets a property takes the object, an index word
+/// that it does not look at, and the value: it is found for properties that are computed, since the
+/// one of a stored property would take the index for the place of the field.
+Function RuntimeLookupPluginEntrypoint(const String& name);
+
+/// Looks the entries up, one after the other, and keeps them in the runtime.
+void _InitPluginEntrypoints();
+
+}  // namespace veldrin

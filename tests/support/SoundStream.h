@@ -1,0 +1,97 @@
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/Runtime.h"
+#include "shell/objects/Failure.h"
+#include "shell/objects/PropertyAccess.h"
+#include "ui/PropertyStream.h"
+
+namespace veldrin::test {
+
+/// An integer as every stream has it, the highest byte first.
+inline std::string streamInteger(std::uint32_t value) {
+  std::string bytes;
+  for (const int shift : {24, 16, 8, 0}) bytes += static_cast<char>(value >> shift & 0xFFU);
+  return bytes;
+}
+
+/// An entry of a stream.
+inline std::string entry(std::string_view key, const Variant& value) {
+  std::string bytes = std::string(key) + ' ';
+  if (const auto* number = std::get_if<std::int32_t>(&value.storage())) {
+    bytes += streamInteger(static_cast<std::uint32_t>(*number));
+  } else if (const auto* flag = std::get_if<bool>(&value.storage())) {
+    bytes += *flag ? '\1' : '\0';
+  } else if (const auto* color = std::get_if<Color>(&value.storage())) {
+    for (const auto part : {color->red, color->green, color->blue}) {
+      bytes += static_cast<char>(part);
+    }
+  } else {
+    const std::string_view content = std::get<String>(value.storage()).view();
+    bytes += streamInteger(static_cast<std::uint32_t>(content.size())) + std::string(content);
+  }
+  return bytes;
+}
+
+/// The sentence of the fault that applying the stream to the object ends in, "" for none.
+inline std::string faultOf(const Ref<Object>& object, const std::string& stream) {
+  try {
+    _SetProperties(object, String(stream));
+  } catch (const FatalFault& fault) {
+    return fault.what();
+  }
+  return "";
+}
+
+/// Every property of the object, in the order of its class.
+inline std::vector<Variant> valuesOf(const Ref<Object>& object) {
+  std::vector<Variant> all;
+  for (const PropertyRow& row : object->classRecord()->propertyRows) {
+    all.push_back(
+        RuntimeGenericGetter(row.reflectionGet, row.getter, object.get(), row.fieldOffset));
+  }
+  return all;
+}
+
+/// Keys are compared without their case, and a whole stream with them.
+inline std::string lowered(std::string bytes) {
+  for (char& each : bytes)
+    each = static_cast<char>(each >= 'A' && each <= 'Z' ? each | 0x20 : each);
+  return bytes;
+}
+
+/// The rule that the reading of a stream breaks, "" where it keeps them all. Whatever the bytes
+/// are: what was read of them stands at their start, byte for byte; a fault lies behind that, with
+/// the key that stands there; and nothing of a fault is applied.
+inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
+  const StreamContents contents = readPropertyStream(*record, stream);
+  std::string read;
+  for (const StreamEntry& each : contents.entries) {
+    read += entry(each.property->name.view(), each.value);
+  }
+  const Ref<Object> object = RuntimeNewObject(record);
+  Runtime::current()._WindowSupport.Windows.clear();
+  const std::vector<Variant> before = valuesOf(object);
+  const std::string sentence = faultOf(object, stream);
+  if (lowered(read) != lowered(stream.substr(0, read.size()))) return "the entries are others";
+  if (contents.fault.has_value() == (read.size() == stream.size())) return "a fault or none";
+  if (contents.fault.has_value() == sentence.empty()) return "a sentence or none";
+  if (!contents.fault) return "";
+  const auto& [key, offset, what] = *contents.fault;
+  if (offset < read.size() || offset > stream.size()) return "a fault outside of its entry";
+  const std::string rest = stream.substr(read.size());
+  std::string shown(rest.substr(0, std::min<std::size_t>(rest.find(' '), 40)));
+  for (char& letter : shown) letter = letter > ' ' && letter <= '~' ? letter : '?';
+  if (key != shown) return "the key " + key;
+  if (valuesOf(object) != before) return "applied in part";
+  return sentence.starts_with("The form of " + std::string(record->name.view()) +
+                              " is damaged at byte " + std::to_string(offset) + ", key \"" + key)
+             ? ""
+             : sentence;
+}
+
+}  // namespace veldrin::test

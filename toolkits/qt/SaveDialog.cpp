@@ -1,0 +1,72 @@
+#include "toolkits/qt/SaveDialog.h"
+
+#include <unistd.h>
+
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "toolkits/qt/QtDialogs.h"
+
+namespace veldrin {
+
+SaveDialog::SaveDialog(QWidget* parent, const QStringList& filters, const QString& fileName)
+    : QFileDialog(parent, "Save As") {
+  setAcceptMode(AcceptSave);
+  setFileMode(AnyFile);
+  setNameFilters(filters);
+  selectFile(fileName);
+  typed_ = findChild<QLineEdit*>("fileNameEdit");
+  if (typed_ == nullptr) return;
+  // Behind Qt's own connection, which greys the button out where it could say what is wrong.
+  auto* const buttons = findChild<QDialogButtonBox*>("buttonBox");
+  connect(typed_, &QLineEdit::textChanged, this,
+          [buttons] { buttons->button(QDialogButtonBox::Save)->setEnabled(true); });
+}
+
+QString SaveDialog::ask() {
+  if (exec() != Accepted) return {};
+  if (typed_ != nullptr) return chosen_;
+  return selectedFiles().value(0);
+}
+
+void SaveDialog::accept() {
+  if (typed_ == nullptr) return QFileDialog::accept();
+  const QString path = typedPath();
+  if (const QString reason = reasonAgainst(path); !reason.isEmpty()) return sayInBox(this, reason);
+  if (QFileInfo(path).isDir()) {
+    setDirectory(path);
+    typed_->clear();
+    return;
+  }
+  if (QFileInfo::exists(path) && !mayReplace(path)) return;
+  chosen_ = path;
+  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): Qt's own reads the name again
+}
+
+QString SaveDialog::typedPath() const {
+  QString name = typed_->text();
+  if (name.trimmed().isEmpty()) return {};
+  if (name == "~" || name.startsWith("~/")) name.replace(0, 1, QDir::homePath());
+  return directory().absoluteFilePath(name);
+}
+
+QString SaveDialog::reasonAgainst(const QString& path) {
+  if (path.isEmpty()) return "A file needs a name.";
+  const QFileInfo file(path);
+  const long limit = ::pathconf(QFile::encodeName(file.path()).constData(), _PC_NAME_MAX);
+  const bool isTooLong = limit >= 0 && QFile::encodeName(file.fileName()).size() > limit;
+  if (!isTooLong) return {};
+  return QString("The name is too long. It can have %1 bytes here.").arg(limit);
+}
+
+bool SaveDialog::mayReplace(const QString& path) {
+  const QString question = "%1 already exists.\nDo you want to replace it?";
+  const auto answer =
+      QMessageBox::warning(this, windowTitle(), question.arg(QFileInfo(path).fileName()),
+                           QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+  return answer == QMessageBox::Yes;
+}
+
+}  // namespace veldrin
