@@ -1,11 +1,15 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 #include <string>
+#include <string_view>
 #include <system_error>
 
+#include "almanac/FileReplacement.h"
 #include "apps/CalendarOptions.h"
 #include "apps/PlainText.h"
 #include "apps/StandardDescriptors.h"
@@ -114,10 +118,33 @@ Ref<FolderItem> itemOf(const std::string& output) {
   return FolderItem::atPath(String(output));
 }
 
+/// The moment that a document is stamped with: that of SOURCE_DATE_EPOCH in whole seconds, by which
+/// a build is the same at any time, or else the present one. A value that is no such number, or is
+/// past the year 9999, counts as none.
+std::int64_t stampOf(const Host& host) {
+  constexpr std::int64_t LastSecond = 253402300799;
+  const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
+  if (setting == nullptr) return host.now();
+  const std::string_view text(setting);
+  std::int64_t seconds = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  return whole && seconds >= 0 && seconds <= LastSecond ? seconds : host.now();
+}
+
+/// Writes the calendar of `--standard`; returns the error number of the host, or 0.
+std::int32_t writeStandard(const Ref<Veldrin>& window, const Host& host, AlmanacOptions options,
+                           const std::string& output, FolderItem& item) {
+  options.stamp = stampOf(host);
+  const std::string document = almanac(window, options);
+  return output == "-" ? writeThrough(item, document) : replaceFile(output, document);
+}
+
 int run(SystemHost& host, const CalendarRequest& request) {
   HeadlessToolkit toolkit;
   std::string status;
   std::string path;
+  std::int32_t error = 0;
   std::int32_t errorOfOpening = 0;
   toolkit.job = [&] {
     const Ref<Veldrin> window = implicit::Veldrin();
@@ -128,6 +155,10 @@ int run(SystemHost& host, const CalendarRequest& request) {
     }
     const Ref<FolderItem> item = itemOf(request.output);
     path = item->AbsolutePath().view();
+    if (request.standard) {
+      error = writeStandard(window, host, *request.standard, request.output, *item);
+      return;
+    }
     toolkit.saveAnswers.push_back(item);
     window->GenerateButton()->userPressed();
     errorOfOpening = item->LastErrorCode;
@@ -144,6 +175,10 @@ int run(SystemHost& host, const CalendarRequest& request) {
   }
   for (const HeadlessToolkit::Report& report : toolkit.reports()) {
     complain(std::string(report.sentence.view()));
+  }
+  if (error != 0) {
+    complainOfWriting(path, error);
+    exitStatus = Failed;
   }
   if (!print(status)) exitStatus = Failed;
   return exitStatus;

@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <system_error>
+#include <vector>
 
 #include "apps/PlainText.h"
 #include "shell/ParseDate.h"
@@ -15,6 +17,10 @@ namespace {
 constexpr int BadUsage = 2;
 constexpr std::int32_t FirstYear = 1;
 constexpr std::int32_t LastYear = 9999;
+// In the Gregorian calendar, with a new year of four digits behind it.
+constexpr std::int32_t FirstStandardYear = 1583;
+constexpr std::int32_t LastStandardYear = 9998;
+constexpr std::int32_t MostMinutes = 24 * 60;
 
 constexpr const char* Purpose =
     "Writes the times of sunrise and sunset of a year at a place into an iCalendar file.";
@@ -28,9 +34,17 @@ constexpr const char* Examples = R"(Examples:
       --year=2030 --dst-start=2030-04-07 --dst-end=2030-10-06 --output=sydney-2030.ics
   veldrin-calendar --latitude=47.5 --longitude=-122.5 --time-zone=-8 --status=2024-06-21
       the times of one day
+  veldrin-calendar --standard --latitude=40.7128 --longitude=-74.006 --time-zone=-5 \
+      --year=2030 --place="New York" --twilight=civil --remind=15 --output=new-york-2030.ics
+      a calendar with its moments in Universal Time, for a program of today
 
 A DATE is 2024-06-21, or the short form of this system's date setting. South of the equator, where
 daylight saving holds over the new year, --down-under takes the time outside the two dates.)";
+
+/// The text, or its beginning where it is longer than what a person reads of it.
+std::string shortened(const std::string& text, std::size_t most) {
+  return text.size() > most ? text.substr(0, most) + "..." : text;
+}
 
 /// The help, without the library's own mark of the flag that says no.
 std::string helpOf(const CLI::App& app) {
@@ -47,8 +61,8 @@ std::string helpOf(const CLI::App& app) {
 [[noreturn]] void refuse(const std::string& option, const std::string& needs,
                          const std::string& given) {
   constexpr std::size_t Shown = 60;
-  const std::string text = given.size() > Shown ? given.substr(0, Shown) + "..." : given;
-  throw CLI::ValidationError(option, "needs " + needs + ", not \"" + text + "\"");
+  throw CLI::ValidationError(option,
+                             "needs " + needs + ", not \"" + shortened(given, Shown) + "\"");
 }
 
 void checkNumber(const std::string& option, const std::optional<std::string>& text, double bound) {
@@ -59,15 +73,18 @@ void checkNumber(const std::string& option, const std::optional<std::string>& te
   if (!sound) refuse(option, "a number from -" + limit + " to " + limit, *text);
 }
 
-std::optional<std::int32_t> checkedYear(const std::optional<std::string>& text) {
+std::optional<std::int32_t> checkedWhole(const std::string& option,
+                                         const std::optional<std::string>& text, std::int32_t least,
+                                         std::int32_t most) {
   if (!text) return std::nullopt;
-  std::int32_t year = 0;
-  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), year);
+  std::int32_t number = 0;
+  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
   const bool whole = error == std::errc() && end == text->data() + text->size();
-  if (!whole || year < FirstYear || year > LastYear) {
-    refuse("--year", "a whole number from 1 to 9999", *text);
+  if (!whole || number < least || number > most) {
+    refuse(option, "a whole number from " + std::to_string(least) + " to " + std::to_string(most),
+           *text);
   }
-  return year;
+  return number;
 }
 
 std::optional<CivilDay> checkedDate(const std::string& option,
@@ -79,12 +96,53 @@ std::optional<CivilDay> checkedDate(const std::string& option,
   return day;
 }
 
+std::set<Twilight> checkedTwilights(const std::vector<std::string>& texts) {
+  const std::map<std::string, Twilight> names{{"civil", Twilight::Civil},
+                                              {"nautical", Twilight::Nautical},
+                                              {"astronomical", Twilight::Astronomical}};
+  std::set<Twilight> twilights;
+  for (const std::string& text : texts) {
+    const auto name = names.find(text);
+    if (name == names.end()) refuse("--twilight", "civil, nautical or astronomical", text);
+    twilights.insert(name->second);
+  }
+  return twilights;
+}
+
+std::string checkedPlace(const std::optional<std::string>& text) {
+  if (!text) return "";
+  if (text->empty() || !isPlainText(*text)) {
+    refuse("--place", "a name in UTF-8 without control characters", *text);
+  }
+  return *text;
+}
+
+/// What `--standard` writes; nothing without it.
+std::optional<AlmanacOptions> checkedStandard(bool isWanted,
+                                              const std::optional<std::string>& place,
+                                              const std::vector<std::string>& twilights,
+                                              const std::optional<std::string>& reminder) {
+  const auto needStandard = [isWanted](const char* option, bool isGiven) {
+    if (isGiven && !isWanted) throw CLI::RequiresError(option, "--standard");
+  };
+  needStandard("--place", place.has_value());
+  needStandard("--twilight", !twilights.empty());
+  needStandard("--remind", reminder.has_value());
+  if (!isWanted) return std::nullopt;
+  return AlmanacOptions{checkedPlace(place), checkedTwilights(twilights),
+                        checkedWhole("--remind", reminder, 0, MostMinutes)};
+}
+
 }  // namespace
 
 std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const char* const* arguments,
                                                             const ShortDateForm& form) {
   CalendarRequest request;
   std::optional<std::string> year;
+  bool isStandard = false;
+  std::optional<std::string> place;
+  std::vector<std::string> twilights;
+  std::optional<std::string> reminder;
   CLI::App app(Purpose, "veldrin-calendar");
   app.footer(Examples);
   app.set_version_flag("--version", "Veldrin v6");
@@ -107,12 +165,26 @@ std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const cha
   app.add_option("--status", request.statusDate,
                  "print the times of this day in place of a calendar")
       ->type_name("DATE");
+  app.add_flag("--standard", isStandard, "write the calendar that today's programs take");
+  constexpr const char* Group = "With --standard";
+  app.add_option("--place", place, "its name (its coordinates)")->type_name("NAME")->group(Group);
+  app.add_option("--twilight", twilights,
+                 "civil, nautical or astronomical: its dawn and dusk too; may be repeated")
+      ->type_name("KIND")
+      ->allow_extra_args(false)
+      ->group(Group);
+  app.add_option("--remind", reminder, "an alarm so long before sunrise and sunset, 0 to 1440")
+      ->type_name("MINUTES")
+      ->group(Group);
   try {
     app.parse(count, arguments);
+    if (isStandard && request.statusDate) throw CLI::ExcludesError("--status", "--standard");
+    request.standard = checkedStandard(isStandard, place, twilights, reminder);
     checkNumber("--latitude", request.latitude, 90.0);
     checkNumber("--longitude", request.longitude, 180.0);
     checkNumber("--time-zone", request.timeZone, 24.0);
-    request.year = checkedYear(year);
+    request.year = checkedWhole("--year", year, isStandard ? FirstStandardYear : FirstYear,
+                                isStandard ? LastStandardYear : LastYear);
     checkedDate("--dst-start", request.firstBound, form);
     checkedDate("--dst-end", request.secondBound, form);
     if (const auto day = checkedDate("--status", request.statusDate, form)) {
@@ -128,7 +200,8 @@ std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const cha
   } catch (const CLI::CallForVersion& version) {
     return CalendarExit{0, std::string(version.what()) + "\n"};
   } catch (const CLI::ParseError& error) {
-    return CalendarExit{BadUsage, "veldrin-calendar: " + onOneLine(error.what()) +
+    constexpr std::size_t Shown = 200;
+    return CalendarExit{BadUsage, "veldrin-calendar: " + onOneLine(shortened(error.what(), Shown)) +
                                       "; see veldrin-calendar --help.\n"};
   }
 }

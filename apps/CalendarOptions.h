@@ -5,6 +5,7 @@
 #include <string>
 #include <variant>
 
+#include "almanac/Almanac.h"
 #include "shell/Host.h"
 
 namespace veldrin {
@@ -15,13 +16,14 @@ struct CalendarRequest {
   std::optional<std::string> latitude;
   std::optional<std::string> longitude;
   std::optional<std::string> timeZone;
-  std::optional<std::int32_t> year;  ///< [1:9999]
+  std::optional<std::int32_t> year;  ///< [1:9999], with `standard` [1583:9998]
   bool daylightSaving = true;
   std::optional<std::string> firstBound;
   std::optional<std::string> secondBound;
   bool downUnder = false;
-  std::string output = "Veldrin.ics";     ///< "-" is standard output
-  std::optional<std::string> statusDate;  ///< the panel of this day in place of a calendar
+  std::string output = "Veldrin.ics";      ///< "-" is standard output
+  std::optional<std::string> statusDate;   ///< the panel of this day in place of a calendar
+  std::optional<AlmanacOptions> standard;  ///< the other document, with all but its stamp
 };
 
 /// The end of the program before anything was done: what it says, and its exit status. A status

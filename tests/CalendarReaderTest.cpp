@@ -3,38 +3,55 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
+#include <set>
 #include <string>
+#include <vector>
 
+#include "almanac/Almanac.h"
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {
 namespace {
 
-using CalendarReaderTest = WindowTest;
+class CalendarReaderTest : public WindowTest {
+ protected:
+  void TearDown() override {
+    icalmemory_free_ring();
+    WindowTest::TearDown();
+  }
 
-struct FreeComponent {
-  void operator()(icalcomponent* component) const { icalcomponent_free(component); }
+  /// The events of the document as the reader has them, which nothing but events may be in.
+  std::vector<icalcomponent*> eventsOf(const std::string& document) {
+    calendar_.reset(icalparser_parse_string(document.c_str()));
+    std::vector<icalcomponent*> events;
+    if (calendar_ == nullptr) return events;
+    EXPECT_EQ(icalcomponent_isa(calendar_.get()), ICAL_VCALENDAR_COMPONENT);
+    EXPECT_EQ(icalcomponent_count_errors(calendar_.get()), 0);
+    for (auto* event = icalcomponent_get_first_component(calendar_.get(), ICAL_ANY_COMPONENT);
+         event != nullptr;
+         event = icalcomponent_get_next_component(calendar_.get(), ICAL_ANY_COMPONENT)) {
+      EXPECT_EQ(icalcomponent_isa(event), ICAL_VEVENT_COMPONENT);
+      events.push_back(event);
+    }
+    return events;
+  }
+
+ private:
+  struct Free {
+    void operator()(icalcomponent* component) const { icalcomponent_free(component); }
+  };
+  std::unique_ptr<icalcomponent, Free> calendar_;
 };
 
 TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) {
   using namespace std::chrono;
   choose("2008");
-  const std::string document = generate();
-  const std::unique_ptr<icalcomponent, FreeComponent> calendar(
-      icalparser_parse_string(document.c_str()));
-  ASSERT_NE(calendar, nullptr);
-  ASSERT_EQ(icalcomponent_isa(calendar.get()), ICAL_VCALENDAR_COMPONENT);
-  EXPECT_EQ(icalcomponent_count_errors(calendar.get()), 0);
-  EXPECT_EQ(icalcomponent_count_components(calendar.get(), ICAL_ANY_COMPONENT), 730);
-
+  const std::vector<icalcomponent*> events = eventsOf(generate());
   sys_days day = 2008y / January / 1;
   int count = 0;
-  for (icalcomponent* event =
-           icalcomponent_get_first_component(calendar.get(), ICAL_VEVENT_COMPONENT);
-       event != nullptr;
-       ++count, event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT)) {
-    const bool rises = count % 2 == 0;
+  for (icalcomponent* const event : events) {
+    const bool rises = count++ % 2 == 0;
     if (rises) day += days(1);
     const icaltimetype start = icalcomponent_get_dtstart(event);
     char expected[64];
@@ -49,7 +66,30 @@ TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) 
   }
   EXPECT_EQ(count, 730);
   EXPECT_EQ(day, sys_days(2008y / December / 31));
-  icalmemory_free_ring();
+}
+
+TEST_F(CalendarReaderTest, AReaderTakesEveryEventOfTheStandardDocument) {
+  choose("2026");
+  type("Latitude", "69.6492");
+  type("Longitude", "18.9553");
+  std::string place = "Troms\xC3\xB8; Norge, \\69\xC2\xB0: ";
+  for (int count = 0; count < 50; ++count) place += "\xE6\x9D\xB1";
+  const std::vector<icalcomponent*> events =
+      eventsOf(almanac(window(), {place, {Twilight::Civil}, 15, 0}));
+  std::set<std::string> identifiers;
+  for (icalcomponent* const event : events) {
+    identifiers.insert(icalcomponent_get_uid(event));
+    ASSERT_EQ(icalcomponent_get_location(event), place);
+    const icaltimetype start = icalcomponent_get_dtstart(event);
+    const std::string summary = icalcomponent_get_summary(event);
+    const bool isOfDay = summary.ends_with("all day");
+    const bool isOfSun = summary == "Sunrise" || summary == "Sunset";
+    ASSERT_TRUE(isOfDay ? start.is_date == 1 : icaltime_is_utc(start) == 1) << summary;
+    ASSERT_EQ(icaldurationtype_as_int(icalcomponent_get_duration(event)), isOfDay ? 86400 : 60);
+    ASSERT_EQ(icalcomponent_count_components(event, ICAL_VALARM_COMPONENT), isOfSun ? 1 : 0);
+  }
+  EXPECT_EQ(identifiers.size(), events.size());
+  EXPECT_GT(events.size(), 1000U);
 }
 
 }  // namespace

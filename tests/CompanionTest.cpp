@@ -1,19 +1,15 @@
 #include <gmock/gmock.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/bare/Bare.h"
-#include "tests/support/Documents.h"
+#include "tests/support/Programs.h"
 
 namespace veldrin::test {
 namespace {
@@ -21,27 +17,15 @@ namespace {
 using testing::AllOf;
 using testing::AnyOf;
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 using Names = std::vector<std::string>;
-
-struct Outcome {
-  int status;  ///< of the exit; -1 where a signal ended it
-  std::string output;
-  std::string errors;
-};
 
 /// Runs the program in an empty folder of its own, without the zone and the locale of whoever runs
 /// the tests.
 class CompanionTest : public testing::Test {
  protected:
-  CompanionTest() {
-    std::string name = (std::filesystem::temp_directory_path() / "veldrin-XXXXXX").string();
-    if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no folder for the test");
-    root = name;
-    folder = root / "work";
-    std::filesystem::create_directory(folder);
-  }
-  ~CompanionTest() override { std::filesystem::remove_all(root); }
+  CompanionTest() { std::filesystem::create_directory(folder); }
 
   /// Runs a shell's script in which "$@" is the program with the options, under environment
   /// variables set as in "TZ=UTC0".
@@ -50,10 +34,7 @@ class CompanionTest : public testing::Test {
     std::string command = "cd " + folder.string() + "; unset TZ LANG LC_ALL LC_TIME LOCPATH; ";
     if (!settings.empty()) command += "export " + settings + "; ";
     command += "set -- '" VELDRIN_CALENDAR "' " + options;
-    const int status =
-        std::system((command + "; { " + script + "\n} >../output 2>../errors").c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, readFile(root / "output"),
-            readFile(root / "errors")};
+    return runScript(command + "; " + script);
   }
 
   Names files() const {
@@ -66,11 +47,25 @@ class CompanionTest : public testing::Test {
 
   std::string made(const std::string& name) const { return readFile(folder / name); }
 
-  std::filesystem::path root;
-  std::filesystem::path folder;
+  const TemporaryFolder temporary;
+  const std::filesystem::path root = temporary.path;
+  const std::filesystem::path folder = root / "work";
 };
 
 const std::string In2008 = "--year=2008 --latitude=47.5 --longitude=-122.5 --time-zone=-8 ";
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool Sanitized = true;
+#elif defined(__has_feature)
+constexpr bool Sanitized = __has_feature(address_sanitizer);
+#else
+constexpr bool Sanitized = false;
+#endif
+
+/// What makes the program's calls fail as VELDRIN_FAULT says. A sanitizer would take what the
+/// loader keeps for leaks, because the blocks come to the loader through the library.
+const std::string Faults =
+    "ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0 LD_PRELOAD=" VELDRIN_FAULTS;
 
 std::int64_t linesOf(const std::string& text) {
   return std::ranges::count(text, '\n');
@@ -106,7 +101,7 @@ TEST_F(CompanionTest, EachOptionReachesItsField) {
   } rows[] = {
       {"--year 2030 --longitude -122.5 --time-zone -8 --dst", Usual, 2030, usual(2030)},
       {"--year=2030 --no-dst --time-zone=-8", Usual, 2030, {}},
-      {"--year=2030 --down-under --dst-start=2030-04-07 --dst-end=10/6/2030 --latitude=-33.87 "
+      {"--year=2030 --down-under --dst-start=2030-04-07 --dst-end=10/6/2030 --latitude=\u221233.87 "
        "--longitude=151.21 --time-zone=10",
        {-33.87, 151.21, 10.0},
        2030,
@@ -148,7 +143,19 @@ TEST_F(CompanionTest, BadOptionsAreOneSentenceAndNoFile) {
       "--longitude=-180.5|--time-zone=24.1|--year=0|--year=10000|--year=2008.5|"
       "--year=2008 --year=2009|--dst-start=today|--dst-end=2007-02-29|--status=13/1/2024|"
       "--status=0000-06-21|--status=10000-06-21|--output=|--altitude=5|stray|-x|"
-      "--down-under=perhaps|--year=" +
+      "--down-under=perhaps|--place=x|--twilight=civil|--remind=5|--standard --status=2024-06-21|"
+
+      "--year=1582 --standard|--year=9999 --standard|--remind=1441 --standard|"
+      "--remind=-1 --standard|--remind=1.5 --standard|--remind= --standard|"
+      "--twilight=civic --standard|--twilight= --standard|--place= --standard|"
+      // A control character, one of the second set, an overlong form, half of a pair, a code past
+      // the last, one cut short, and a byte that no character begins with.
+      "--place=\"$(printf 'a\\tb')\" --standard|--place=\"$(printf 'a\\177')\" --standard|"
+      "--place=\"$(printf '\\302\\205')\" --standard|--place=\"$(printf '\\300\\257')\" --standard|"
+      "--place=\"$(printf '\\355\\240\\200')\" --standard|"
+      "--place=\"$(printf '\\364\\220\\200\\200')\" --standard|"
+      "--place=\"$(printf '\\342\\202')\" --standard|--place=\"$(printf '\\277')\" --standard|"
+      "--year=" +
       std::string(100'000, '9'));
   for (std::string options; std::getline(rows, options, '|');) {
     SCOPED_TRACE(options.substr(0, 40));
@@ -161,23 +168,39 @@ TEST_F(CompanionTest, BadOptionsAreOneSentenceAndNoFile) {
     EXPECT_LT(outcome.errors.size(), 300U);
     EXPECT_EQ(files(), Names{});
   }
+  const Outcome outcome = run(
+      "", "", R"(x=$(head -c 100000 /dev/zero | tr '\0' x); "$@" $x $x $x $x $x $x $x $x $x $x)");
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_LT(outcome.errors.size(), 300U);
 }
 
 TEST_F(CompanionTest, AFileThatCannotBeMadeIsTold) {
   const std::string longName(300, 'x');
-  for (const std::string& path :
-       {folder.string(), (folder / "missing/x.ics").string(), (folder / longName).string()}) {
-    const Outcome outcome = run("--output=" + path);
+  const struct {
+    std::string path, shown, reason;
+  } rows[] = {
+      {".", folder / ".", "Is a directory"},
+      {"missing/x.ics", folder / "missing/x.ics", "No such file or directory"},
+      {longName, folder / longName, "File name too long"},
+      {"missing/\033[31m\n\177.ics", folder / "missing/?[31m??.ics", "No such file or directory"}};
+  for (const auto& row : rows) {
+    const Outcome outcome = run("--output=\"$(printf '" + row.path + "')\"");
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.output, "");
-    EXPECT_EQ(outcome.errors, "Cannot write to " + path + "\n");
+    EXPECT_EQ(outcome.errors,
+              "veldrin-calendar: Cannot write to " + row.shown + ": " + row.reason + "\n");
     EXPECT_EQ(files(), Names{});
   }
 }
 
 TEST_F(CompanionTest, AWriteThatFailsIsToldAndTheLinesBeforeStay) {
   // The program starts when its reader has gone.
-  const char* const toNobody = "mkfifo ../gone; : <../gone & exec 4>../gone; wait; \"$@\" >&4";
+  const char* const toNobody =
+      "rm -f ../gone; mkfifo ../gone; : <../gone & exec 4>../gone; wait; \"$@\" >&4";
+  // The reader leaves while the program waits for it, and the document is more than a pipe holds.
+  const char* const leaving =
+      "{ head -c 65536 /dev/zero; \"$@\"; echo $? >../status; } | "
+      "{ sleep 0.2; head -c 9 >../head; }; exit $(cat ../status)";
   const struct {
     std::string script, options, place;
   } rows[] = {{"\"$@\"", In2008 + "--output=/dev/full", "/dev/full"},
@@ -185,6 +208,17 @@ TEST_F(CompanionTest, AWriteThatFailsIsToldAndTheLinesBeforeStay) {
               {"\"$@\" >&-", In2008 + "--output=-", "standard output"},
               {"\"$@\" >/dev/full", "--status=2024-06-21", "standard output"},
               {toNobody, In2008 + "--output=-", "standard output"},
+              {"\"$@\"", "--standard --output=/dev/full", "/dev/full"},
+              {"\"$@\" >/dev/full", "--standard --output=-", "standard output"},
+              {"\"$@\" >&-", "--standard --output=-", "standard output"},
+              {toNobody, "--standard --output=-", "standard output"},
+              {"\"$@\"", "--standard --output=.", "work"},
+              {"\"$@\"", "--standard --output=missing/x.ics", "missing/x.ics"},
+              {"ln -s loop ../loop; \"$@\"", "--standard --output=../loop", "loop"},
+              {R"(a=$(printf 'a\033\nb'); ln -s /dev/full "$a"; "$@" --output="$a")", In2008,
+               "a??b is incomplete: No space left on device (IOException, error 28)\n"},
+              {leaving, In2008 + "--output=-",
+               "standard output is incomplete: Broken pipe (IOException, error 32)\n"},
               {"ulimit -f 8; \"$@\"", In2008, "Veldrin.ics"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::Message() << row.script << ' ' << row.options);
@@ -200,11 +234,160 @@ TEST_F(CompanionTest, AWriteThatFailsIsToldAndTheLinesBeforeStay) {
   EXPECT_THAT(golden("default-2008.ics"), StartsWith(begun));
 }
 
+TEST_F(CompanionTest, AFaultOfTheSystemIsTriedAgainOrTold) {
+  const std::string whole = golden("default-2008.ics");
+  const auto faultless = [&](const std::string& fault, const std::string& options) {
+    return run(options, "", "VELDRIN_FAULT='" + fault + "' timeout 20 env " + Faults + " \"$@\"");
+  };
+  const std::string opening = "Cannot write to " + (folder / "Veldrin.ics").string() + ": ";
+  const std::string writing = (folder / "Veldrin.ics").string() + " is incomplete: ";
+  const struct {
+    std::string call, how, complaint;
+  } rows[] = {{"open", "EINTR", ""},
+              {"open", "EIO", opening + "Input/output error"},
+              {"open", "ENOSPC", opening + "No space left on device"},
+              {"open", "EAGAIN", opening + "Resource temporarily unavailable"},
+              {"write", "EINTR", ""},
+              {"write", "EAGAIN", ""},
+              {"write", "1", ""},
+              {"write", "0", writing + "Input/output error (IOException, error 5)"},
+              {"write", "EIO", writing + "Input/output error (IOException, error 5)"},
+              {"write", "ENOSPC", writing + "No space left on device (IOException, error 28)"},
+              // The end of a stream looks at no error.
+              {"close", "EINTR", ""},
+              {"close", "EIO", ""},
+              {"close", "ENOSPC", ""},
+              {"close", "EAGAIN", ""}};
+  for (const auto& row : rows) {
+    // The first, a middle and the last of the lines.
+    for (const int which : {1, 1464, 2927}) {
+      if (which != 1 && row.call != "write") continue;
+      const std::string fault = row.call + " " + std::to_string(which) + " " + row.how;
+      SCOPED_TRACE(fault);
+      const Outcome outcome = faultless(fault, In2008);
+      EXPECT_EQ(outcome.status, row.complaint.empty() ? 0 : 1);
+      EXPECT_EQ(outcome.errors,
+                row.complaint.empty() ? "" : "veldrin-calendar: " + row.complaint + "\n");
+      if (row.call == "open" && !row.complaint.empty()) continue;
+      std::size_t end = row.complaint.empty() ? whole.size() : 0;
+      for (int line = 1; end != whole.size() && line < which; ++line) {
+        end = whole.find('\n', end) + 1;
+      }
+      EXPECT_EQ(firstDifference(made("Veldrin.ics"), whole.substr(0, end)), "");
+    }
+  }
+}
+
+TEST_F(CompanionTest, AStandardCalendarLooksAtTheEndOfItsFile) {
+  const std::string options = In2008 + "--standard";
+  for (const char* const how : {"EIO", "ENOSPC", "EINTR"}) {
+    const Outcome outcome = run(
+        options, "",
+        "VELDRIN_FAULT='close 1 " + std::string(how) + "' timeout 20 env " + Faults + " \"$@\"");
+    const bool closed = std::string(how) == "EINTR";
+    EXPECT_EQ(outcome.status, closed ? 0 : 1);
+    EXPECT_EQ(files(), closed ? Names{"Veldrin.ics"} : Names{});
+  }
+}
+
+TEST_F(CompanionTest, MemoryThatRunsOutIsToldWhereverItDoes) {
+  if (Sanitized) GTEST_SKIP() << "the sanitizer hands out the memory";
+  // Every block is refused from one of them on, from each that is taken before the file is made.
+  const Outcome outcome = run(In2008, "LC_ALL=C",
+                              R"(
+      VELDRIN_FAULT='memory 0 x' env )" +
+                                  Faults + R"( "$@" 9>../count
+      read -r blocks <../count; n=1
+      while [ "$n" -le "$blocks" ]; do
+        VELDRIN_FAULT="memory $n onwards" )" +
+                                  Faults + R"( "$@" 2>../told; status=$?
+        { IFS= read -r line; IFS= read -r more; } <../told
+        case "$status$line$more" in
+          "1veldrin-calendar: There is not enough memory.") ;;
+          "1veldrin-calendar: OutOfMemoryException, error 0.") ;;
+          *) echo "$n: $status $line $more" ;;
+        esac
+        n=$((n+1))
+      done
+      echo "$blocks")");
+  EXPECT_THAT(outcome.output, MatchesRegex("[0-9][0-9][0-9]+\n"));
+}
+
+TEST_F(CompanionTest, ADocumentIsWholeWhateverTheProgramStandsIn) {
+  const std::string toFile = In2008 + "--output=Veldrin.ics";
+  const struct {
+    std::string script, options;
+  } rows[] = {
+      {"\"$@\" | { sleep 0.2; cat; } >Veldrin.ics", In2008 + "--output=-"},
+      {"\"$@\" <&- >&- 2>&-", toFile},
+#ifndef __SANITIZE_ADDRESS__
+      {"ulimit -s 128; \"$@\"", toFile},
+#endif
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.script);
+    EXPECT_EQ(run(row.options, "", row.script).status, 0);
+    EXPECT_EQ(firstDifference(made("Veldrin.ics"), golden("default-2008.ics")), "");
+    std::filesystem::remove(folder / "Veldrin.ics");
+  }
+}
+
+TEST_F(CompanionTest, ClosedStandardDescriptorsAreTakenByNothingElse) {
+  const Outcome outcome = run(In2008 + "--output=/proc/self/fd/2", "", "\"$@\" <&- >&- 2>&-");
+  EXPECT_EQ(outcome.status, 0) << "the error stream was not opened before the file";
+}
+
+TEST_F(CompanionTest, AStandardCalendarTakesTheOldOnesPlaceWholeOrNotAtAll) {
+  const std::string options = "--standard --year=2026 --time-zone=-8 ";
+  const std::string stamped = "TZ=UTC0 SOURCE_DATE_EPOCH=1700000000";
+  const std::string whole = run(options + "--output=-", stamped).output;
+  EXPECT_THAT(whole, AllOf(HasSubstr("\r\nDTSTAMP:20231114T221320Z\r\n"),
+                           testing::EndsWith("\r\nEND:VCALENDAR\r\n")));
+  EXPECT_THAT(run(options + "--output=-", "SOURCE_DATE_EPOCH=1e9").output,
+              HasSubstr("\r\nDTSTAMP:20"));
+
+  EXPECT_EQ(run(options + "--output=new.ics", stamped, "umask 027; \"$@\"").errors, "");
+  EXPECT_EQ(run("", "", "stat -c %a new.ics").output, "640\n");
+  EXPECT_TRUE(made("new.ics") == whole);
+
+  // Through two links to a file elsewhere, whose mode no mask would give; then to one not yet made.
+  const char* const links =
+      "mkdir ../far; echo old >../far/real.ics; chmod 606 ../far/real.ics; ln -s real.ics "
+      "../far/link.ics;"
+      "ln -s ../far/link.ics linked.ics; ln -s ../far/later.ics dangling.ics";
+  run("", "", links);
+  EXPECT_EQ(run(options + "--output=linked.ics", stamped).errors, "");
+  EXPECT_EQ(run(options + "--output=dangling.ics", stamped).errors, "");
+  EXPECT_EQ(run("", "", "readlink linked.ics dangling.ics; stat -c %a ../far/real.ics").output,
+            "../far/link.ics\n../far/later.ics\n606\n");
+  EXPECT_TRUE(readFile(root / "far/real.ics") == whole &&
+              readFile(root / "far/later.ics") == whole);
+
+  // A disk that fills up leaves the old calendar, and nothing else behind.
+  std::ofstream(folder / "old.ics") << "old";
+  const Names before = files();
+  const Outcome full = run(options + "--output=old.ics", "", "ulimit -f 8; \"$@\"");
+  EXPECT_EQ(full.status, 1);
+  EXPECT_THAT(full.errors, AllOf(StartsWith("veldrin-calendar: Writing to /"),
+                                 HasSubstr("/old.ics failed: File too large.\n")));
+  EXPECT_EQ(made("old.ics"), "old");
+  EXPECT_THAT(files(), testing::UnorderedElementsAreArray(before));
+
+  const Outcome piped = run(options + "--output=../pipe", stamped,
+                            "mkfifo ../pipe; cat ../pipe & sleep 0.2; \"$@\"; wait");
+  EXPECT_TRUE(piped.output == whole) << piped.errors;
+  const Outcome among = run(options + "--output=/dev/stdout", stamped, "echo 1; \"$@\"; echo 2");
+  EXPECT_TRUE(among.output == "1\n" + whole + "2\n") << among.errors;
+}
+
 TEST_F(CompanionTest, AGermanDesktopChangesTheDateFormAndNoByteOfTheCalendar) {
-  const char* const folders = std::getenv("LOCPATH");
-  // The C library's newlocale loses the list that it makes of LOCPATH, which is no fault of ours.
-  const std::string german = "LC_ALL=de_DE.UTF-8 LSAN_OPTIONS=detect_leaks=0" +
-                             (folders == nullptr ? "" : std::string(" LOCPATH=") + folders);
+  const auto desktop = [](const std::string& locale) {
+    const char* const folders = std::getenv("LOCPATH");
+    // The C library's newlocale loses the list that it makes of LOCPATH, which is no fault of ours.
+    return "LC_ALL=" + locale + " LSAN_OPTIONS=detect_leaks=0" +
+           (folders == nullptr ? "" : std::string(" LOCPATH=") + folders);
+  };
+  const std::string german = desktop("de_DE.UTF-8");
   EXPECT_EQ(firstDifference(run(In2008 + "--output=-", german).output, golden("default-2008.ics")),
             "");
   for (const char* const date : {"21.6.2024", "2024-06-21"}) {
@@ -212,6 +395,8 @@ TEST_F(CompanionTest, AGermanDesktopChangesTheDateFormAndNoByteOfTheCalendar) {
     EXPECT_EQ(outcome.output, "21.6.2024\nSunrise = 05:13\nSunset = 21:11\n") << outcome.errors;
   }
   EXPECT_EQ(run("--status=6/21/2024", german).status, 2);
+  // A date setting with month names has an order all the same.
+  EXPECT_THAT(run("--status=10.6.2024", desktop("nb_NO.UTF-8")).output, StartsWith("10.6.2024\n"));
 }
 
 TEST_F(CompanionTest, TheHostGivesZoneAndYear) {

@@ -1,0 +1,124 @@
+#include "almanac/AlmanacDocument.h"
+
+#include <cstddef>
+#include <utility>
+
+#include "almanac/ContentLine.h"
+#include "almanac/Coordinate.h"
+#include "shell/Civil.h"
+
+namespace veldrin {
+namespace {
+
+/// Appends the last decimal digits of a number, as many as `width`, with leading zeros.
+void appendDigits(std::string& text, std::int64_t value, std::size_t width) {
+  text.append(width, '0');
+  for (auto digit = text.rbegin(); width > 0; --width, ++digit, value /= 10) {
+    *digit = static_cast<char>('0' + value % 10);
+  }
+}
+
+/// Appends a day, as in "20260101".
+void appendDay(std::string& text, std::int64_t day) {
+  const CivilDay civil = civilDay(day);
+  appendDigits(text, civil.year, 4);
+  appendDigits(text, civil.month, 2);
+  appendDigits(text, civil.day, 2);
+}
+
+/// Appends a minute since 1970-01-01 00:00 UTC and its second, as in "20260101T120000Z".
+void appendMoment(std::string& text, std::int64_t minute, std::int64_t second = 0) {
+  std::int64_t day = minute / MinutesOfDay;
+  if (day * MinutesOfDay > minute) --day;
+  const std::int64_t rest = minute - day * MinutesOfDay;
+  appendDay(text, day);
+  text += 'T';
+  appendDigits(text, rest / 60, 2);
+  appendDigits(text, rest % 60, 2);
+  appendDigits(text, second, 2);
+  text += 'Z';
+}
+
+}  // namespace
+
+AlmanacDocument::AlmanacDocument(const AlmanacOptions& options, double latitude, double longitude) {
+  const Coordinate north(latitude);
+  const Coordinate east(longitude);
+  const std::string place = escapedText(
+      options.place.empty() ? north.words('N', 'S') + ", " + east.words('E', 'W') : options.place);
+  suffix_ = north.signedDigits(2) + east.signedDigits(3) + "@veldrin";
+  stamp_ = "DTSTAMP:";
+  appendMoment(stamp_, options.stamp / 60, options.stamp % 60);
+  appendLine(common_, "LOCATION:" + place);
+  appendLine(common_, "GEO:" + north.number() + ";" + east.number());
+  appendLine(common_, "TRANSP:TRANSPARENT");
+  if (options.reminder) trigger_ = "TRIGGER:-PT" + std::to_string(*options.reminder) + "M";
+
+  appendLine(text_, "BEGIN:VCALENDAR");
+  appendLine(text_, "VERSION:2.0");
+  appendLine(text_, "PRODID:-//Veldrin//Veldrin 6//EN");
+  appendLine(text_, "CALSCALE:GREGORIAN");
+  appendLine(text_, "X-WR-CALNAME:" + place);
+}
+
+void AlmanacDocument::addDay(const EventKind& kind, std::int64_t day) {
+  begin(kind, day, 1);
+  dayLine("DTSTART;VALUE=DATE:", day);
+  dayLine("DTEND;VALUE=DATE:", day + 1);
+  end(kind, false);
+}
+
+void AlmanacDocument::addMoment(const EventKind& kind, std::int64_t day, std::int64_t ordinal,
+                                std::int64_t minute, bool reminds) {
+  begin(kind, day, ordinal);
+  momentLine("DTSTART:", minute);
+  momentLine("DTEND:", minute + 1);
+  end(kind, reminds);
+}
+
+std::string AlmanacDocument::finish() && {
+  appendLine(text_, "END:VCALENDAR");
+  return std::move(text_);
+}
+
+void AlmanacDocument::line(std::string_view name, std::string_view value) {
+  line_.assign(name).append(value);
+  appendLine(text_, line_);
+}
+
+void AlmanacDocument::dayLine(std::string_view name, std::int64_t day) {
+  line_ = name;
+  appendDay(line_, day);
+  appendLine(text_, line_);
+}
+
+void AlmanacDocument::momentLine(std::string_view name, std::int64_t minute) {
+  line_ = name;
+  appendMoment(line_, minute);
+  appendLine(text_, line_);
+}
+
+void AlmanacDocument::begin(const EventKind& kind, std::int64_t day, std::int64_t ordinal) {
+  appendLine(text_, "BEGIN:VEVENT");
+  line_.assign("UID:").append(kind.identifier).append("-");
+  appendDay(line_, day);
+  if (ordinal > 1) line_.append("-").append(std::to_string(ordinal));
+  line_ += suffix_;
+  appendLine(text_, line_);
+  appendLine(text_, stamp_);
+}
+
+void AlmanacDocument::end(const EventKind& kind, bool reminds) {
+  line("SUMMARY:", kind.summary);
+  text_ += common_;
+  if (reminds && !trigger_.empty()) {
+    appendLine(text_, "BEGIN:VALARM");
+    appendLine(text_, "ACTION:DISPLAY");
+    line("DESCRIPTION:", kind.summary);
+    appendLine(text_, trigger_);
+    appendLine(text_, "END:VALARM");
+  }
+  appendLine(text_, "END:VEVENT");
+}
+
+}  // namespace veldrin

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "almanac/Almanac.h"
+
+namespace veldrin {
+
+/// A kind of event: what identifies it, and what people read.
+struct EventKind {
+  std::string_view identifier;  ///< "civil-dawn"
+  std::string_view summary;     ///< "Civil dawn"
+};
+
+/// An iCalendar document in the making: its header at once, then event by event, then its end.
+/// Days are numbered as in shell/Civil.h, minutes counted since 1970-01-01 00:00 UTC.
+class AlmanacDocument {
+ public:
+  /// For a place in degrees, north and east positive.
+  AlmanacDocument(const AlmanacOptions& options, double latitude, double longitude);
+
+  /// An event of the whole local day.
+  void addDay(const EventKind& kind, std::int64_t day);
+
+  /// An event at a minute; `ordinal` counts those of its kind on the local day from 1. It lasts a
+  /// minute: some readers show an event without an end as an hour, and others take none that ends
+  /// as it begins.
+  void addMoment(const EventKind& kind, std::int64_t day, std::int64_t ordinal, std::int64_t minute,
+                 bool reminds);
+
+  /// The whole text; nothing may be added afterwards.
+  std::string finish() &&;
+
+ private:
+  void line(std::string_view name, std::string_view value);
+  void dayLine(std::string_view name, std::int64_t day);
+  void momentLine(std::string_view name, std::int64_t minute);
+  void begin(const EventKind& kind, std::int64_t day, std::int64_t ordinal);
+  void end(const EventKind& kind, bool reminds);
+
+  std::string text_;
+  std::string line_;     // the one being made; kept to save allocations
+  std::string suffix_;   // of each identifier
+  std::string stamp_;    // the line of each event that says when it was made
+  std::string common_;   // the other lines that every event has
+  std::string trigger_;  // of the reminders, empty for none
+};
+
+}  // namespace veldrin

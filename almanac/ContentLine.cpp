@@ -1,0 +1,45 @@
+#include "almanac/ContentLine.h"
+
+#include <cstddef>
+
+namespace veldrin {
+namespace {
+
+constexpr std::size_t MostBytes = 75;
+constexpr std::string_view Fold = "\r\n ";
+
+/// Whether a byte continues a character of UTF-8.
+bool continuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
+}  // namespace
+
+std::string escapedText(std::string_view text) {
+  std::string escaped;
+  for (std::size_t place = 0; place < text.size(); ++place) {
+    const char byte = text[place];
+    if (byte == '\r' || byte == '\n') {
+      if (byte == '\r' && text.substr(place + 1).starts_with('\n')) ++place;
+      escaped += "\\n";
+      continue;
+    }
+    if (byte == '\\' || byte == ';' || byte == ',') escaped += '\\';
+    escaped += byte;
+  }
+  return escaped;
+}
+
+void appendLine(std::string& document, std::string_view line) {
+  std::size_t room = MostBytes;
+  while (line.size() > room) {
+    std::size_t length = room;
+    while (length > 1 && continuesCharacter(line[length])) --length;
+    document.append(line.substr(0, length)).append(Fold);
+    line.remove_prefix(length);
+    room = MostBytes - 1;  // the blank at the start of the line counts
+  }
+  document.append(line).append("\r\n");
+}
+
+}  // namespace veldrin
