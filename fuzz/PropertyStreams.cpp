@@ -1,0 +1,60 @@
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "fuzz/Fuzz.h"
+#include "shell/CheckBox.h"
+#include "shell/Placard.h"
+#include "shell/PopupMenu.h"
+#include "shell/PushButton.h"
+#include "shell/StaticText.h"
+#include "shell/TextField.h"
+#include "shell/Window.h"
+#include "tests/support/SoundStream.h"
+
+// The first byte chooses a class, the rest is a stream for an object of it.
+
+namespace veldrin::fuzz {
+namespace {
+
+ClassRecord* recordOf(std::uint8_t choice) {
+  ClassRecord* const records[] = {
+      Placard::__Lookup(),   StaticText::__Lookup(), PushButton::__Lookup(), PopupMenu::__Lookup(),
+      TextField::__Lookup(), CheckBox::__Lookup(),   Window::__Lookup()};
+  return records[choice % std::size(records)];
+}
+
+Ref<Object> newObject(ClassRecord* record) {
+  Ref<Object> object = RuntimeNewObject(record);
+  Runtime::current()._WindowSupport.Windows.clear();
+  return object;
+}
+
+/// A stream without a fault does what its entries do one by one.
+void checkValues(ClassRecord* record, const std::string& stream) {
+  const StreamContents contents = readPropertyStream(*record, stream);
+  if (contents.fault) return;
+  const Ref<Object> whole = newObject(record);
+  const Ref<Object> parts = newObject(record);
+  _SetProperties(whole, String(stream));
+  for (const StreamEntry& each : contents.entries) {
+    _SetProperties(parts, String(test::entry(each.property->name.view(), each.value)));
+  }
+  require(test::valuesOf(whole) == test::valuesOf(parts), "a stream is the sum of its entries");
+}
+
+}  // namespace
+}  // namespace veldrin::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace veldrin;
+  if (size == 0) return 0;
+  fuzz::World::one();
+  const fuzz::NothingStays nothingStays;
+  ClassRecord* const record = fuzz::recordOf(data[0]);
+  const std::string stream(data + 1, data + size);
+  const std::string unsound = test::unsoundness(record, stream);
+  fuzz::require(unsound.empty(), unsound);
+  fuzz::checkValues(record, stream);
+  return 0;
+}

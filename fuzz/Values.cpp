@@ -1,0 +1,203 @@
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <bit>
+#include <chrono>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "fuzz/Fuzz.h"
+#include "shell/Date.h"
+#include "shell/ParseDate.h"
+#include "shell/Text.h"
+
+// Numbers and dates as text and back, against the C library and the calendar of the standard one.
+
+namespace veldrin::fuzz {
+namespace {
+
+/// The text as the C library has it: with its own minus, and without what it takes for a number
+/// besides.
+std::string forStrtod(std::string_view text) {
+  constexpr std::string_view Minus = "\u2212";
+  std::string all(text);
+  const std::size_t sign = all.find_first_not_of(" \t");
+  if (sign != std::string::npos && all.compare(sign, Minus.size(), Minus) == 0) {
+    all.replace(sign, Minus.size(), "-");
+  }
+  const std::size_t end = all.find_first_not_of("0123456789+-.eE \t");
+  return all.substr(0, end);
+}
+
+bool sameBits(double one, double other) {
+  return std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
+}
+
+void checkVal(const std::string& text) {
+  // A buffer of its own size, so that a sanitizer sees a read behind the end.
+  const std::vector<char> bytes(text.begin(), text.end());
+  const auto number = readNumber(std::string_view(bytes.data(), bytes.size()));
+  const std::string plain = forStrtod(text);
+  char* end = nullptr;
+  const double expected = std::strtod(plain.c_str(), &end);
+  require(number.has_value() == (end != plain.c_str()), "a number is read where there is one");
+  require(sameBits(Val(String(text)), number ? expected : 0.0), "the number is the library's");
+  if (!number) return;
+  require(number->length <= text.size(), "a number lies in its text");
+  require(forStrtod(text.substr(0, number->length)).size() ==
+              static_cast<std::size_t>(end - plain.c_str()),
+          "a number ends where the library's does");
+  const auto again = readNumber(text.substr(0, number->length));
+  require(again && sameBits(again->value, expected), "a number needs nothing behind it");
+}
+
+void checkFormat(double value, const std::string& pattern) {
+  const String shown = Format(value, String(pattern));
+  if (!std::isfinite(value)) {
+    const char* const expected = std::isnan(value) ? "nan" : value < 0.0 ? "-inf" : "inf";
+    require(shown == expected, "what is not finite has a text");
+    return;
+  }
+  char digits[400];
+  const double whole = std::round(value);
+  static_cast<void>(std::snprintf(digits, sizeof digits, "%.0f", std::fabs(whole)));
+  const auto zeros = static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), '0'));
+  std::string expected(digits);
+  if (expected.size() < zeros) expected.insert(0, zeros - expected.size(), '0');
+  if (whole < 0.0) expected.insert(0, "-");
+  require(shown == expected, "a number is shown as printf shows it");
+}
+
+std::chrono::sys_days daysOf(const Date& date) {
+  using namespace std::chrono;
+  return sys_days(year(date.Year()) / month(static_cast<unsigned>(date.Month())) /
+                  day(static_cast<unsigned>(date.Day())));
+}
+
+/// Whether the standard calendar has the year, and years around it.
+bool isUsual(const Date& date) {
+  return std::abs(static_cast<std::int64_t>(date.Year())) < 32000;
+}
+
+void checkDate(const Ref<Date>& date) {
+  const bool leap = date->Year() % 4 == 0 && (date->Year() % 100 != 0 || date->Year() % 400 == 0);
+  const std::int32_t lengths[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  require(date->Month() >= 1 && date->Month() <= 12, "a month is one of 12");
+  require(date->Day() >= 1 && date->Day() <= lengths[date->Month() - 1], "a day exists");
+  require(date->Hour() >= 0 && date->Hour() < 24 && date->Minute() >= 0 && date->Minute() < 60 &&
+              date->Second() >= 0 && date->Second() < 60,
+          "a time of day exists");
+  if (isUsual(*date)) {
+    const std::chrono::weekday weekday(daysOf(*date));
+    require(date->DayOfWeek() == static_cast<std::int32_t>(weekday.c_encoding()) + 1,
+            "a day of the week is the calendar's");
+  }
+  constexpr double Exact = 9007199254740992.0;
+  if (std::fabs(date->TotalSeconds()) < Exact) {
+    const Ref<Date> other = New<Date>();
+    other->TotalSeconds(date->TotalSeconds());
+    require(date->Operator_Compare(other) == 0, "the seconds are the whole date");
+  }
+  Ref<Date> read;
+  require(ParseDate(date->ShortDate(), read), "a short date is read");
+  require(
+      read->Year() == date->Year() && read->Month() == date->Month() && read->Day() == date->Day(),
+      "a short date is read as its day");
+}
+
+/// Writes a field, which moves the date by what it is from its own beginning.
+void writeField(const Ref<Date>& date, FuzzedDataProvider& input) {
+  const bool small = input.ConsumeBool();
+  const auto value = small ? input.ConsumeIntegralInRange<std::int32_t>(-400, 4000)
+                           : input.ConsumeIntegral<std::int32_t>();
+  const bool usual = isUsual(*date) && small;
+  const std::chrono::sys_days before = usual ? daysOf(*date) : std::chrono::sys_days();
+  const std::int32_t dayBefore = date->Day();
+  const double secondsBefore = date->TotalSeconds();
+  const std::int32_t hourBefore = date->Hour();
+  switch (input.ConsumeIntegralInRange(0, 6)) {
+    case 0:
+      date->Year(value);
+      break;
+    case 1:
+      date->Month(value);
+      break;
+    case 2:
+      date->Day(value);
+      require(!usual || daysOf(*date) - before == std::chrono::days(value - dayBefore),
+              "a day counts on from the first of its month");
+      break;
+    case 3:
+      date->Hour(value);
+      require(!usual || date->TotalSeconds() - secondsBefore == (value - hourBefore) * 3600.0,
+              "an hour counts on from midnight");
+      break;
+    case 4:
+      date->Minute(value);
+      break;
+    case 5:
+      date->Second(value);
+      break;
+    default:
+      date->TotalSeconds(input.ConsumeBool() ? value * 86400.0
+                                             : input.ConsumeFloatingPoint<double>());
+  }
+}
+
+ShortDateForm formOf(FuzzedDataProvider& input) {
+  ShortDateForm form;
+  form.order = input.PickValueInArray(
+      {ShortDateForm::Order::MonthDayYear, ShortDateForm::Order::DayMonthYear,
+       ShortDateForm::Order::YearMonthDay, ShortDateForm::Order::YearDayMonth});
+  form.separator = input.PickValueInArray({'/', '.', '-'});
+  return form;
+}
+
+/// A text that is a date is written and read as the same one, and any other leaves a date alone.
+void checkText(const std::string& text) {
+  Ref<Date> date;
+  if (ParseDate(String(text), date)) {
+    checkDate(date);
+    require(date->Hour() + date->Minute() + date->Second() == 0, "a date begins at midnight");
+  } else {
+    require(!date, "what is no date makes none");
+  }
+}
+
+}  // namespace
+}  // namespace veldrin::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace veldrin;
+  fuzz::World& world = fuzz::World::one();
+  const fuzz::NothingStays nothingStays;
+  FuzzedDataProvider input(data, size);
+  world.host.form = fuzz::formOf(input);
+  switch (input.ConsumeIntegralInRange(0, 3)) {
+    case 0:
+      fuzz::checkVal(input.ConsumeRemainingBytesAsString());
+      break;
+    case 1: {
+      const double value = input.ConsumeBool()
+                               ? input.ConsumeIntegral<std::int16_t>() / 4.0
+                               : std::bit_cast<double>(input.ConsumeIntegral<std::uint64_t>());
+      fuzz::checkFormat(value, input.ConsumeRemainingBytesAsString());
+      break;
+    }
+    case 2:
+      fuzz::checkText(input.ConsumeRemainingBytesAsString());
+      break;
+    default: {
+      const Ref<Date> date = New<Date>();
+      while (input.remaining_bytes() > 0) {
+        fuzz::writeField(date, input);
+        fuzz::checkDate(date);
+      }
+    }
+  }
+  return 0;
+}
