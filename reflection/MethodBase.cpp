@@ -17,17 +17,17 @@ void MethodBase::fillTable(ClassTable<MethodBase>& table) {
   table.readOnlyField<&MethodBase::mVector>("mVector"_s, Private);
 }
 
-void MethodBase::Constructor(const MemberRow* member, ClassRecord* owner) {
-  MemberInfo::Constructor(member, owner);
-  if (member == nullptr) return;
-  const auto* const row = static_cast<const MethodRow*>(member);
-  mSignature = row->signature;
+void MethodBase::Constructor(const MemberRow* row, ClassRecord* owner) {
+  MemberInfo::Constructor(row, owner);
+  if (row == nullptr) return;
+  const auto& described = static_cast<const MethodRow&>(*row);
+  mSignature = described.signature;
   if (const auto parts = splitSignature(mSignature.view())) {
     mReturnTypeCode = String(parts->result);
     ParseParameterList(String(parts->parameters));
   }
-  mVector = row->function;
-  mInvoker = row->invoker;
+  mVector = described.function;
+  mInvoker = described.invoker;
 }
 
 Ref<Array<Ref<ParameterInfo>>> MethodBase::GetParameters() const {

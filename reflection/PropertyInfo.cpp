@@ -30,16 +30,16 @@ void PropertyInfo::fillTable(ClassTable<PropertyInfo>& table) {
   table.property<&PropertyInfo::mTypeValue>("mTypeValue"_s, Private);
 }
 
-void PropertyInfo::Constructor(const MemberRow* member, ClassRecord* owner) {
-  MemberInfo::Constructor(member, owner);
-  if (member == nullptr) return;
-  const auto* const row = static_cast<const PropertyRow*>(member);
-  mTypeValue = GetInfoFromTypeCode(row->type);
-  mGetterValue = row->getter;
-  mSetterValue = row->setter;
-  mGetInvoker = row->reflectionGet;
-  mSetInvoker = row->reflectionSet;
-  mOffsetParamValue = row->fieldOffset;
+void PropertyInfo::Constructor(const MemberRow* row, ClassRecord* owner) {
+  MemberInfo::Constructor(row, owner);
+  if (row == nullptr) return;
+  const auto& described = static_cast<const PropertyRow&>(*row);
+  mTypeValue = GetInfoFromTypeCode(described.type);
+  mGetterValue = described.getter;
+  mSetterValue = described.setter;
+  mGetInvoker = described.reflectionGet;
+  mSetInvoker = described.reflectionSet;
+  mOffsetParamValue = described.fieldOffset;
 }
 
 void PropertyInfo::FilterAttributes() {

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <ctime>
 #include <limits>
@@ -25,7 +24,7 @@ std::string inUtf8(std::string text, const char* codeset) {
   std::size_t room = result.size();
   constexpr auto Failed = static_cast<std::size_t>(-1);
   auto* const converter = ::iconv_open("UTF-8", codeset);
-  const bool opened = std::bit_cast<std::intptr_t>(converter) != -1;
+  const bool opened = reinterpret_cast<std::intptr_t>(converter) != -1;
   const bool converted = opened && ::iconv(converter, &from, &left, &to, &room) != Failed;
   if (opened) ::iconv_close(converter);
   if (converted) return result.substr(0, result.size() - room);
