@@ -42,6 +42,11 @@ inline double Sqrt(double value) {
 
 /// The largest whole number not above the argument.
 inline double Floor(double value) {
+  // The same for what is positive and may have a fraction, in half of the time.
+  constexpr double FirstWithout = 0x1p52;
+  if (value > 0.0 && value < FirstWithout) {
+    return static_cast<double>(static_cast<std::int64_t>(value));
+  }
   return std::floor(value);
 }
 

@@ -67,7 +67,7 @@ String nameOfStop() {
     case SIGHUP:
       return "SIGHUP"_s;
     default:
-      return String();
+      return {};
   }
 }
 

@@ -7,7 +7,6 @@
 #include <limits>
 #include <string>
 #include <system_error>
-#include <utility>
 
 #include "shell/objects/Failure.h"
 
@@ -61,18 +60,6 @@ std::size_t exponentEnd(std::string_view text, std::size_t at) {
   const std::size_t end = skipDigits(text, digits);
   return end == digits ? at : end;
 }
-
-/// "00" to "99": the texts of nearly all that is formatted, as constants.
-template <std::size_t... Number>
-constexpr auto twoDigits(std::index_sequence<Number...> /*numbers*/) {
-  constexpr auto digit = [](std::size_t value) {
-    FixedString<1> text;
-    text.characters[0] = static_cast<char>('0' + value);
-    return text;
-  };
-  return std::array{ConstantText<digit(Number / 10) + digit(Number % 10)>...};
-}
-constexpr auto TwoDigits = twoDigits(std::make_index_sequence<100>());
 
 /// What a number without its sign is whose magnitude no double holds: infinity if its first digit
 /// that counts stands before the decimal point once the exponent has moved it, else zero.
@@ -140,13 +127,7 @@ String Str(std::int32_t value) {
   return String(std::string_view(digits.data(), end));
 }
 
-String Format(double value, const String& pattern) {
-  constexpr StringConstant Usual = "00"_s;
-  const bool usual = pattern.record() == Usual.record() || pattern == Usual.view();
-  if (usual && value >= 0.0 && value < 100.0) {
-    const auto whole = static_cast<std::uint32_t>(value);
-    if (whole == value) return TwoDigits[whole];
-  }
+String detail::formatAny(double value, const String& pattern) {
   if (!std::isfinite(value)) return std::isnan(value) ? "nan"_s : value < 0.0 ? "-inf"_s : "inf"_s;
   const auto zeros = static_cast<std::size_t>(std::ranges::count(pattern.view(), '0'));
   const double whole = std::round(value);

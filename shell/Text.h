@@ -1,8 +1,11 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <utility>
 
 #include "shell/objects/String.h"
 
@@ -33,10 +36,35 @@ double Val(const String& text);
 /// The decimal digits of an integer, behind a "-" if it is negative: `Str(-5)` is "-5".
 String Str(std::int32_t value);
 
+namespace detail {
+
+/// "00" to "99": the texts of nearly all that is formatted, as constants.
+template <std::size_t... Number>
+constexpr auto twoDigits(std::index_sequence<Number...> /*numbers*/) {
+  constexpr auto digit = [](std::size_t value) {
+    FixedString<1> text;
+    text.characters[0] = static_cast<char>('0' + value);
+    return text;
+  };
+  return std::array{ConstantText<digit(Number / 10) + digit(Number % 10)>...};
+}
+inline constexpr auto TwoDigits = twoDigits(std::make_index_sequence<100>());
+
+/// `Format` without its shortcut.
+String formatAny(double value, const String& pattern);
+
+}  // namespace detail
+
 /// The value, rounded to a whole number (a half away from zero), with at least as many digits as
 /// the pattern has zeros: `Format(7.0, "00"_s)` is "07". A larger number shows all its digits; what
 /// is not finite is "inf", "-inf" or "nan".
-String Format(double value, const String& pattern);
+inline String Format(double value, const String& pattern) {
+  if (pattern.record() == ("00"_s).record() && value >= 0.0 && value < 100.0) {
+    const auto whole = static_cast<std::uint32_t>(value);
+    if (whole == value) return detail::TwoDigits[whole];
+  }
+  return detail::formatAny(value, pattern);
+}
 
 /// The one-character text of an ASCII code (0 to 127). Raises `OutOfBoundsException` for any other.
 String Chr(std::int32_t code);
