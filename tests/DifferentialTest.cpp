@@ -3,6 +3,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <limits>
 #include <optional>
 #include <random>
@@ -11,6 +12,7 @@
 #include <vector>
 
 #include "bench/bare/Bare.h"
+#include "shell/Mathematics.h"
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 
@@ -145,6 +147,8 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     std::vector<std::pair<double, double>> pairs;
     const double x = number();
     pairs.assign({{window()->iPart(x), bare::iPart(x)}, {window()->fPart(x), bare::fPart(x)}});
+    const double large = std::ldexp(x, source.whole(0, 80));
+    pairs.emplace_back(Floor(large), std::floor(large));
     const double hours = 60.0 * x;
     ASSERT_EQ(window()->HHMMFormat(hours), String(bare::hhmm(hours))) << hours;
     ASSERT_EQ(window()->HHMMZZ(hours), String(bare::hhmmzz(hours))) << hours;
@@ -218,6 +222,52 @@ TEST_F(DifferentialTest, YearsAreTheSameBytes) {
   }
   // The rounding that reaches midnight without a wrap is rare; the years drawn have it.
   EXPECT_TRUE(midnightMet);
+}
+
+// No reference has a say here: the window walks through the year by its own button.
+TEST_F(DifferentialTest, AYearIsWhatThePanelSaysOfItsDaysInOrder) {
+  for (int count = 0; count < 25; ++count) {
+    Inputs inputs = source.inputs();
+    inputs.place.zone = std::fmod(inputs.place.zone, 24.0);
+    fillIn(inputs);
+    const std::string year = generate();
+    std::string expected = year.substr(0, year.find("BEGIN:VEVENT"));
+    const auto write = [&](const std::string& what, const std::string& clock) {
+      const Ref<Date> day = window()->statusDate;
+      std::array<char, 16> digits{};
+      std::snprintf(digits.data(), digits.size(), "%d%02d%02d", day->Year(), day->Month(),
+                    day->Day());
+      expected += "BEGIN:VEVENT\r\nSUMMARY: " + what + "\r\nDTSTART:" + digits.data() + "T" +
+                  clock.substr(0, 2) + clock.substr(3) + "00\r\nEND:VEVENT\r\n";
+    };
+    window()->statusDate = dayOf(inputs.year, 1, 1);
+    while (person->press("ForwardOneDay"), window()->statusDate->Year() == inputs.year) {
+      const std::string shown = status();
+      const auto after = [&](const std::string& word) {
+        const std::size_t from = shown.find(word) + word.size();
+        return shown.substr(from, shown.find('\r', from) - from);
+      };
+      const std::string rise = after("Sunrise = ");
+      const std::string set = after("Sunset = ");
+      if (rise == "N/A" || set == "N/A") {
+        write("No sunrise or sunset", "12:00");
+      } else {
+        write("Sunrise at " + rise, rise);
+        write("Sunset at " + set, set);
+      }
+      if (source.oneIn(20)) {
+        person->press("BackOneDay");
+        ASSERT_NE(status(), shown) << describe(inputs);
+        person->press("ForwardOneDay");
+        ASSERT_EQ(status(), shown) << describe(inputs);
+      }
+    }
+    ASSERT_EQ(firstDifference(year, expected + "END:VCALENDAR\r\n"), "") << describe(inputs);
+    // A zone to the west is the one a day further east.
+    if (inputs.place.zone >= 0.0) continue;
+    type("TimeZone", textOf(inputs.place.zone + 24.0));
+    ASSERT_EQ(firstDifference(generate(), year), "") << describe(inputs);
+  }
 }
 
 }  // namespace
