@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <new>
 #include <string>
 #include <string_view>
@@ -25,6 +26,12 @@ namespace {
 
 constexpr int Failed = 1;
 
+/// The standard output as a file; nil where it cannot be had, by the `errno` that says why.
+std::unique_ptr<WritableFile> openStandardOutput() {
+  const int descriptor = ::dup(STDOUT_FILENO);
+  return descriptor < 0 ? nullptr : openDescriptor(descriptor);
+}
+
 /// The standard output as a place to save to.
 class StandardOutput final : public Described<StandardOutput, FolderItem> {
  public:
@@ -33,9 +40,9 @@ class StandardOutput final : public Described<StandardOutput, FolderItem> {
   [[nodiscard]] String AbsolutePath() const override { return "standard output"_s; }
 
   std::unique_ptr<WritableFile> create() override {
-    const int descriptor = ::dup(STDOUT_FILENO);
-    LastErrorCode = descriptor < 0 ? errno : 0;
-    return descriptor < 0 ? nullptr : openDescriptor(descriptor);
+    std::unique_ptr<WritableFile> file = openStandardOutput();
+    LastErrorCode = file ? 0 : errno;
+    return file;
   }
 };
 
@@ -61,10 +68,10 @@ void complainOfWriting(const std::string& where, std::int32_t error) {
 
 /// Prints on the standard output; false where that fails, which has been said by then.
 bool print(const std::string& text) {
-  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  if (std::fflush(stdout) == 0 && written) return true;
-  complainOfWriting("standard output", errno);
-  return false;
+  const std::unique_ptr<WritableFile> file = openStandardOutput();
+  const std::int32_t error = file ? file->write(text, {}) : errno;
+  if (error != 0) complainOfWriting("standard output", error);
+  return error == 0;
 }
 
 /// Chooses a year, which brings the bounds of that year, also where its row is selected already:
@@ -180,7 +187,7 @@ int run(SystemHost& host, const CalendarRequest& request) {
     complainOfWriting(path, error);
     exitStatus = Failed;
   }
-  if (!print(status)) exitStatus = Failed;
+  if (!status.empty() && !print(status)) exitStatus = Failed;
   return exitStatus;
 }
 
