@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <algorithm>
 #include <utility>
 
 #include "shell/FileType.h"
@@ -23,8 +24,8 @@ QString entryOf(const QString& typeName, const QString& fileName) {
   return typeName.left(1).toUpper() + typeName.mid(1) + " files (*." + extension + ")";
 }
 
-/// The text with its lines shortened in the middle, and with its middle lines left out, to what has
-/// room in a box on the screen.
+/// The text with its words and lines shortened in the middle, and with its middle lines left out,
+/// to what has room in a box on the screen. A box breaks lines at blanks, so a path is a word.
 QString shortened(const QMessageBox& box, const QString& text) {
   constexpr qsizetype MostLines = 20;
   const int widest = box.screen()->availableGeometry().width() / 2;
@@ -32,7 +33,15 @@ QString shortened(const QMessageBox& box, const QString& text) {
   if (lines.size() > MostLines) {
     lines = lines.first(MostLines / 2) + QStringList("\u2026") + lines.last(MostLines / 2);
   }
-  for (QString& line : lines) line = box.fontMetrics().elidedText(line, Qt::ElideMiddle, widest);
+  const auto elide = [&](QString& part, int width) {
+    part = box.fontMetrics().elidedText(part, Qt::ElideMiddle, width);
+  };
+  const int rows = std::max(1, static_cast<int>(MostLines / lines.size()));
+  for (QString& line : lines) {
+    QStringList words = line.split(' ');
+    for (QString& word : words) elide(word, widest);
+    elide(line = words.join(' '), rows * widest);
+  }
   return lines.join('\n');
 }
 
