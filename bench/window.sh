@@ -69,7 +69,8 @@ empty_memory=$($empty) word_memory=$($word) veldrin_memory=$($veldrin)
 empty_instructions=$(instructions $empty) word_instructions=$(instructions $word)
 veldrin_instructions=$(instructions $veldrin)
 
-read -r press fast_press < <("$build/bench/year-press" "$work/window.ics") || die "no press was measured"
+read -r press fast_press < <(timeout 60 "$build/bench/year-press" "$work/window.ics") ||
+  die "no press was measured"
 "$build/veldrin-calendar" --year=2020 "--output=$work/calendar.ics"
 cmp -s "$work/window.ics" "$work/calendar.ics" || die "the button wrote a different document"
 

@@ -40,7 +40,8 @@ void SaveDialog::accept() {
     typed_->clear();
     return;
   }
-  if (QFileInfo::exists(path) && !mayReplace(path)) return;
+  const bool asks = !testOption(DontConfirmOverwrite) && QFileInfo::exists(path);
+  if (asks && !mayReplace(path)) return;
   chosen_ = path;
   QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): Qt's own reads the name again
 }
