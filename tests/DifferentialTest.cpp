@@ -95,10 +95,9 @@ class Source {
 class DifferentialTest : public WindowTest {
  protected:
   void fillIn(const Inputs& inputs) const {
-    choose(std::to_string(inputs.year));
-    type("Latitude", textOf(inputs.place.latitude));
-    type("Longitude", textOf(inputs.place.longitude));
-    type("TimeZone", textOf(inputs.place.zone));
+    const auto& [latitude, longitude, zone] = inputs.place;
+    WindowTest::fillIn(std::to_string(inputs.year), textOf(latitude), textOf(longitude),
+                       textOf(zone));
     if (!inputs.start.isUsual) type("DSTStart", inputs.start.text);
     if (!inputs.end.isUsual) type("DSTEnd", inputs.end.text);
     person->tick("DaylightSavings", inputs.on);
@@ -106,12 +105,13 @@ class DifferentialTest : public WindowTest {
   }
 
   /// What the window shows, for a message.
-  [[nodiscard]] std::string describe(const Inputs& inputs) const {
-    std::string all = inputs.on ? "" : "off ";
-    if (inputs.downUnder) all += "down under ";
+  [[nodiscard]] std::string described() const {
+    std::string all;
+    for (const auto* box : {"DaylightSavings", "DownUnderFlag"})
+      all += person->isTicked(box) ? '+' : '-';
     for (const auto* name :
          {"Latitude", "Longitude", "TimeZone", "WhichYear", "DSTStart", "DSTEnd"}) {
-      all += person->shown(name) + " ";
+      all += " " + person->shown(name);
     }
     return all;
   }
@@ -142,6 +142,9 @@ TEST_F(DifferentialTest, DatesOfAnyIntegersAreTheSameNumber) {
 
 // Each number beside that of the bare function; one that is none is as good as another.
 TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
+  using Function = double (*)(double);
+  const volatile auto sine = static_cast<Function>(std::sin);
+  const volatile auto cosine = static_cast<Function>(std::cos);
   for (int count = 0; count < 20000; ++count) {
     const auto number = [this] { return source.number(2.0); };
     std::vector<std::pair<double, double>> pairs;
@@ -172,6 +175,9 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     pairs.emplace_back(window()->SineAltitude(hour, lambda, y[1], y[2]),
                        bare::SineAltitude(engine, hour, lambda, y[1], y[2]));
     pairs.emplace_back(window()->mjd0, engine.mjd0);
+    // Both of one angle, side by side, as the Sun's position has them.
+    const double angle = lambda * hours * hours;
+    pairs.insert(pairs.end(), {{Sin(angle), sine(angle)}, {Cos(angle), cosine(angle)}});
 
     for (std::size_t at = 0; at < pairs.size(); ++at) {
       const auto [actual, expected] = pairs[at];
@@ -193,7 +199,7 @@ TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
     fillIn(inputs);
     std::string expected = bare::status(inputs.place, inputs.saving(), day);
     std::ranges::replace(expected, '\n', '\r');
-    ASSERT_EQ(status(), expected) << describe(inputs);
+    ASSERT_EQ(status(), expected) << described();
 
     const auto [latitude, longitude, zone] = inputs.place;
     double rise = 0.0;
@@ -204,7 +210,7 @@ TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
     double bareSet = 0.0;
     bare::DoVeldrin(inputs.place, day, inputs.saving(), bareRise, bareSet);
     ASSERT_TRUE(bits(rise) == bits(bareRise) && bits(set) == bits(bareSet))
-        << describe(inputs) << ' ' << expected << ": " << rise << ' ' << set << ", not " << bareRise
+        << described() << ' ' << expected << ": " << rise << ' ' << set << ", not " << bareRise
         << ' ' << bareSet;
   }
 }
@@ -217,7 +223,7 @@ TEST_F(DifferentialTest, YearsAreTheSameBytes) {
     std::string expected;
     bare::writeYear(inputs.place, inputs.saving(), inputs.year,
                     [&](std::string_view line) { expected += line; });
-    ASSERT_EQ(firstDifference(generate(), expected), "") << describe(inputs);
+    ASSERT_EQ(firstDifference(generate(), expected), "") << described();
     midnightMet = midnightMet || expected.find("T240000") != std::string::npos;
   }
   // The rounding that reaches midnight without a wrap is rare; the years drawn have it.

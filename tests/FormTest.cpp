@@ -1,23 +1,14 @@
-#include <gmock/gmock.h>
-
 #include <deque>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "shell/FocusOrder.h"
-#include "tests/support/BoundEvent.h"
 #include "tests/support/Form.h"
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {
 namespace {
-
-Variant valueOf(const Ref<Object>& object, std::string_view key) {
-  const PropertyRow* const row = FindProperty(*object->classRecord(), key);
-  if (row == nullptr) return {};
-  return RuntimeGenericGetter(row->reflectionGet, row->getter, object.get(), row->fieldOffset);
-}
 
 Ref<Control> control(const Window& view, std::string_view name) {
   return RuntimeWindowControlByName<Control>(view, String(name));
@@ -54,9 +45,7 @@ TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
   static bool unwired = false;
   const Ref<Veldrin> view = window();
   std::deque<BoundEvent> bound;
-  for (ClassRecord* const record :
-       {Placard::__Lookup(), StaticText::__Lookup(), PushButton::__Lookup(), PopupMenu::__Lookup(),
-        TextField::__Lookup(), CheckBox::__Lookup()}) {
+  for (ClassRecord* const record : controlClasses()) {
     for (const EventRow& event : record->eventRows) {
       EXPECT_EQ(event.handler, nullptr);
       bound.emplace_back(record, event.name, [](Object*) { unwired = true; });

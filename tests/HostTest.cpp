@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <array>
 #include <clocale>
 #include <cstdint>
@@ -92,23 +90,12 @@ TEST(SystemHostTest, EveryMomentHasAnAnswer) {
   EXPECT_EQ(host.gmtOffset({2024, 3, 10, 2, 30, 0}), -8.0);
 }
 
-TEST(SystemHostTest, PatternGivesOrderAndSeparator) {
-  const ShortDateForm unset = {MonthDayYear, '/'};
-  const struct {
-    const char* pattern;
-    ShortDateForm form;
-  } rows[] = {{"%D", {MonthDayYear, '/'}},
-              {"%F", {YearMonthDay, '-'}},
-              {"%d %m %Y", {DayMonthYear, '/'}},
-              {"%d-%m-%Y \xD0\xB3.", {DayMonthYear, '-'}},
-              {"%a. %d/%m/%Y", {DayMonthYear, '/'}},
-              {"%%d.%%m.%%Y", unset},
-              {"%d.%m", unset},
-              {"%d.%m.%", unset},
-              {"", unset}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(shortDateFormOf(row.pattern), row.form) << row.pattern;
+TEST(SystemHostTest, APatternThatIsNoDateHasNoOrder) {
+  for (const char* const pattern : {"%%d.%%m.%%Y", "%d.%m", "%d.%m.%", ""}) {
+    EXPECT_EQ(shortDateFormOf(pattern), (ShortDateForm{MonthDayYear, '/'})) << pattern;
   }
+  EXPECT_EQ(shortDateFormOf("%d %m %Y"), (ShortDateForm{DayMonthYear, '/'}));
+  EXPECT_EQ(shortDateFormOf("%a. %d/%m/%Y"), (ShortDateForm{DayMonthYear, '/'}));
 }
 
 using LocaleTest = RuntimeTest;

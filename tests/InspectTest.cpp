@@ -19,7 +19,10 @@ Outcome inspect(const std::string& arguments) {
   return runScript("'" VELDRIN_INSPECT "' " + arguments);
 }
 
-TEST(InspectTest, PrintsAClassFromItsTable) {
+TEST(InspectTest, PrintsTheClassesAsTheyWereBuiltAndEachFromItsTable) {
+  EXPECT_THAT(inspect("classes").output,
+              AllOf(StartsWith("DragItem\nWindow\nRuntimeException\nNilObjectException\n"),
+                    EndsWith("\nVeldrin.Veldrin\nApp\nMenuBar1.MenuBar1\n")));
   const Outcome run = inspect("class MenuBar1.MenuBar1");
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.output,
@@ -28,12 +31,6 @@ TEST(InspectTest, PrintsAClassFromItsTable) {
   EXPECT_THAT(inspect("class Veldrin.Veldrin").output,
               HasSubstr("\nUpdateStatus %%\nHHMMZZ %s%f8\nIsDaylightSavingsTime %b%o<Date>\n"
                         "ShortDate %s%o<Date>\n"));
-}
-
-TEST(InspectTest, PrintsTheClassesInTheOrderInWhichTheyWereBuilt) {
-  EXPECT_THAT(inspect("classes").output,
-              AllOf(StartsWith("DragItem\nWindow\nRuntimeException\nNilObjectException\n"),
-                    EndsWith("\nVeldrin.Veldrin\nApp\nMenuBar1.MenuBar1\n")));
 }
 
 TEST(InspectTest, WritesEachStreamOfTheFormToAFileOfItsObject) {

@@ -12,7 +12,7 @@
 #include "reflection/NewInfo.h"
 #include "reflection/PropertyInfo.h"
 #include "shell/objects/NewArray.h"
-#include "tests/support/ReflectionTest.h"
+#include "tests/support/RuntimeTest.h"
 
 namespace veldrin {
 namespace test {

@@ -1,7 +1,6 @@
 #include "shell/objects/Object.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <new>
@@ -100,7 +99,10 @@ TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
   const Ref<Window> window = New<Window>();
   const Ref<PushButton> button = New<PushButton>();
   window->_AddControl("Button"_s, button);
-  const Ref<PushButton> alone = New<PushButton>();
+  const Ref<PushButton> alone = New<PushButton>();  // it outlives its window
+  New<Window>()->_AddControl("Alone"_s, alone);
+  EXPECT_TRUE(alone->Window());
+  runtime._WindowSupport.Windows.clear();
   const Ref<Date> date = New<Date>();
   const std::pair<Ref<Object>, Ref<Object>> swaps[] = {
       {button, window}, {alone, nullptr}, {window, window}, {date, date}, {nullptr, nullptr}};
@@ -115,14 +117,6 @@ TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
     }
     EXPECT_EQ(before ? before->referenceCount() : 0, count);
   }
-}
-
-TEST_F(ObjectTest, ControlThatOutlivesItsWindowHasNone) {
-  const Ref<PushButton> button = New<PushButton>();
-  New<Window>()->_AddControl("Button"_s, button);
-  ASSERT_TRUE(button->Window());
-  runtime._WindowSupport.Windows.clear();
-  EXPECT_FALSE(button->Window());
 }
 
 TEST_F(ObjectTest, CallsThatCallThemselvesWithoutEndOverflowTheStack) {
@@ -190,16 +184,11 @@ TEST_F(ObjectTest, AnExceptionKnowsTheCallsThatItComesFrom) {
     exception = raised.exception;
   }
   ASSERT_TRUE(exception);
-  const Ref<Array<String>> calls = exception->Stack();
-  const auto place = [&](std::string_view name) {
-    const auto found = std::ranges::find_if(calls->elements, [&](const String& call) {
-      return call.view().find(name) != std::string_view::npos;
-    });
-    return found - calls->elements.begin();
-  };
-  const auto count = static_cast<std::ptrdiff_t>(calls->elements.size());
-  EXPECT_LT(place("veldrin::test::raiseFromHere()"), place("testing::Test::Run()"));
-  EXPECT_LT(place("testing::Test::Run()"), count);
+  std::string calls;
+  const auto stack = exception->Stack();
+  for (const String& call : stack->elements) calls += call.view();
+  EXPECT_LT(calls.find("veldrin::test::raiseFromHere()"), calls.find("testing::Test::Run()"));
+  EXPECT_NE(calls.find("testing::Test::Run()"), std::string::npos);
   EXPECT_TRUE(New<IOException>()->Stack()->elements.empty());
 }
 

@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include <set>
 #include <string>
 #include <vector>

@@ -1,7 +1,5 @@
 #include "shell/objects/String.h"
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <utility>
 #include <vector>

@@ -1,9 +1,6 @@
-#include <gmock/gmock.h>
-
 #include <string>
-#include <vector>
+#include <string_view>
 
-#include "tests/support/BoundEvent.h"
 #include "tests/support/RuntimeTest.h"
 #include "ui/MenuBar1.h"
 
@@ -11,12 +8,6 @@ namespace veldrin::test {
 namespace {
 
 using LiveTest = WindowTest;
-
-/// Sets a property by its description, as whoever has only the class's table does.
-void set(const Ref<Object>& object, std::string_view name, const Variant& value) {
-  const PropertyRow& row = *FindProperty(*object->classRecord(), name);
-  RuntimeGenericSetter(row.reflectionSet, row.setter, object.get(), row.fieldOffset, value);
-}
 
 TEST_F(LiveTest, WhatIsSetByDescriptionShows) {
   int told = 0;
@@ -42,14 +33,18 @@ TEST_F(LiveTest, WhatIsSetByDescriptionShows) {
     SCOPED_TRACE(std::string(row.control) + "." + row.property);
     const Ref<Object> control = RuntimeWindowControlByName(*window(), String(row.control));
     const int before = told;
-    set(control, row.property, row.value);
-    set(control, row.property, row.value);  // is no news
+    setValue(control, row.property, row.value);
+    setValue(control, row.property, row.value);  // is no news
     EXPECT_EQ(told, before + 1);
     EXPECT_EQ(person->looks(row.control), row.looks);
   }
-  set(window(), "Title", "Sun"_s);
+  const std::string times = status();
+  setValue(window()->DownUnderFlag(), "Value", true);  // what the program does is no tick
+  EXPECT_TRUE(person->isTicked("DownUnderFlag"));
+  EXPECT_EQ(status(), times);
+  setValue(window(), "Title", "Sun"_s);
   EXPECT_EQ(person->title(), "Sun");
-  EXPECT_EQ(toolkit.toldOfWindows(), 1);
+  EXPECT_EQ(toolkit.toldOfWindows, 1);
   window()->Close();
   const int before = told;
   window()->Latitude()->Text("of a window that opens"_s);
@@ -60,10 +55,10 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
   const Ref<Veldrin> view = window();
   const Ref<MenuItem> quit = view->FileQuit();
   EXPECT_EQ(person->menuLooks("FileQuit"), "&Quit");
-  set(quit, "Text", "E&nd"_s);
-  set(quit, "Checked", true);
+  setValue(quit, "Text", "E&nd"_s);
+  setValue(quit, "Checked", true);
   EXPECT_EQ(person->menuLooks("FileQuit"), "E&nd ticked");
-  set(quit, "Enabled", false);
+  setValue(quit, "Enabled", false);
   EXPECT_EQ(person->menuLooks("FileQuit"), "E&nd ticked off");
   person->command("FileQuit");
   EXPECT_TRUE(view->isOpen());
@@ -77,10 +72,10 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
     menu = item;
     EXPECT_EQ(person->menuLooks(name), name);
   }
-  const int told = toolkit.toldOfMenus();
+  const int told = toolkit.toldOfMenus;
   const Ref<MenuBar> other = New<MenuBar>();
   other->Append(menu);
-  EXPECT_EQ(toolkit.toldOfMenus(), told);  // nobody sees that one yet
+  EXPECT_EQ(toolkit.toldOfMenus, told);  // nobody sees that one yet
   view->MenuBar(other);
   EXPECT_EQ(person->menuLooks("Deep"), "");
   EXPECT_EQ(person->menuLooks("Deepest"), "Deepest");
@@ -93,10 +88,10 @@ TEST_F(LiveTest, NobodyActsThroughWhatIsDisabled) {
   const std::string before = status();
   for (const char* const name :
        {"ForwardOneDay", "DownUnderFlag", "DaylightSavings", "WhichYear"}) {
-    set(RuntimeWindowControlByName(*view, String(name)), "Enabled", false);
+    setValue(RuntimeWindowControlByName(*view, String(name)), "Enabled", false);
   }
   person->type("Latitude", "12");
-  set(view->Latitude(), "Enabled", false);  // with the focus in it
+  setValue(view->Latitude(), "Enabled", false);  // with the focus in it
   view->ForwardOneDay()->userPressed();
   view->DownUnderFlag()->userTicked(true);
   view->DaylightSavings()->userTicked(false);
@@ -121,17 +116,14 @@ bool ask(std::string_view who) {
   return who == taker;
 }
 
-class AskedWindow final : public Described<AskedWindow, Window> {
+template <class Base, FixedString Name>
+class Asked final : public Described<Asked<Base, Name>, Base> {
  public:
-  static constexpr FixedString FullName = "AskedWindow";
-  bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) override { return ask("window"); }
+  static constexpr FixedString FullName = Name;
+  bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) override { return ask(Name.view()); }
 };
-
-class AskedApplication final : public Described<AskedApplication, Application> {
- public:
-  static constexpr FixedString FullName = "AskedApplication";
-  bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) override { return ask("application"); }
-};
+using AskedWindow = Asked<Window, "window">;
+using AskedApplication = Asked<Application, "application">;
 
 using CommandTest = RuntimeTest;
 

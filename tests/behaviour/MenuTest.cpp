@@ -82,7 +82,7 @@ TEST_F(MenuTest, ItemsAreEnabledByThemselvesOrByAHandler) {
     return tree(*view->EditMenu(),
                 [](const MenuItem& item) { return item.Enabled() && !item.isSeparator(); });
   };
-  const int times = toolkit.toldOfMenus();
+  const int times = toolkit.toldOfMenus;
   view->EditCut()->Enabled(false);
   EnableMenuItems();
   EXPECT_EQ(enabled(), "EditUndo EditCut EditCopy EditPaste EditClear EditSelectAll");
@@ -93,18 +93,18 @@ TEST_F(MenuTest, ItemsAreEnabledByThemselvesOrByAHandler) {
   view->_CallActivated();
   EXPECT_EQ(enabled(), "EditUndo EditCopy EditPaste EditSelectAll");
   view->EditClear()->Enable();  // until the next time
-  const std::int64_t yields = toolkit.backgroundTasks();
+  const std::int64_t yields = toolkit.backgroundTasks;
   view->_CallDeactivated();
   EXPECT_EQ(enabled(), "EditUndo EditCopy EditPaste EditSelectAll");
-  EXPECT_EQ(toolkit.backgroundTasks() - yields, 9);  // for each item but the separators
+  EXPECT_EQ(toolkit.backgroundTasks - yields, 9);  // for each item but the separators
   EXPECT_TRUE(view->FileQuit()->Enabled());
-  EXPECT_EQ(toolkit.toldOfMenus() - times, 5);  // with the two that were set one by one
+  EXPECT_EQ(toolkit.toldOfMenus - times, 5);  // with the two that were set one by one
   // With no bar, or no window, there is nothing to work out.
   view->MenuBar(nullptr);
   EnableMenuItems();
   view->Close();
   EnableMenuItems();
-  EXPECT_EQ(toolkit.toldOfMenus() - times, 5);
+  EXPECT_EQ(toolkit.toldOfMenus - times, 5);
 }
 
 TEST_F(MenuTest, NoItemButQuitIsHandledByTheProgram) {
@@ -116,7 +116,7 @@ TEST_F(MenuTest, NoItemButQuitIsHandledByTheProgram) {
   person->command("FileQuit");
   EXPECT_FALSE(view->isOpen());
   EXPECT_THAT(runtime._WindowSupport.Windows, IsEmpty());
-  EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened", "windowClosed", "quit"));
+  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed", "quit"));
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
 #include <bit>
 #include <string>
 #include <string_view>
+#include <tuple>
 
-#include "tests/support/BoundEvent.h"
-#include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 #include "ui/MenuBar1.h"
 
@@ -46,32 +45,16 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
   }
 }
 
-TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZoneAndNoDay) {
+TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZone) {
   // Central Europe: 2024-03-31 01:00 UTC, from one hour to two.
   constexpr std::int64_t Change = dayNumber(2024, 3, 31) * 86400 + 3600;
   host.zone = [](std::int64_t at) { return at < Change ? 3600 : 7200; };
-  const struct {
-    std::int64_t before;  ///< seconds
-    const char* zone;
-    CivilMoment shown;
-  } rows[] = {{1, "0", {2024, 3, 31, 1, 59, 59}},
-              {0, "1", {2024, 3, 31, 3, 0, 0}},
-              {86400, "0", {2024, 3, 30, 2, 0, 0}}};
-  for (const auto& row : rows) {
-    host.moment = Change - row.before;
+  for (const auto& [moment, zone, hour] :
+       {std::tuple(Change - 1, "0", 1), {Change, "1", 3}, {Change - 86400, "0", 2}}) {
+    host.moment = moment;
     reopen();
-    const Ref<Date> date = window()->statusDate;
-    EXPECT_EQ(person->shown("TimeZone"), row.zone) << row.before;
-    EXPECT_EQ((CivilMoment{date->Year(), date->Month(), date->Day(), date->Hour(), date->Minute(),
-                           date->Second()}),
-              row.shown)
-        << row.before;
-  }
-  // From 02:00 on the day before, through the hour that the host leaves out.
-  for (const char* const day : {"3/31/2024", "4/1/2024"}) {
-    person->press("ForwardOneDay");
-    EXPECT_EQ(status().substr(0, status().find('\r')), day);
-    EXPECT_EQ(window()->statusDate->Hour(), 2);
+    EXPECT_EQ(person->shown("TimeZone"), zone);
+    EXPECT_EQ(window()->statusDate->Hour(), hour);
   }
 }
 
@@ -97,7 +80,7 @@ TEST_F(OpeningTest, SetsTheNumbersTheBoundsTheDayAndTheFirstStatus) {
 TEST_F(OpeningTest, AWindowThatDoesNotOpenLeavesNothing) {
   finalizeGlobals();
   const std::int64_t before = liveObjectCount();
-  const std::size_t steps = toolkit.steps().size();
+  const std::size_t steps = toolkit.steps.size();
   ClassRecord* const view = Veldrin::__Lookup();
   const auto close = [](Object* object) { static_cast<Window&>(*object).Close(); };
   const auto fail = [](Object*) { Raise<OutOfBoundsException>(); };
@@ -115,7 +98,7 @@ TEST_F(OpeningTest, AWindowThatDoesNotOpenLeavesNothing) {
     MenuBar1::_implicitInstance = nullptr;
     EXPECT_EQ(liveObjectCount(), before);
   }
-  EXPECT_EQ(toolkit.steps().size(), steps + 3);  // nothing was shown; each closing was the last
+  EXPECT_EQ(toolkit.steps.size(), steps + 3);  // nothing was shown; each closing was the last
 }
 
 TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
@@ -133,7 +116,7 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
     host.stand({row.year, 6, 21, 12, 0, 0});
     const Ref<Veldrin> unopened = New<Veldrin>();
     unopened->CreateControls();
-    const std::int64_t yields = toolkit.backgroundTasks();
+    const std::int64_t yields = toolkit.backgroundTasks;
     unopened->WhichYear_Open();
     EXPECT_EQ(unopened->WhichYear()->ListIndex(), row.row);
     EXPECT_EQ(text(unopened->DSTStart()->Text()), row.start);
@@ -142,7 +125,7 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
     EXPECT_EQ(static_cast<bool>(unopened->statusDate), row.changed);
     // A list without the year is walked to its end.
     if (row.year > 2020) {
-      EXPECT_EQ(toolkit.backgroundTasks() - yields, 13);
+      EXPECT_EQ(toolkit.backgroundTasks - yields, 13);
     }
     // The window's own opening has the last word on the bounds, and none on the row.
     unopened->Event_Open();
@@ -151,41 +134,65 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
   }
 }
 
-TEST_F(OpeningTest, AChoiceWipesTypedBoundsAndKeepsTheDay) {
-  const Ref<Veldrin> veldrin = window();
-  const Ref<Date> day = veldrin->statusDate;
+TEST_F(OpeningTest, AChoiceBringsTheBoundsOfAnotherYearAndKeepsTheDay) {
+  const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
-  const auto chooseAmongTypedBounds = [&](int row) {
-    type("DSTStart", "1/1/2024");
-    type("DSTEnd", "12/31/2024");
-    person->choose("WhichYear", row);
-  };
   const struct {
     std::int32_t row;
     std::string_view start, times;
-  } rows[] = {
-      {0, "1/1/2024", InSummerTime},  // "2008" is selected already: no change, so no new bounds
-      {3, "3/13/2011", InStandardTime},
-      {12, "3/8/2020", InStandardTime},
-  };
+  } rows[] = {{0, "1/1/2024", InSummerTime},  // "2008" is selected already
+              {3, "3/13/2011", InStandardTime},
+              {0, "3/9/2008", InStandardTime},
+              {-1, "1/1/2024", InStandardTime}};  // no year, no bounds, but a status
   for (const auto& row : rows) {
-    chooseAmongTypedBounds(row.row);
+    type("DSTStart", "1/1/2024");
+    row.row < 0 ? window()->WhichYear()->ListIndex(-1) : person->choose("WhichYear", row.row);
     EXPECT_EQ(person->shown("DSTStart"), row.start) << row.row;
     EXPECT_EQ(status(), row.times) << row.row;
     EXPECT_EQ(person->shown("TimeZone"), "-8");
   }
-  EXPECT_EQ(veldrin->statusDate, day);
-  EXPECT_EQ(day->TotalSeconds(), seconds);
-  // No year, no bounds, but a status.
-  type("DSTStart", "1/1/2024");
-  veldrin->WhichYear()->ListIndex(-1);
   EXPECT_EQ(person->shown("WhichYear"), "");
-  EXPECT_EQ(person->shown("DSTStart"), "1/1/2024");
-  EXPECT_EQ(status(), InStandardTime);
-  veldrin->DownUnderFlag()->Value(true);
-  EXPECT_TRUE(person->isTicked("DownUnderFlag"));
-  chooseAmongTypedBounds(4);
-  EXPECT_EQ(status(), InSummerTime);
+  EXPECT_EQ(window()->statusDate, day);
+  EXPECT_EQ(day->TotalSeconds(), seconds);
+}
+
+using StatusTest = WindowTest;
+
+TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
+  host.stand({2024, 12, 31, 23, 59, 59});
+  reopen();
+  const Ref<Date> date = window()->statusDate;
+  const double seconds = date->TotalSeconds();
+  const std::string shown = status();
+  std::string touched;
+  toolkit.onControlChanged = [&](Control& control) { touched += text(control.Name) + " "; };
+  person->press("BackOneDay");
+  EXPECT_EQ(status().substr(0, 11), "12/30/2024\r");
+  person->press("ForwardOneDay");
+  EXPECT_EQ(date->TotalSeconds(), seconds);
+  EXPECT_EQ(status(), shown);
+  person->press("ForwardOneDay");
+  EXPECT_EQ(status().substr(0, 9), "1/1/2025\r");
+  EXPECT_EQ(window()->statusDate, date);
+  EXPECT_EQ(touched, "Status Status Status ");
+  toolkit.onControlChanged = nullptr;
+}
+
+TEST_F(StatusTest, ADayIsMadeWhereThereIsNoneButNotByAStep) {
+  const Ref<Veldrin> unopened = New<Veldrin>();
+  unopened->CreateControls();
+  EXPECT_EQ(raisedBy([&] { unopened->ForwardOneDay_Action(); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { unopened->BackOneDay_Action(); }), "NilObjectException");
+  EXPECT_FALSE(unopened->statusDate);
+  // The conversion from degrees is still 0, so no altitude differs from another.
+  unopened->UpdateStatus();
+  const Ref<Date> made = unopened->statusDate;
+  ASSERT_TRUE(made);
+  EXPECT_EQ(text(unopened->Status()->Text()), "6/21/2024\rSunrise = N/A\rSunset = N/A");
+  unopened->Event_Open();
+  EXPECT_NE(unopened->statusDate, made);
+  EXPECT_EQ(made->referenceCount(), 1);
+  EXPECT_EQ(text(unopened->Status()->Text()), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <deque>
 #include <functional>
 #include <string>
 #include <system_error>
@@ -9,7 +10,6 @@
 #include <vector>
 
 #include "shell/PluginEntries.h"
-#include "tests/support/BoundEvent.h"
 #include "tests/support/RuntimeTest.h"
 #include "ui/MenuBar1.h"
 
@@ -21,10 +21,8 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 /// Runs the whole process, with a job for its event loop.
-class ProcessTest : public testing::Test {
+class ProcessTest : public PersonTest {
  protected:
-  ProcessTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
-
   /// The exit status. However the run goes, everything is given up at its end.
   int run(std::function<void()> job, const ApplicationParts& parts = VeldrinParts) {
     const std::int64_t before = liveObjectCount();
@@ -37,10 +35,6 @@ class ProcessTest : public testing::Test {
   }
 
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
-
-  FakeHost host;
-  const std::unique_ptr<Person> person = newPerson();
-  WatchedToolkit toolkit{*person};
 };
 
 TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
@@ -60,13 +54,13 @@ TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
               EXPECT_TRUE(window()->isOpen());
               EXPECT_EQ(person->shown("Status"), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
               EXPECT_TRUE(OutputFile::Calendar());
-              EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened"));
+              EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened"));
             }),
             0);
   EXPECT_TRUE(ran);
-  EXPECT_THAT(toolkit.reports(), IsEmpty());
+  EXPECT_THAT(toolkit.reports, IsEmpty());
   // The end of the program takes an open window down as well.
-  EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened", "windowClosed"));
+  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed"));
 }
 
 TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
@@ -97,18 +91,15 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
        [](Object* object) { note("AddMenuHandlers", static_cast<Window*>(object)); }},
       {record, "SetupBindings"_s,
        [](Object* object) { note("SetupBindings", static_cast<Window*>(object)); }},
-      {record, "Open"_s,
-       [](Object* object) {
+      {record, "Open"_s, [](Object* object) {
          const auto& view = static_cast<Veldrin&>(*object);
          EXPECT_TRUE(view.Pi == 0.0 && view.statusDate);  // made by the chooser's "Change"
          note("Open", static_cast<Window*>(object));
-       }},
-      {Placard::__Lookup(), "Open"_s, opened},
-      {StaticText::__Lookup(), "Open"_s, opened},
-      {PushButton::__Lookup(), "Open"_s, opened},
-      {PopupMenu::__Lookup(), "Open"_s, opened},
-      {TextField::__Lookup(), "Open"_s, opened},
-      {CheckBox::__Lookup(), "Open"_s, opened}};
+       }}};
+  std::deque<BoundEvent> ofControls;
+  for (ClassRecord* const kind : controlClasses()) {
+    ofControls.emplace_back(kind, "Open"_s, opened);
+  }
   host.stand({2014, 6, 21, 12, 0, 0});
   EXPECT_EQ(run([] {}), 0);
   EXPECT_EQ(events,
@@ -119,14 +110,13 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
             "Longitude(2014) StaticText2(2014) StaticText4(2014) StaticText7(2014) Open(2014) ");
 }
 
-TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
+TEST_F(ProcessTest, QuitWorksWhereTheWindowIsClosedAndTheMenuBarStays) {
   toolkit.ownMenuBar = true;
   const auto quit = [] {
     const Ref<MenuBar> bar = Runtime::current().application->MenuBar();
     EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
     EXPECT_THAT(Runtime::current()._WindowSupport.Windows, IsEmpty());
   };
-  EXPECT_EQ(run([&] { person->command("FileQuit"); }), 0);
   EXPECT_EQ(run([&] {
               const Ref<Dictionary> list = New<Dictionary>();
               list->Value("Veldrin.Veldrin"_s, window());
@@ -141,22 +131,18 @@ TEST_F(ProcessTest, QuitWorksWithTheWindowOpenOrClosed) {
               const Ref<Veldrin> view = window();
               const Ref<TextField> field = view->Latitude();
               view->userTurnedTo(false);
-              const std::int64_t yields = toolkit.backgroundTasks();
+              const std::int64_t yields = toolkit.backgroundTasks;
               EXPECT_TRUE(view->_UnifiedClose(false));
-              EXPECT_EQ(toolkit.backgroundTasks() - yields, 21);
+              EXPECT_EQ(toolkit.backgroundTasks - yields, 21);
               EXPECT_EQ(view->referenceCount(), 1);
               EXPECT_EQ(field->referenceCount(), 1);
-              EXPECT_FALSE(field->Window());
               EXPECT_THAT(view->controls(), IsEmpty());
               view->Close();  // has nothing left to do
               quit();
             }),
             0);
-  std::string steps;
-  for (const std::string_view step : toolkit.steps()) steps.append(step).append(" ");
-  EXPECT_EQ(steps,
-            "windowOpened windowClosed quit windowOpened windowClosed quit windowOpened "
-            "windowClosed quit ");
+  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed", "quit", "windowOpened",
+                                         "windowClosed", "quit"));
 }
 
 TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
@@ -168,7 +154,7 @@ TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
                   person->closeWindow();
                 }),
                 0);
-      EXPECT_EQ(toolkit.steps().back(), ownMenuBar && !autoQuit ? "windowClosed" : "quit");
+      EXPECT_EQ(toolkit.steps.back(), ownMenuBar && !autoQuit ? "windowClosed" : "quit");
     }
   }
 }
@@ -176,9 +162,11 @@ TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
 TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
   initializeClasses();
   static std::string heard;
-  static bool refuses;
+  static bool applicationRefuses;
+  static int refusalsOfTheWindow;
   heard.clear();
-  refuses = true;
+  applicationRefuses = true;
+  refusalsOfTheWindow = 2;
   ClassRecord* const app = App::__Lookup();
   ClassRecord* const view = Veldrin::__Lookup();
   const BoundEvent bound[] = {
@@ -187,17 +175,12 @@ TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
       {app, "CancelClose"_s,
        [](Object*) {
          heard += "CancelClose ";
-         return std::exchange(refuses, false);
-       }},
-      {app, "UnhandledException"_s,
-       [](Object*, const Ref<RuntimeException>& exception) {
-         heard += text(exception->classRecord()->name) + " ";
-         return exception->ErrorNumber == 7;
+         return std::exchange(applicationRefuses, false);
        }},
       {view, "CancelClose"_s,
-       [](Object*, bool) {
-         heard += "(asked) ";
-         return false;
+       [](Object*, bool quitting) {
+         heard += quitting ? "(asked) " : "(asked alone) ";
+         return refusalsOfTheWindow-- > 0;
        }},
       {view, "Activate"_s, [](Object*) { heard += "(active) "; }},
       {view, "Deactivate"_s, [](Object*) { heard += "(inactive) "; }},
@@ -209,24 +192,53 @@ TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
               window()->userTurnedTo(true);
               toolkit.saveAnswers.emplace_back(nullptr);
               person->press("GenerateButton");  // around its dialog
+              person->closeWindow();
               person->command("FileQuit");
-              EXPECT_TRUE(window()->isOpen());
+              person->command("FileQuit");
+              EXPECT_EQ(person->title(), "Veldrin");
+              EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened"));
               person->command("FileQuit");
             }),
             0);
-  EXPECT_THAT(heard, testing::HasSubstr("| (active) (inactive) (active) CancelClose CancelClose "
-                                        "(asked) (inactive) (closed) Close "));
+  EXPECT_THAT(heard, testing::HasSubstr("| (active) (inactive) (active) (asked alone) CancelClose "
+                                        "CancelClose (asked) CancelClose (asked) (inactive) "
+                                        "(closed) Close "));
   EXPECT_THAT(heard, StartsWith("Open "));
+}
 
-  // What is taken ends nothing; what is not is reported, as if nobody had been asked.
-  heard.clear();
-  EXPECT_EQ(run([] { Raise<IOException>(7); }), 0);
-  EXPECT_EQ(run([] { Raise<ThreadEndException>(); }), 0);
-  EXPECT_THAT(toolkit.reports(), IsEmpty());
-  EXPECT_THAT(heard, testing::HasSubstr("IOException "));
-  EXPECT_EQ(run([] { Raise<OutOfBoundsException>(8); }), 1);
-  EXPECT_EQ(toolkit.reports().size(), 1U);
-  EXPECT_THAT(heard, testing::EndsWith("Close "));
+TEST_F(ProcessTest, ApplicationHearsOfExceptionsAndMayTakeThem) {
+  initializeClasses();
+  static int closed;
+  closed = 0;
+  const BoundEvent closes(App::__Lookup(), "Close"_s, [](Object*) { ++closed; });
+  const BoundEvent takes(
+      App::__Lookup(), "UnhandledException"_s,
+      [](Object*, const Ref<RuntimeException>& exception) { return exception->ErrorNumber == 7; });
+  const struct {
+    void (*raise)();
+    std::string_view reported;
+  } rows[] = {{[] {}, ""},
+              {[] { Raise<IOException>(7); }, ""},
+              {[] { Raise<EndException>(); }, ""},
+              {[] { Raise<ThreadEndException>(); }, ""},
+              {[] { Raise<ThreadAlreadyRunningException>(); }, "ThreadAlreadyRunningException"},
+              {[] { Raise<OutOfBoundsException>(8); }, "OutOfBoundsException"}};
+  for (const auto& row : rows) {
+    const auto call = [&] {
+      Runtime::current().application->_CallFunctionWithExceptionHandling(
+          reinterpret_cast<void*>(row.raise));
+    };
+    for (const std::function<void()>& job : {std::function<void()>(row.raise), {call}}) {
+      const std::size_t before = toolkit.reports.size();
+      EXPECT_EQ(run(job), row.reported.empty() ? 0 : 1);
+      EXPECT_EQ(std::exchange(closed, 0), 1);
+      std::string reported;
+      for (std::size_t report = before; report < toolkit.reports.size(); ++report) {
+        reported += text(toolkit.reports[report].className);
+      }
+      EXPECT_EQ(reported, row.reported);
+    }
+  }
 }
 
 TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
@@ -238,7 +250,7 @@ TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     // At rest, and in the middle of a year.
     EXPECT_EQ(run([&] { std::raise(signal); }), 128 + signal);
-    EXPECT_EQ(toolkit.steps().back(), "quit");
+    EXPECT_EQ(toolkit.steps.back(), "quit");
     EXPECT_EQ(run([&] {
                 toolkit.saveAnswers.emplace_back(item);
                 toolkit.onBackgroundTask = [&] {
@@ -248,34 +260,15 @@ TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
                 person->press("GenerateButton");
               }),
               128 + signal);
-    EXPECT_EQ(toolkit.steps().back(), "quit");
+    EXPECT_EQ(toolkit.steps.back(), "quit");
     EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n"));
     EXPECT_LT(item->content->size(), 2000U);
     item->content->clear();
   }
   EXPECT_EQ(closed, 6);
-  ASSERT_EQ(toolkit.reports().size(), 3U);
-  EXPECT_EQ(text(toolkit.reports()[0].sentence),
+  ASSERT_EQ(toolkit.reports.size(), 3U);
+  EXPECT_EQ(text(toolkit.reports[0].sentence),
             "/memory/item.ics is incomplete: stopped by SIGTERM");
-}
-
-TEST_F(ProcessTest, HandlerOfCancelCloseCanRefuse) {
-  initializeClasses();
-  static bool told = false;
-  EXPECT_EQ(run([&] {
-              const Ref<Veldrin> view = window();
-              const BoundEvent bound(Veldrin::__Lookup(), "CancelClose"_s,
-                                     [](Object*, bool quitting) {
-                                       told = quitting;
-                                       return true;
-                                     });
-              EXPECT_FALSE(view->_UnifiedClose(false));
-              EXPECT_FALSE(told);
-              person->command("FileQuit");
-              EXPECT_TRUE(told && view->isOpen());
-              EXPECT_THAT(toolkit.steps(), ElementsAre("windowOpened"));
-            }),
-            0);
 }
 
 TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
@@ -297,7 +290,8 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
       {"GenerateButton_Action", "Longitude", press("GenerateButton"), "NilObjectException", 0,
        "/memory/item.ics is incomplete: NilObjectException"},
       {"GenerateButton_Action", "", press("GenerateButton"), "IOException", ENOSPC,
-       " (IOException, error 28)"},
+       "/memory/item.ics is incomplete: " + std::generic_category().message(ENOSPC) +
+           " (IOException, error 28)"},
       {"WhichYear_Open", "DSTEnd", [] { window()->WhichYear()->raiseEvent("Open"_s); }},
       {"WhichYear_Change", "DSTStart", [&] { person->choose("WhichYear", 1); }},
       {"WhichYear_Change", "TimeZone", [] { window()->WhichYear()->ListIndex(-1); }},
@@ -310,7 +304,7 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
   host.stand({2014, 6, 21, 12, 0, 0}, -7.0);
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.handler) + " without " + row.missing);
-    const std::size_t reportsBefore = toolkit.reports().size();
+    const std::size_t reportsBefore = toolkit.reports.size();
     EXPECT_EQ(run([&] {
                 person->press("ForwardOneDay");  // no field is left by what follows
                 const String missing(std::string_view(row.missing));
@@ -321,17 +315,13 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
                 row.event();
               }),
               1);
-    ASSERT_EQ(toolkit.reports().size(), reportsBefore + 1);
-    EXPECT_EQ(text(toolkit.reports().back().className), row.exception);
-    EXPECT_EQ(toolkit.reports().back().errorNumber, row.number);
-    const std::string why = std::generic_category().message(ENOSPC);
-    EXPECT_EQ(text(toolkit.reports().back().sentence),
-              row.number == 0
-                  ? row.sentence
-                  : "/memory/item.ics is incomplete: " + why + std::string(row.sentence));
-    EXPECT_EQ(toolkit.steps().back(), "windowClosed");
+    ASSERT_EQ(toolkit.reports.size(), reportsBefore + 1);
+    EXPECT_EQ(text(toolkit.reports.back().className), row.exception);
+    EXPECT_EQ(toolkit.reports.back().errorNumber, row.number);
+    EXPECT_EQ(text(toolkit.reports.back().sentence), row.sentence);
+    EXPECT_EQ(toolkit.steps.back(), "windowClosed");
   }
-  EXPECT_THAT(toolkit.messages(), IsEmpty());
+  EXPECT_THAT(toolkit.messages, IsEmpty());
 }
 
 TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
@@ -350,10 +340,10 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
                            [](Object*) { Raise<OutOfBoundsException>(7); });
     EXPECT_EQ(run(loop, parts), 1);
   }
-  ASSERT_EQ(toolkit.reports().size(), 1U);
-  EXPECT_EQ(text(toolkit.reports()[0].className), "OutOfBoundsException");
-  EXPECT_EQ(toolkit.reports()[0].errorNumber, 7);
-  EXPECT_THAT(toolkit.steps(), IsEmpty());
+  ASSERT_EQ(toolkit.reports.size(), 1U);
+  EXPECT_EQ(text(toolkit.reports[0].className), "OutOfBoundsException");
+  EXPECT_EQ(toolkit.reports[0].errorNumber, 7);
+  EXPECT_THAT(toolkit.steps, IsEmpty());
 
   // Whatever else comes out of a step is told as well.
   const struct {
@@ -367,12 +357,12 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
   for (const auto& row : rows) {
     for (auto* const step : {&parts.makeView, &parts.initialize}) {
       const auto kept = std::exchange(*step, row.step);
-      const std::size_t told = toolkit.reports().size() + toolkit.messages().size();
+      const std::size_t told = toolkit.reports.size() + toolkit.messages.size();
       finalized = 0;
       EXPECT_EQ(run(loop, parts), 1);
-      ASSERT_EQ(toolkit.reports().size() + toolkit.messages().size(), told + 1);
-      EXPECT_EQ(row.exception.empty() ? text(toolkit.messages().back())
-                                      : text(toolkit.reports().back().className),
+      ASSERT_EQ(toolkit.reports.size() + toolkit.messages.size(), told + 1);
+      EXPECT_EQ(row.exception.empty() ? text(toolkit.messages.back())
+                                      : text(toolkit.reports.back().className),
                 row.exception.empty() ? row.sentence : row.exception);
       EXPECT_EQ(finalized, 1);
       *step = kept;
@@ -401,41 +391,6 @@ TEST_F(ProcessTest, PlacardValueIsTheOnePluginEntryThatThisBuildHas) {
                            "Placard.Index.Set", "Missing.Value.Set", "BevelButton.Value.Set"}) {
     EXPECT_EQ(RuntimeLookupPluginEntrypoint(String(std::string_view(name))), nullptr) << name;
   }
-}
-
-using ApplicationTest = RuntimeTest;
-
-TEST_F(ApplicationTest, CallsUnderTheRulesOfFailure) {
-  static int calls = 0;
-  calls = 0;
-  const Ref<App> application = New<App>();
-  const auto call = [&](void (*function)()) {
-    application->_CallFunctionWithExceptionHandling(reinterpret_cast<void*>(function));
-    return toolkit.reports().size();
-  };
-  EXPECT_EQ(call([] { ++calls; }), 0U);
-  EXPECT_EQ(calls, 1);
-  EXPECT_EQ(call([] { Raise<EndException>(); }), 0U);
-  EXPECT_EQ(call([] { Raise<ThreadEndException>(); }), 0U);
-  EXPECT_EQ(runtime.exitStatus, 0);
-  EXPECT_EQ(call([] { Raise<ThreadAlreadyRunningException>(); }), 1U);
-  EXPECT_EQ(runtime.exitStatus, 1);
-  EXPECT_EQ(call([] { Raise<IOException>(28); }), 2U);
-  EXPECT_EQ(text(toolkit.reports()[1].className), "IOException");
-  EXPECT_EQ(toolkit.reports()[1].errorNumber, 28);
-
-  // A handler that answers true takes the exception, one that answers false does not.
-  using Handler = bool (*)(Object*, const Ref<RuntimeException>&);
-  for (const Handler handler :
-       {Handler([](Object*, const Ref<RuntimeException>& failure) {
-          return failure->ErrorNumber != 0;
-        }),
-        Handler([](Object*, const Ref<RuntimeException>&) { return true; })}) {
-    const BoundEvent bound(App::__Lookup(), "UnhandledException"_s, handler);
-    EXPECT_EQ(call([] { Raise<IOException>(28); }), toolkit.reports().size());
-    call([] { Raise<IOException>(0); });
-  }
-  EXPECT_EQ(toolkit.reports().size(), 3U);
 }
 
 }  // namespace

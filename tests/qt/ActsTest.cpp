@@ -1,13 +1,15 @@
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QPushButton>
 #include <QWheelEvent>
 #include <functional>
 #include <string>
 
-#include "tests/qt/QtTest.h"
+#include "tests/qt/QtPerson.h"
 
 namespace veldrin::test {
 namespace {
@@ -43,16 +45,8 @@ TEST_F(ActsOnDesktopTest, AFieldIsLeftByKeyByMouseAndByAButton) {
   }
 }
 
-TEST_F(ActsOnDesktopTest, KeysPressTickAndChooseButReturnAndEscapeDoNothing) {
+TEST_F(ActsOnDesktopTest, KeysPressTickAndChoose) {
   QTest::keyClick(&widget("BackOneDay"), Qt::Key_Space);
-  EXPECT_EQ(status().substr(0, 9), "6/20/2024");
-  for (const char* const name : {"BackOneDay", "ForwardOneDay", "GenerateButton", "Latitude"}) {
-    widget(name).setFocus();
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
-      QTest::keyClick(&widget(name), key);
-    }
-  }
-  EXPECT_EQ(status().substr(0, 9), "6/20/2024");
   QTest::keyClick(&widget("DaylightSavings"), Qt::Key_Space);
   EXPECT_EQ(status(), "6/20/2024\rSunrise = 04:12\rSunset = 20:11");
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
@@ -113,6 +107,61 @@ TEST_F(ActsOnDesktopTest, WhateverIsPastedTheWindowAnswers) {
   }
   person->press("ForwardOneDay");
   EXPECT_EQ(status().substr(0, 9), "6/22/2024");
+}
+
+/// The letters of the items that can be chosen when the menu opens: Undo, cuT, Copy, Paste,
+/// Delete, select All.
+std::string enabledLetters() {
+  Q_EMIT QtPerson::widget<QMenu>("EditMenu").aboutToShow();
+  std::string letters;
+  for (const auto& [name, letter] : {std::pair{"EditUndo", 'U'},
+                                     {"EditCut", 'T'},
+                                     {"EditCopy", 'C'},
+                                     {"EditPaste", 'P'},
+                                     {"EditClear", 'D'},
+                                     {"EditSelectAll", 'A'}}) {
+    if (QtPerson::widget<QAction>(name).isEnabled()) letters += letter;
+  }
+  return letters;
+}
+
+using EditMenuTest = QtTest;
+
+TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
+  QApplication::clipboard()->clear();
+  field("Latitude").setFocus();
+  field("Latitude").deselect();
+  EXPECT_EQ(enabledLetters(), "A");
+  field("Latitude").selectAll();
+  EXPECT_EQ(enabledLetters(), "TCDA");
+  item("EditCut").trigger();
+  EXPECT_EQ(enabledLetters(), "UP");
+  EXPECT_EQ(window()->Latitude()->Text(), "");
+  item("EditPaste").trigger();
+  item("EditPaste").trigger();
+  EXPECT_EQ(window()->Latitude()->Text(), "47.547.5");
+  EXPECT_EQ(enabledLetters(), "UPA");
+  item("EditUndo").trigger();
+  EXPECT_EQ(window()->Latitude()->Text(), "47.5");
+  item("EditSelectAll").trigger();
+  EXPECT_EQ(enabledLetters(), "UTCPDA");
+  item("EditClear").trigger();
+  EXPECT_EQ(field("Latitude").text(), "");
+  field("TimeZone").setFocus();
+  field("TimeZone").selectAll();
+  item("EditCopy").trigger();
+  EXPECT_EQ(QApplication::clipboard()->text(), "-8");
+  // A text that the program sets is nothing to undo.
+  QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
+  field("DSTStart").setFocus();
+  field("DSTStart").deselect();
+  EXPECT_EQ(enabledLetters(), "PA");
+  for (const char* const name : {"BackOneDay", "DownUnderFlag", "WhichYear"}) {
+    widget(name).setFocus();
+    EXPECT_EQ(enabledLetters(), "") << name;
+  }
+  EXPECT_TRUE(item("FileQuit").isEnabled());
+  EXPECT_TRUE(item("UntitledMenu0").isSeparator());
 }
 
 }  // namespace

@@ -1,21 +1,16 @@
 #include "tests/qt/QtPerson.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractItemView>
-#include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 #include <algorithm>
 #include <exception>
-#include <utility>
+#include <stdexcept>
 
 namespace veldrin::test {
 

@@ -1,17 +1,21 @@
 #pragma once
 
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <deque>
 #include <functional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
-#include "tests/support/Person.h"
+#include "tests/support/RuntimeTest.h"
 #include "toolkits/qt/QtToolkit.h"
 
 namespace veldrin::test {
@@ -62,6 +66,25 @@ class QtPerson final : public Person {
   bool scheduled_ = false;          ///< an answer waits for its turn
   std::vector<QDialog*> attended_;  ///< whose answers are being given, each inside the one before
   QTimer watch_;
+};
+
+/// The open window as widgets, for what only a desktop has.
+class QtTest : public WindowTest {
+ protected:
+  using Answer = QtPerson::Answer;
+
+  template <class Widget = QWidget>
+  static Widget& widget(std::string_view name) {
+    return QtPerson::widget<Widget>(name);
+  }
+  static QLineEdit& field(std::string_view name) { return widget<QLineEdit>(name); }
+  static QAction& item(std::string_view name) { return widget<QAction>(name); }
+
+  void whenAsked(Answer answer) const {
+    dynamic_cast<QtPerson&>(*person).whenAsked(std::move(answer));
+  }
+
+  QTemporaryDir folder;
 };
 
 }  // namespace veldrin::test

@@ -4,10 +4,9 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
-#include <fstream>
 #include <string>
 
-#include "tests/qt/QtTest.h"
+#include "tests/qt/QtPerson.h"
 #include "tests/support/Documents.h"
 
 namespace veldrin::test {
@@ -24,12 +23,8 @@ class SavingTest : public QtTest {
     };
   }
 
-  static Answer press(QMessageBox::StandardButton button) {
-    return [button](QDialog& dialog) {
-      auto* const box = qobject_cast<QMessageBox*>(&dialog);
-      ASSERT_NE(box, nullptr);
-      box->button(button)->click();
-    };
+  static void sayOk(QDialog& box) {
+    dynamic_cast<QMessageBox&>(box).button(QMessageBox::Ok)->click();
   }
 
   std::string path() const { return folder.filePath("saved.ics").toStdString(); }
@@ -48,19 +43,6 @@ TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
   EXPECT_EQ(firstDifference(readFile(path()), golden("default-2008.ics")), "");
   // Nothing is kept from one run to the next, not even where the last file went.
   EXPECT_TRUE(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).isEmpty());
-}
-
-TEST_F(SavingTest, AnExistingFileIsReplacedOnlyWhenThePersonSaysSo) {
-  std::ofstream(path()) << "old";
-  whenAsked(saveAs(path()));
-  whenAsked(press(QMessageBox::No));
-  whenAsked([](QDialog& dialog) { dialog.reject(); });
-  person->press("GenerateButton");
-  EXPECT_EQ(readFile(path()), "old");
-  whenAsked(saveAs(path()));
-  whenAsked(press(QMessageBox::Yes));
-  person->press("GenerateButton");
-  EXPECT_TRUE(readFile(path()).starts_with("BEGIN:VCALENDAR\r\n"));
 }
 
 TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
@@ -84,7 +66,7 @@ TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
     whenAsked([&](QDialog& dialog) {
       whenAsked([&](QDialog& box) {
         EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text().toStdString(), row.told);
-        press(QMessageBox::Ok)(box);
+        sayOk(box);
       });
       saveAs(row.name)(dialog);
       EXPECT_TRUE(dialog.isVisible());
@@ -103,25 +85,12 @@ TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
     const QSize screen = box.screen()->availableSize();
     EXPECT_TRUE(box.width() <= screen.width() && box.height() <= screen.height());
     EXPECT_TRUE(box.text().startsWith("Cannot write to /xxx"));
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
     EXPECT_EQ(box.detailedText().toStdString(), told);
     EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName().toStdString(), told);
-    press(QMessageBox::Ok)(box);
+    sayOk(box);
   });
   person->toolkit().messageBox(String(told));
-}
-
-TEST_F(SavingTest, AFileThatCannotBeMadeIsToldAndTheWindowGoesOn) {
-  const std::string nowhere = folder.filePath("<b>no</b>/Veldrin.ics").toStdString();
-  whenAsked(saveAs(nowhere));
-  whenAsked([&](QDialog& dialog) {
-    EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).text().toStdString(),
-              "Cannot write to " + nowhere);
-    EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).textFormat(), Qt::PlainText);
-    press(QMessageBox::Ok)(dialog);
-  });
-  person->press("GenerateButton");
-  person->press("ForwardOneDay");
-  EXPECT_EQ(status().substr(0, 9), "6/22/2024");
 }
 
 }  // namespace

@@ -1,26 +1,31 @@
-"""A day and a calendar, made by typing, pressing and choosing."""
+"""A day and a calendar, made by typing, pressing and choosing on a desktop with German settings:
+dates are its own, numbers keep their point."""
 
 from case import ScreenTest
 from desktop import until
 
 # Inputs under which every step below changes the status, whatever today is.
-ELSEWHERE = ("--longitude=0", "--time-zone=-8", "--year=2012",
-             "--dst-start=3/11/2012", "--dst-end=11/4/2012")
+ELSEWHERE = ("--longitude=0.5", "--time-zone=-8", "--year=2012",
+             "--dst-start=11.3.2012", "--dst-end=31.12.2999")
 
 
 class DayTest(ScreenTest):
+    language = "de_DE.UTF-8"
+
     def test_inputs_count_in_the_status_and_in_the_calendar(self) -> None:
         self.click("combo box", "2008")
         self.click("list item", "2012")
         self.find("combo box", "2012")
-        self.await_text("Start Date", "3/11/2012")
-        self.await_text("End Date", "11/4/2012")
+        self.await_text("Start Date", "11.3.2012")
+        self.await_text("End Date", "4.11.2012")
 
-        self.click("text", "Longitude")
-        self.desktop.key("ctrl+a")
-        self.desktop.type("0")
         before = self.status()
-        self.await_text("Longitude", "0")
+        self.assertRegex(before, r"^\d+\.\d+\.\d{4}\nSunrise = \d\d:\d\d\nSunset = \d\d:\d\d$")
+        for name, text in (("End Date", "31.12.2999"), ("Longitude", "0.5")):
+            self.click("text", name)
+            self.desktop.key("ctrl+a")
+            self.desktop.type(text)
+            self.await_text(name, text)
         self.assertEqual(self.status(), before)
         self.desktop.key("Tab")
         self.await_status(*ELSEWHERE)

@@ -45,8 +45,3 @@ class SavingTest(ScreenTest):
         self.await_focus("File name:")
         self.program.terminate()
         self.assertEqual(self.ended(), (128 + signal.SIGTERM, ""))
-
-    def test_the_name_that_is_typed_is_the_file(self) -> None:
-        file = self.desktop.home / 'Tom "Sunny" Hill.ics'
-        self.save_as(str(file))
-        until(file.exists, "the file")

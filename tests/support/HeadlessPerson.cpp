@@ -1,14 +1,5 @@
-#include <gtest/gtest.h>
-
-#include "shell/CheckBox.h"
 #include "shell/MenuItem.h"
-#include "shell/PopupMenu.h"
-#include "shell/PushButton.h"
-#include "shell/Runtime.h"
-#include "shell/StaticText.h"
-#include "shell/TextField.h"
-#include "shell/Window.h"
-#include "tests/support/Person.h"
+#include "tests/support/RuntimeTest.h"
 #include "toolkits/headless/HeadlessToolkit.h"
 
 namespace veldrin::test {
@@ -37,22 +28,16 @@ class HeadlessPerson final : public Person {
   void closeWindow() override { window()->Close(); }
 
   std::string shown(std::string_view control) override {
-    const Ref<Control> found = at<Control>(control);
-    std::string text;
-    const bool hasText = read<TextField>(found, text) || read<PopupMenu>(found, text) ||
-                         read<StaticText>(found, text);
-    EXPECT_TRUE(hasText) << control;
-    return text;
+    return textOf(at<Control>(control), "Text");
   }
   bool isTicked(std::string_view box) override { return at<CheckBox>(box)->Value(); }
 
   std::string looks(std::string_view control) override {
     const Ref<RectControl> found = at<RectControl>(control);
-    const auto* const button = dynamic_cast<PushButton*>(found.get());
-    const auto* const style = dynamic_cast<TextStyle*>(found.get());
-    return described(button != nullptr ? std::string(button->Caption().view()) : shown(control),
+    const bool isButton = RuntimeObjectIsa(found.get(), PushButton::__Lookup());
+    return described(textOf(found, isButton ? "Caption" : "Text"),
                      {found->Left(), found->Top(), found->Width(), found->Height()},
-                     found->Visible(), style->Bold()) +
+                     found->Visible(), std::get<bool>(valueOf(found, "Bold").storage())) +
            described("", found->Enabled());
   }
   std::string menuLooks(std::string_view item) override {
@@ -68,11 +53,8 @@ class HeadlessPerson final : public Person {
   static Ref<T> at(std::string_view name) {
     return RuntimeWindowControlByName<T>(*window(), String(name));
   }
-  template <class T>
-  static bool read(const Ref<Control>& control, std::string& text) {
-    if (!RuntimeObjectIsa(control.get(), T::__Lookup())) return false;
-    text = CheckCast<T>(control)->Text().view();
-    return true;
+  static std::string textOf(const Ref<Object>& control, std::string_view key) {
+    return text(std::get<String>(valueOf(control, key).storage()));
   }
 
   HeadlessToolkit toolkit_;

@@ -6,11 +6,16 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "apps/VeldrinParts.h"
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
+#include "reflection/Introspection.h"
+#include "reflection/ReflectionClasses.h"
 #include "shell/Runtime.h"
+#include "shell/objects/ClassRecord.h"
+#include "shell/objects/PropertyAccess.h"
 #include "tests/support/FakeHost.h"
 #include "tests/support/MemoryItem.h"
 #include "tests/support/Person.h"
@@ -18,15 +23,20 @@
 
 namespace veldrin::test {
 
-/// A runtime with a person at it, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west
-/// with its daylight-saving hour.
-class RuntimeTest : public testing::Test {
+/// A person, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west with its
+/// daylight-saving hour.
+class PersonTest : public testing::Test {
  protected:
-  RuntimeTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
+  PersonTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
 
   FakeHost host;
   const std::unique_ptr<Person> person = newPerson();
   WatchedToolkit toolkit{*person};
+};
+
+/// The same with a runtime.
+class RuntimeTest : public PersonTest {
+ protected:
   Runtime runtime{host, toolkit};
 };
 
@@ -61,6 +71,14 @@ class WindowTest : public RuntimeTest {
     person->choose("WhichYear", years->ListCount() - 1);
   }
 
+  void fillIn(std::string_view year, std::string_view latitude, std::string_view longitude,
+              std::string_view zone) const {
+    choose(year);
+    type("Latitude", latitude);
+    type("Longitude", longitude);
+    type("TimeZone", zone);
+  }
+
   [[nodiscard]] std::string status() const { return person->shown("Status"); }
 
   /// What a press of the button writes.
@@ -70,6 +88,50 @@ class WindowTest : public RuntimeTest {
     person->press("GenerateButton");
     return *item->content;
   }
+};
+
+/// All classes built and nothing described yet; at the end every object is gone again.
+class ReflectionTest : public WindowTest {
+ protected:
+  void SetUp() override {
+    before_ = liveObjectCount();
+    WindowTest::SetUp();
+    initializeClasses();
+    initializeReflectionClasses();
+  }
+  void TearDown() override {
+    Introspection::finalizeReflection();
+    WindowTest::TearDown();
+    EXPECT_EQ(liveObjectCount(), before_);
+  }
+
+ private:
+  std::int64_t before_ = 0;
+};
+
+/// The classes of the form's controls.
+inline std::vector<ClassRecord*> controlClasses() {
+  return {Placard::__Lookup(),   StaticText::__Lookup(), PushButton::__Lookup(),
+          PopupMenu::__Lookup(), TextField::__Lookup(),  CheckBox::__Lookup()};
+}
+
+/// Binds a handler to an event of a class for as long as it lives. A control that has a handler of
+/// its own does not come to that of its class.
+class BoundEvent {
+ public:
+  template <class Handler>
+  BoundEvent(ClassRecord* record, const String& event, Handler handler)
+      : row_(record->eventRows.at(static_cast<std::size_t>(FindEvent(*record, event)))),
+        before_(row_.handler) {
+    row_.handler = reinterpret_cast<Function>(+handler);
+  }
+  BoundEvent(const BoundEvent&) = delete;
+  BoundEvent& operator=(const BoundEvent&) = delete;
+  ~BoundEvent() { row_.handler = before_; }
+
+ private:
+  EventRow& row_;
+  Function before_;
 };
 
 /// The program has a stack of a megabyte for as long as this lives.
@@ -101,6 +163,17 @@ std::string raisedBy(Call&& call) {
     return std::string(raised.exception->classRecord()->name.view());
   }
   return "";
+}
+
+/// Reads and writes a property by its name, as whoever has only the class's table does.
+inline Variant valueOf(const Ref<Object>& object, std::string_view key) {
+  const PropertyRow* const row = FindProperty(*object->classRecord(), key);
+  if (row == nullptr) return {};
+  return RuntimeGenericGetter(row->reflectionGet, row->getter, object.get(), row->fieldOffset);
+}
+inline void setValue(const Ref<Object>& object, std::string_view key, const Variant& value) {
+  const PropertyRow& row = *FindProperty(*object->classRecord(), key);
+  RuntimeGenericSetter(row.reflectionSet, row.setter, object.get(), row.fieldOffset, value);
 }
 
 inline std::string text(const String& string) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cctype>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -57,13 +58,6 @@ inline std::vector<Variant> valuesOf(const Ref<Object>& object) {
   return all;
 }
 
-/// Keys are compared without their case, and a whole stream with them.
-inline std::string lowered(std::string bytes) {
-  for (char& each : bytes)
-    each = static_cast<char>(each >= 'A' && each <= 'Z' ? each | 0x20 : each);
-  return bytes;
-}
-
 /// The rule that the reading of a stream breaks, "" where it keeps them all. Whatever the bytes
 /// are: what was read of them stands at their start, byte for byte; a fault lies behind that, with
 /// the key that stands there; and nothing of a fault is applied.
@@ -77,7 +71,10 @@ inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   Runtime::current()._WindowSupport.Windows.clear();
   const std::vector<Variant> before = valuesOf(object);
   const std::string sentence = faultOf(object, stream);
-  if (lowered(read) != lowered(stream.substr(0, read.size()))) return "the entries are others";
+  // Keys are compared without their case, and a whole stream with them.
+  const auto lower = [](unsigned char letter) { return std::tolower(letter); };
+  const bool same = std::ranges::equal(read, stream.substr(0, read.size()), {}, lower, lower);
+  if (!same) return "the entries are others";
   if (contents.fault.has_value() == (read.size() == stream.size())) return "a fault or none";
   if (contents.fault.has_value() == sentence.empty()) return "a sentence or none";
   if (!contents.fault) return "";

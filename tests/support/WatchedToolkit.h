@@ -37,23 +37,23 @@ class WatchedToolkit final : public Toolkit {
   bool ownMenuBar = false;
 
   /// What the message boxes said, in order.
-  [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
+  std::vector<String> messages;
   /// The exceptions that nothing caught.
-  [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
+  std::vector<Report> reports;
   /// How often a loop has yielded.
-  [[nodiscard]] std::int64_t backgroundTasks() const { return backgroundTasks_; }
+  std::int64_t backgroundTasks = 0;
   /// How often something of the menus has changed, and something of a window.
-  [[nodiscard]] int toldOfMenus() const { return toldOfMenus_; }
-  [[nodiscard]] int toldOfWindows() const { return toldOfWindows_; }
+  int toldOfMenus = 0;
+  int toldOfWindows = 0;
   /// What became of windows and the loop, in order, by the toolkit's own names for it.
-  [[nodiscard]] const std::vector<std::string_view>& steps() const { return steps_; }
+  std::vector<std::string_view> steps;
 
   void windowOpened(Window& window) override {
-    steps_.emplace_back("windowOpened");
+    steps.emplace_back("windowOpened");
     shown_.windowOpened(window);
   }
   void windowClosed(Window& window) override {
-    steps_.emplace_back("windowClosed");
+    steps.emplace_back("windowClosed");
     shown_.windowClosed(window);
   }
   void controlChanged(Control& control) override {
@@ -61,11 +61,11 @@ class WatchedToolkit final : public Toolkit {
     shown_.controlChanged(control);
   }
   void windowChanged(Window& window) override {
-    ++toldOfWindows_;
+    ++toldOfWindows;
     shown_.windowChanged(window);
   }
   void menusChanged() override {
-    ++toldOfMenus_;
+    ++toldOfMenus;
     shown_.menusChanged();
   }
   [[nodiscard]] bool hasOwnMenuBar() const override { return ownMenuBar; }
@@ -76,40 +76,34 @@ class WatchedToolkit final : public Toolkit {
     return answer;
   }
   void messageBox(const String& text) override {
-    messages_.push_back(text);
+    messages.push_back(text);
     shown_.messageBox(text);
   }
   void run() override {
     person_.runLoop(std::exchange(job, [] {}));
   }
   void quit() override {
-    steps_.emplace_back("quit");
+    steps.emplace_back("quit");
     shown_.quit();
   }
   void backgroundTask() override {
-    ++backgroundTasks_;
+    ++backgroundTasks;
     if (onBackgroundTask) onBackgroundTask();
     shown_.backgroundTask();
   }
   void reportUnhandledException(const RuntimeException& exception,
                                 const String& sentence) override {
-    reports_.push_back({exception.classRecord()->name, exception.ErrorNumber, sentence});
+    reports.push_back({exception.classRecord()->name, exception.ErrorNumber, sentence});
     shown_.reportUnhandledException(exception, sentence);
   }
   void reportFault(const String& sentence) override {
-    messages_.push_back(sentence);
+    messages.push_back(sentence);
     shown_.reportFault(sentence);
   }
 
  private:
   Person& person_;
   Toolkit& shown_;
-  std::vector<String> messages_;
-  std::vector<Report> reports_;
-  std::vector<std::string_view> steps_;
-  std::int64_t backgroundTasks_ = 0;
-  int toldOfMenus_ = 0;
-  int toldOfWindows_ = 0;
 };
 
 }  // namespace veldrin::test
