@@ -263,16 +263,16 @@ TEST_F(DifferentialTest, AYearIsWhatThePanelSaysOfItsDaysInOrder) {
       }
       if (source.oneIn(20)) {
         person->press("BackOneDay");
-        ASSERT_NE(status(), shown) << describe(inputs);
+        ASSERT_NE(status(), shown) << described();
         person->press("ForwardOneDay");
-        ASSERT_EQ(status(), shown) << describe(inputs);
+        ASSERT_EQ(status(), shown) << described();
       }
     }
-    ASSERT_EQ(firstDifference(year, expected + "END:VCALENDAR\r\n"), "") << describe(inputs);
+    ASSERT_EQ(firstDifference(year, expected + "END:VCALENDAR\r\n"), "") << described();
     // A zone to the west is the one a day further east.
     if (inputs.place.zone >= 0.0) continue;
     type("TimeZone", textOf(inputs.place.zone + 24.0));
-    ASSERT_EQ(firstDifference(generate(), year), "") << describe(inputs);
+    ASSERT_EQ(firstDifference(generate(), year), "") << described();
   }
 }
 

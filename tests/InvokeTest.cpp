@@ -35,10 +35,10 @@ class Values final : public Described<Values, Object> {
  public:
   static constexpr FixedString FullName = "Invoke.Test.Values";
   static void fillTable(ClassTable<Values>& table) {
-    const auto stored = [&]<auto... Fields>(const auto&... names) {
+    const auto fields = [&]<auto... Fields>(const auto&... names) {
       (table.property<Fields>(names), ...);
     };
-    stored.template operator()<&Values::b, &Values::i1, &Values::i2, &Values::i4, &Values::i8,
+    fields.template operator()<&Values::b, &Values::i1, &Values::i2, &Values::i4, &Values::i8,
                                &Values::u1, &Values::u2, &Values::u4, &Values::u8, &Values::f4,
                                &Values::f8, &Values::e, &Values::c, &Values::s, &Values::p,
                                &Values::object, &Values::date, &Values::texts, &Values::mode>(
@@ -194,9 +194,8 @@ TEST_F(InvokeTest, PropertyIsReachedOnObjectsOfItsClassAlone) {
   const Ref<Veldrin> view = window();
   width->Value(view, std::int32_t{321});
   EXPECT_EQ(width->Value(view), Variant(std::int32_t{321}));
-  for (const auto& [object, raised] :
-       {std::pair<Ref<Object>, const char*>(New<Date>(), "IllegalCastException"),
-        {nullptr, "NilObjectException"}}) {
+  for (const Ref<Object>& object : {Ref<Object>(New<Date>()), Ref<Object>()}) {
+    const char* const raised = object ? "IllegalCastException" : "NilObjectException";
     EXPECT_EQ(raisedBy([&] { static_cast<void>(width->Value(object)); }), raised);
     EXPECT_EQ(raisedBy([&] { width->Value(object, std::int32_t{1}); }), raised);
   }

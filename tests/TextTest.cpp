@@ -68,11 +68,9 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
     EXPECT_EQ(std::signbit(value), std::signbit(row.value));
     EXPECT_EQ(readNumber(row.text).value().length, row.length);
   }
-  for (const char* none : {"", "  ", "-", "- 5", "+-5", ".", "-.", ".e5", "e5", ",5", "nan", "inf",
-                           "-infinity", "\n5", "\u2212 5", "-\u22125", "\u2212-5",
-                           "\u2213"
-                           "5",
-                           "\xE2\x88"}) {
+  for (const char* none :
+       {"", "  ", "-", "- 5", "+-5", ".", "-.", ".e5", "e5", ",5", "nan", "inf", "-infinity", "\n5",
+        "\u2212 5", "-\u22125", "\u2212-5", "\u22135", "\xE2\x88"}) {
     EXPECT_EQ(Val(String(none)), 0.0) << none;
     EXPECT_FALSE(readNumber(none).has_value()) << none;
   }

@@ -130,14 +130,12 @@ using CommandTest = RuntimeTest;
 TEST_F(CommandTest, AnItemIsOfferedToWindowApplicationHandlerAndItself) {
   runtime.application = New<AskedApplication>();
   const struct {
-    std::string_view taker;
-    bool bound;
-    std::string_view asked;
-    bool quits;
-  } rows[] = {{"window", true, "window ", false},
-              {"application", true, "window application ", false},
-              {"", true, "window application handler ", false},
-              {"", false, "window application ", true}};
+    std::string_view taker, asked;
+    bool bound, quits;
+  } rows[] = {{"window", "window ", true, false},
+              {"application", "window application ", true, false},
+              {"", "window application handler ", true, false},
+              {"", "window application ", false, true}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.asked);
     const Ref<AskedWindow> view = New<AskedWindow>();
