@@ -22,7 +22,7 @@ void finalizeGlobals() {
   Runtime& runtime = Runtime::current();
   runtime._mImplicitWindowList = nullptr;
   runtime._WindowSupport.mDirtyWindows = nullptr;
-  runtime._WindowSupport.Windows.clear();
+  runtime.leaveWindows();
   Introspection::finalizeReflection();
   MenuBar1::_implicitInstance = nullptr;
   OutputFile::__Exit();

@@ -51,9 +51,12 @@ void Application::_CallFunctionWithExceptionHandling(void* function) {
 }
 
 bool Application::dealsWith(const Ref<RuntimeException>& exception) {
-  return RuntimeObjectIsa(exception.get(), EndException::__Lookup()) ||
-         RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
-         callHandler(*this, Events::UnhandledException, exception);
+  const bool dealt = RuntimeObjectIsa(exception.get(), EndException::__Lookup()) ||
+                     RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
+                     callHandler(*this, Events::UnhandledException, exception);
+  // Of a file that it has left incomplete nobody will be told.
+  if (dealt) Runtime::current().incomplete = String();
+  return dealt;
 }
 
 namespace {

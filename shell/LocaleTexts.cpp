@@ -64,9 +64,12 @@ std::string LocaleTexts::text(DateText which, const CivilMoment& moment) const {
   const std::string pattern = patternOf(which, patterns);
   std::size_t length =
       ::strftime_l(text.data(), text.size(), pattern.c_str(), &fields, locale_.get());
-  // A setting may have a place for the half of the day and no name for it.
+  // A setting may fill an hour up with a blank, or have a place for the half of the day and no name
+  // for it.
   while (length > 0 && text[length - 1] == ' ') --length;
-  return inUtf8({text.data(), length}, of(_NL_TIME_CODESET));
+  const std::size_t first = std::string_view(text.data(), length).find_first_not_of(' ');
+  const std::size_t blanks = std::min(first, length);
+  return inUtf8({text.data() + blanks, length - blanks}, of(_NL_TIME_CODESET));
 }
 
 }  // namespace veldrin

@@ -29,8 +29,16 @@ void QuitMenuItem::fillTable(ClassTable<QuitMenuItem>& table) {
 }
 
 void MenuItem::Append(const Ref<MenuItem>& item) {
+  if (item->contains(*this)) Raise<RuntimeException>();
   children_.push_back(item);
   changed();
+}
+
+bool MenuItem::contains(const MenuItem& item) const {
+  RuntimeStackCheck();
+  return this == &item || std::ranges::any_of(children_, [&](const Ref<MenuItem>& child) {
+           return child->contains(item);
+         });
 }
 
 Ref<MenuItem> MenuItem::Child(const String& name) const {

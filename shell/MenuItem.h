@@ -21,7 +21,8 @@ class MenuItem : public Described<MenuItem, Object> {
   /// Readies a new item.
   virtual void Constructor() {}
 
-  /// Adds the item at the end of this one's children.
+  /// Adds the item at the end of this one's children. Raises `NilObjectException` for nil, and
+  /// `RuntimeException` for an item that this one is itself or lies below.
   void Append(const Ref<MenuItem>& item);
   /// The direct child of that name, or nil.
   [[nodiscard]] Ref<MenuItem> Child(const String& name) const;
@@ -32,6 +33,8 @@ class MenuItem : public Described<MenuItem, Object> {
 
   /// The children in their order on the screen.
   [[nodiscard]] const std::vector<Ref<MenuItem>>& children() const { return children_; }
+  /// Whether the other is this item or lies below it at any depth.
+  [[nodiscard]] bool contains(const MenuItem& item) const;
   /// Whether the item is a line between others.
   [[nodiscard]] bool isSeparator() const { return Text() == "-"; }
 
@@ -50,6 +53,8 @@ class MenuItem : public Described<MenuItem, Object> {
   Live<String> Text{*this};  ///< "&" marks the letter of the mnemonic; "-" makes a separator
   Live<String> KeyboardShortcut{*this};  ///< such as "Cmd+Q"
   Live<bool> Checked{*this};             ///< shown with a tick
+  /// Until the items are enabled afresh, as they are before their menu opens: there `AutoEnable`
+  /// has the say, and whoever hears of "EnableMenuItems".
   Live<bool> Enabled{*this, true};
 
  private:

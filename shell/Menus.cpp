@@ -47,17 +47,10 @@ void workOut(const Ref<Window>& window, const MenuBar& bar) {
   if (application) application->_EnableMenuItems(all);
 }
 
-bool contains(const MenuItem& tree, const MenuItem& item) {
-  RuntimeStackCheck();
-  return &tree == &item || std::ranges::any_of(tree.children(), [&](const Ref<MenuItem>& child) {
-    return contains(*child, item);
-  });
-}
-
 bool isShown(const Runtime& runtime, const MenuItem& item) {
   const auto has = [&](const auto& owner) {
     const Ref<MenuBar> bar = owner->MenuBar();
-    return bar && contains(*bar, item);
+    return bar && bar->contains(item);
   };
   return (runtime.application && has(runtime.application)) ||
          std::ranges::any_of(runtime._WindowSupport.Windows, [&](const Ref<Window>& window) {
@@ -67,11 +60,16 @@ bool isShown(const Runtime& runtime, const MenuItem& item) {
 
 }  // namespace
 
+Ref<MenuBar> menuBarOf(const Window* window) {
+  const Runtime& runtime = Runtime::current();
+  const Ref<MenuBar> own = window == nullptr ? nullptr : window->MenuBar();
+  return own || !runtime.application ? own : runtime.application->MenuBar();
+}
+
 void EnableMenuItems() {
   Runtime& runtime = Runtime::current();
   const Ref<Window> window = frontWindow();
-  Ref<MenuBar> bar = window ? window->MenuBar() : nullptr;
-  if (!bar && runtime.application) bar = runtime.application->MenuBar();
+  const Ref<MenuBar> bar = menuBarOf(window.get());
   if (!bar) return;
   workOut(window, *bar);
   runtime.toolkit.menusChanged();

@@ -4,6 +4,12 @@
 
 namespace veldrin {
 
+class Window;
+
+/// The bar of menus that belongs to the window, its own or else the application's; that of the
+/// application for nil.
+Ref<MenuBar> menuBarOf(const Window* window);
+
 /// Works out afresh which items are enabled, those of the bar of the window in front or else of the
 /// application's, and tells the toolkit, once.
 void EnableMenuItems();

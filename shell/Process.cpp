@@ -48,6 +48,13 @@ void _RunFrameworkInitialization(Function startup) {
   Runtime::current().startup = startup;
 }
 
+/// Ends the application for the system. False where somebody has refused that.
+bool endsForTheSystem() {
+  if (endApplication()) return true;
+  forgetStop();
+  return false;
+}
+
 /// Runs the event loop once. True where the application has ended by that: an exception that it
 /// deals with lets the loop go on, and so does a window that does not close for the system.
 bool eventLoopEnds() {
@@ -60,13 +67,12 @@ bool eventLoopEnds() {
         askedToStop() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
     if (isStop) {
       if (!runtime.incomplete.isEmpty()) _UnhandledException(raised.exception);
-      return endApplication();
+      return endsForTheSystem();
     }
     if (!runtime.application || !runtime.application->dealsWith(raised.exception)) throw;
-    runtime.incomplete = String();
     ends = false;
   }
-  return takeStop() ? endApplication() : ends;
+  return takeStop() ? endsForTheSystem() : ends;
 }
 
 /// The start-up function, the application's "Open" and the event loop. What they raise comes out of

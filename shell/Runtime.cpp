@@ -18,9 +18,16 @@ Runtime::Runtime(Host& machine, Toolkit& drawing) : host(machine), toolkit(drawi
   std::signal(SIGPIPE, SIG_IGN);
 }
 
+void Runtime::leaveWindows() {
+  // A window whose menu handler is bound to the window itself would live on otherwise. Nothing here
+  // takes memory, of which there may be none.
+  auto& windows = _WindowSupport.Windows;
+  while (!windows.empty()) Ref<Window>(windows.back())->leave();
+}
+
 Runtime::~Runtime() {
   _WindowSupport.mDirtyWindows = nullptr;
-  _WindowSupport.Windows.clear();
+  leaveWindows();
   application = nullptr;
   detail::yieldingToolkit = nullptr;
   current_ = nullptr;

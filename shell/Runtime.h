@@ -27,6 +27,9 @@ class Runtime {
 
   /// The one that exists; having none is a fault of the program.
   static Runtime& current() { return *current_; }
+  /// Takes the windows that are still open down, without asking anybody.
+  void leaveWindows();
+
   /// Whether there is one; an object may outlive it.
   static bool exists() { return current_ != nullptr; }
 

@@ -58,6 +58,10 @@ int askedToStop() {
   return lastSignal;
 }
 
+void forgetStop() {
+  lastSignal = 0;
+}
+
 String nameOfStop() {
   switch (lastSignal) {
     case SIGTERM:

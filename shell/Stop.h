@@ -25,6 +25,9 @@ class StopWatch {
 /// The signal by which the system has asked the process to end, 0 for none.
 int askedToStop();
 
+/// The process goes on: nobody asks it to end any more.
+void forgetStop();
+
 /// Its name, such as "SIGTERM".
 String nameOfStop();
 

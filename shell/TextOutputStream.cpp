@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "shell/Runtime.h"
+#include "shell/Stop.h"
 #include "shell/objects/Failure.h"
 
 namespace veldrin {
@@ -63,6 +64,8 @@ void TextOutputStream::Write(const String& text) {
 
 void TextOutputStream::write(std::string_view text, std::string_view end) {
   lastErrorCode_ = file_ == nullptr ? EBADF : file_->write(text, end);
+  // A write that waited has been ended by the signal.
+  if (lastErrorCode_ != 0 && stopIsPending()) raiseStop();
   CheckForError();
 }
 

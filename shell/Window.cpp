@@ -29,6 +29,8 @@ void Window::fillTable(ClassTable<Window>& table) {
   table.method<&Window::_AddMenuHandler>("_AddMenuHandler"_s);
   table.method<&Window::_EnableMenuItems>("_EnableMenuItems"_s);
   table.method<&Window::_HandleMenuCommand>("_HandleMenuCommand"_s);
+  table.plainMethod<&Window::_AddDirtyWindow>("_AddDirtyWindow"_s);
+  table.property<&Window::_mMenuHandlers>("_mMenuHandlers"_s, Private);
   table.property<&Window::MenuBar>("MenuBar"_s);
   table.property<&Window::Placement>("Placement"_s);
   table.property<&Window::Width>("Width"_s);
@@ -59,7 +61,7 @@ void Window::__Init() {
 
 void Window::__Exit() {
   if (std::exchange(open_, false)) Runtime::current().toolkit.windowClosed(*this);
-  for (const Ref<Control>& control : std::vector(_mControlList)) _RemoveControl(control);
+  while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
 }
 
 void Window::changed() {
@@ -81,7 +83,6 @@ void Window::Constructor() {
     open_ = true;
     Runtime::current().toolkit.windowOpened(*this);
   } catch (...) {
-    for (const Ref<Control>& control : std::vector(_mControlList)) _RemoveControl(control);
     leave();
     throw;
   }
@@ -121,6 +122,7 @@ void Window::_RemoveControl(const Ref<Control>& control) {
     _mControlNames.erase(_mControlNames.begin() + place);
     _mControlList.erase(_mControlList.begin() + place);
   }
+  if (removed && open_) Runtime::current().toolkit.controlChanged(*removed);
 }
 
 namespace {
@@ -134,7 +136,7 @@ void leaveRuntime(const Ref<Window>& window) {
       windows.erase(entry);
       break;
     }
-    RuntimeBackgroundTask();
+    repaint();
   }
   const Ref<Dictionary>& dirty = runtime._WindowSupport.mDirtyWindows;
   if (dirty && dirty->HasKey(Ref<Object>(window))) dirty->Remove(Ref<Object>(window));
@@ -169,7 +171,7 @@ bool Window::_UnifiedClose(bool quitting) {
   if (std::exchange(open_, false)) Runtime::current().toolkit.windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
-    RuntimeBackgroundTask();
+    repaint();  // a window that is half closed is not left by a signal
   }
   leave();
   if (!quitting) endWithTheLastWindow();
@@ -179,9 +181,7 @@ bool Window::_UnifiedClose(bool quitting) {
 void Window::leave() {
   closed_ = true;
   if (std::exchange(open_, false)) Runtime::current().toolkit.windowClosed(*this);
-  places_ = {};
-  _mControlNames.clear();
-  _mControlList.clear();
+  while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
   _mMenuHandlers = nullptr;  // a handler may be bound to this very window
   leaveRuntime(Ref<Window>(this));
 }
@@ -216,10 +216,14 @@ bool Window::callMenuHandler(const String& name) {
   return true;
 }
 
+bool Window::hasMenuHandler(const String& name) const {
+  return _mMenuHandlers && _mMenuHandlers->HasKey(name);
+}
+
 void Window::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items) {
   callHandler(*this, Events::EnableMenuItems);
   for (const Ref<MenuItem>& item : items->elements) {
-    if (_mMenuHandlers && _mMenuHandlers->HasKey(item->Name)) item->Enable();
+    if (hasMenuHandler(item->Name)) item->Enable();
     RuntimeBackgroundTask();
   }
 }

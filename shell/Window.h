@@ -95,6 +95,8 @@ class Window : public Described<Window, Object> {
   /// is being closed already. A closed window has nothing left to do. With the last window the
   /// application may end, see `Application::AutoQuit`.
   bool _UnifiedClose(bool quitting);
+  /// Takes the window from the toolkit and from the open ones, without asking or telling it.
+  void leave();
 
   /// A property that the toolkit is told of while the window is open.
   template <class T>
@@ -118,6 +120,8 @@ class Window : public Described<Window, Object> {
   void _AddMenuHandler(const String& name, const Ref<Delegate>& handler);
   /// Calls the handler that is bound to the menu item of that name; false where there is none.
   bool callMenuHandler(const String& name);
+  /// Whether the menu item of that name has been bound, be it to nil.
+  [[nodiscard]] bool hasMenuHandler(const String& name) const;
   /// Raises "EnableMenuItems" and enables those of the items that have a handler of the window.
   void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
   /// The first that is asked to handle a menu item that a person has chosen. This one does nothing
@@ -160,8 +164,6 @@ class Window : public Described<Window, Object> {
   /// Tells the toolkit of a change made by the program.
   void changed();
   void raiseTheOpening();
-  /// Takes the window from the toolkit and from the open ones.
-  void leave();
 
   std::vector<String> _mControlNames;  ///< by which the controls were entered
   /// Where a name was found the last time, counted from 1, by the address of its record: a hint

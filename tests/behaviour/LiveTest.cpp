@@ -74,6 +74,8 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
   }
   const int told = toolkit.toldOfMenus;
   const Ref<MenuBar> other = New<MenuBar>();
+  EXPECT_EQ(raisedBy([&] { menu->Append(nullptr); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([&] { menu->Append(view->FileMenu()); }), "RuntimeException");
   other->Append(menu);
   EXPECT_EQ(toolkit.toldOfMenus, told);  // nobody sees that one yet
   view->MenuBar(other);

@@ -264,11 +264,24 @@ TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
     EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n"));
     EXPECT_LT(item->content->size(), 2000U);
     item->content->clear();
+    // While the window closes already.
+    EXPECT_EQ(run([&] {
+                toolkit.onBackgroundTask = [&, raised = false]() mutable {
+                  if (!std::exchange(raised, true)) std::raise(signal);
+                };
+                person->closeWindow();
+                toolkit.onBackgroundTask = nullptr;
+              }),
+              128 + signal);
+    EXPECT_EQ(toolkit.steps.back(), "quit");
   }
-  EXPECT_EQ(closed, 6);
+  EXPECT_EQ(closed, 9);
   ASSERT_EQ(toolkit.reports.size(), 3U);
   EXPECT_EQ(text(toolkit.reports[0].sentence),
             "/memory/item.ics is incomplete: stopped by SIGTERM");
+  // One that is refused is forgotten.
+  const BoundEvent refuses(App::__Lookup(), "CancelClose"_s, [](Object*) { return true; });
+  EXPECT_EQ(run([] { std::raise(SIGTERM); }), 0);
 }
 
 TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
@@ -307,6 +320,9 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
     const std::size_t reportsBefore = toolkit.reports.size();
     EXPECT_EQ(run([&] {
                 person->press("ForwardOneDay");  // no field is left by what follows
+                window()->_AddMenuHandler(
+                    "FileQuit"_s, RuntimeCreateDelegate(
+                                      &Delegate::Invoke, [] {}, window(), DelegateSignature));
                 const String missing(std::string_view(row.missing));
                 window()->_RemoveControl(RuntimeWindowControlByName<Control>(*window(), missing));
                 const Ref<MemoryItem> full = New<MemoryItem>();

@@ -54,6 +54,34 @@ TEST_F(ActsOnDesktopTest, KeysPressTickAndChoose) {
   EXPECT_EQ(person->shown("DSTEnd"), "11/1/2009");
 }
 
+TEST_F(ActsOnDesktopTest, AKeyOfTheMenusIsAChoiceInThem) {
+  static int chosen;
+  chosen = 0;
+  const Ref<Delegate> count = RuntimeCreateDelegate(
+      &Delegate::Invoke, [] { ++chosen; }, nullptr, DelegateSignature);
+  QGuiApplication::clipboard()->setText("before");
+  field("Latitude").setFocus();
+  field("Latitude").selectAll();
+  const auto copy = [] { QTest::keyClick(&field("Latitude"), Qt::Key_C, Qt::ControlModifier); };
+  window()->_AddMenuHandler("EditCopy"_s, count);
+  copy();
+  EXPECT_EQ(chosen, 1);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
+  // It is offered though there is nothing that could be copied.
+  field("Latitude").deselect();
+  copy();
+  EXPECT_EQ(chosen, 2);
+  // What the program keeps from being chosen is not done by its key either.
+  field("Latitude").selectAll();
+  window()->_AddMenuHandler("EditCopy"_s, nullptr);
+  copy();
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "47.5");
+  window()->EditSelectAll()->AutoEnable = false;
+  field("Latitude").deselect();
+  QTest::keyClick(&field("Latitude"), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_FALSE(field("Latitude").hasSelectedText());
+}
+
 TEST_F(ActsOnDesktopTest, WhatIsDroppedIsLeftLikeWhatIsTyped) {
   widget("BackOneDay").setFocus();
   field("Latitude").setCursorPosition(0);

@@ -87,5 +87,59 @@ TEST(NoDisplayTest, TheProgramSaysSoInOneSentenceAndEndsWithStatus1) {
   }
 }
 
+TEST_F(FormOnDesktopTest, AFieldKeepsWhatThePersonWasAboutUnderAChange) {
+  const Ref<TextField> field = window()->Latitude();
+  QLineEdit& shown = QtTest::field("Latitude");
+  shown.setFocus();
+  QTest::keyClicks(&shown, "12");
+  shown.setSelection(0, 1);
+  field->Top(field->Top() + 1);
+  field->Bold(true);
+  EXPECT_EQ(shown.selectedText(), "1");
+  EXPECT_TRUE(shown.isUndoAvailable());
+  // What no letter stands for stays as the program has written it.
+  field->Text(String("\xFF"));
+  EXPECT_EQ(text(field->Text()), "\xFF");
+  const double points = shown.font().pointSizeF();
+  for (const float size : {5.0F, 1e30F, 0.0F}) {
+    field->TextSize(size);
+    EXPECT_LE(shown.font().pointSizeF(), size == 5.0F ? 5.0 : 2 * points) << size;
+  }
+  EXPECT_EQ(shown.font().pointSizeF(), points);
+}
+
+TEST_F(FormOnDesktopTest, AControlThatLeavesTheWindowGoesFromTheScreen) {
+  const Ref<Veldrin> view = window();
+  view->_AddControl("Second"_s, view->Latitude());
+  reopen();
+  const QWidget& shown = widget("Latitude");
+  ASSERT_TRUE(shown.isVisible());
+  window()->_RemoveControl(window()->Latitude());
+  EXPECT_FALSE(shown.isVisible());
+  // Beside a field a "&" is a letter like any other.
+  const Ref<StaticText> label = window()->StaticText2();
+  label->Text("R&D"_s);
+  EXPECT_EQ(widget<QLabel>("StaticText2").text(), "R&&D");
+}
+
+TEST_F(FormOnDesktopTest, TheWindowHearsWhatTheDesktopDoesWithIt) {
+  static std::string heard;
+  heard.clear();
+  ClassRecord* const record = Veldrin::__Lookup();
+  const BoundEvent bound[] = {
+      {record, "KeyDown"_s, [](Object*, const String& key) { return heard += text(key), true; }},
+      {record, "Moved"_s, [](Object*) { heard += " moved"; }},
+      {record, "Minimize"_s, [](Object*) { heard += " small"; }},
+      {record, "Restore"_s, [](Object*) { heard += " large"; }},
+      {PushButton::__Lookup(), "LostFocus"_s, [](Object*) { heard += " left"; }}};
+  widget("BackOneDay").setFocus();
+  QTest::keyClicks(&widget("BackOneDay"), "x");
+  widget("WhichYear").setFocus();
+  QtPerson::window().move(30, 40);
+  QtPerson::window().showMinimized();
+  QtPerson::window().showNormal();
+  EXPECT_EQ(heard, "x left moved small large");
+}
+
 }  // namespace
 }  // namespace veldrin::test

@@ -4,6 +4,7 @@
 #include <exception>
 #include <utility>
 
+#include "shell/Runtime.h"
 #include "shell/Window.h"
 
 namespace veldrin {
@@ -12,10 +13,11 @@ namespace veldrin {
 /// handler is kept here, ends the event loop, and is raised again behind it.
 class Delivery {
  public:
-  /// Runs what comes of an act. Nothing runs inside a handler, nor after one that has failed.
+  /// Runs what comes of an act. Nothing runs inside a handler, nor after one that has failed, nor
+  /// when the runtime has gone.
   template <class Act>
   void deliver(Act&& act) {
-    if (held_ || raised_) return;
+    if (held_ || raised_ || !Runtime::exists()) return;
     const Hold hold(*this);
     guard(std::forward<Act>(act));
   }

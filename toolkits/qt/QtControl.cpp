@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <algorithm>
 
 #include "toolkits/qt/LineColour.h"
 #include "toolkits/qt/QtButton.h"
@@ -58,9 +59,14 @@ void QtControl::follow() {
   }
   followKind();
   colour();
-  if (written_ && (ownPoints() > 0.0 || styled(shared_) != styled_)) write(shared_);
+  const bool isSized = sized_ || ownPoints() > 0.0;
+  if (written_ && (isSized || styled(shared_) != styled_)) write(shared_);
   shown.setEnabled(rect.Enabled());
   shown.setVisible(rect.Visible());
+}
+
+void QtControl::leave(Delivery& delivery) {
+  delivery.deliver(*control_, [this] { control_->userLeft(); });
 }
 
 double QtControl::ownPoints() {
@@ -98,11 +104,14 @@ bool QtControl::fits(const QFont& font) {
 
 void QtControl::write(const QFont& font) {
   constexpr double Step = 0.25;  // points
+  constexpr double Largest = 200.0;
   written_ = true;
   shared_ = font;
   styled_ = styled(font);
   QFont own = styled_;
-  if (double points = ownPoints(); points > 0.0) {
+  double points = std::min(ownPoints(), Largest);
+  sized_ = points > 0.0;
+  if (sized_) {
     own.setPointSizeF(points);
     while (points > Step && !showsWhole(own)) own.setPointSizeF(points -= Step);
   }

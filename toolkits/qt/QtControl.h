@@ -12,18 +12,7 @@ namespace veldrin {
 
 /// A control of a window as Qt shows it. The widget is the window's; it goes with it.
 ///
-/// The widget follows the properties of its control, but for these, which are kept only:
-///
-/// | property | reason |
-/// |---|---|
-/// | `Name`, `Index`, `TabPanelIndex`, `DataSource`, `DataField` | they are there for the program |
-/// | the locks | the content of the window keeps its size |
-/// | `AutoDeactivate`, `UseFocusRing` | the desktop's style decides how a control looks |
-/// | `Default`, `Cancel` | Return and Escape press no button of the form |
-/// | `MultiLine` | a carriage return breaks the line of any text |
-/// | `Format`, `Mask`, `AcceptTabs` | a field takes any letter, and Tab leaves it |
-/// | `State` where it is neither | a box of the desktop has a tick or none |
-/// | `Value` of a panel | a panel is a frame, and cannot be pressed |
+/// The widget follows the properties of its control, but for those that `QtWindow` lists.
 class QtControl {
  public:
   QtControl(const QtControl&) = delete;
@@ -48,6 +37,9 @@ class QtControl {
 
   /// Gives the control the name that a screen reader says.
   virtual void call(const QString& name) { widget().setAccessibleName(name); }
+
+  /// The focus has gone elsewhere for good.
+  virtual void leave(Delivery& delivery);
 
   /// Makes the control the name of the field, if it is a label that stands beside it.
   virtual void nameField(QtControl& /*field*/) {}
@@ -79,6 +71,7 @@ class QtControl {
   Ref<RectControl> control_;
   const TextStyle* style_;
   bool written_ = false;  ///< in a font of the window
+  bool sized_ = false;    ///< in a size of its own by then
   QFont shared_;          ///< that font
   QFont styled_;          ///< it in the control's style
   QPalette colours_;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QSignalBlocker>
 #include <QStyleOptionFrame>
 #include <algorithm>
 #include <limits>
@@ -45,10 +46,13 @@ void QtField::takeFirstFocus() {
 }
 
 void QtField::followKind() {
-  // To set a text is to forget what could be undone, so the same text is not set again.
+  // To set a text or its limit is to forget what could be undone, so the same is not set again.
   const QString wanted = toQt(field_->Text());
-  const int limit = field_->LimitText() > 0 ? field_->LimitText() : std::numeric_limits<int>::max();
-  setMaxLength(std::max(limit, static_cast<int>(wanted.size())));
+  const int asked = field_->LimitText() > 0 ? field_->LimitText() : std::numeric_limits<int>::max();
+  const int limit = std::max(asked, static_cast<int>(wanted.size()));
+  // What the program writes is kept as it is, also where it shows as something else.
+  const QSignalBlocker nothingIsTyped(this);
+  if (limit != maxLength()) setMaxLength(limit);
   setReadOnly(field_->ReadOnly());
   setFrame(field_->Border());
   setEchoMode(field_->Password() ? QLineEdit::Password : QLineEdit::Normal);
@@ -86,14 +90,13 @@ void QtField::focusOutEvent(QFocusEvent* event) {
     return;
   }
   QLineEdit::focusOutEvent(event);
-  delivery_.deliver(*field_, [this] { field_->userLeft(); });
 }
 
 void QtField::focusMoved(const QWidget* widget) {
   // A menu that keeps the focus, or hands it on to another, has taken it for good.
   if (!lent_ || widget == this || isMenu(widget)) return;
   lent_ = false;
-  delivery_.deliver(*field_, [this] { field_->userLeft(); });
+  leave(delivery_);
 }
 
 void QtField::dropEvent(QDropEvent* event) {

@@ -28,7 +28,13 @@ void QtLabel::nameField(QtControl& field) {
   const bool isBeside = text_->InitialParent() == named.InitialParent() &&
                         text_->Left() + text_->Width() <= named.Left() && middle >= named.Top() &&
                         middle < named.Top() + named.Height();
-  if (isBeside && buddy() == nullptr) setBuddy(&field.widget());
+  if (!isBeside || buddy() != nullptr) return;
+  setBuddy(&field.widget());
+  followKind();
+}
+
+QString QtLabel::lines() const {
+  return toQt(text_->Text()).replace('\r', '\n');
 }
 
 void QtLabel::colourKind(QPalette& palette) const {
@@ -38,7 +44,8 @@ void QtLabel::colourKind(QPalette& palette) const {
 
 void QtLabel::followKind() {
   setAlignment(alignmentOf(*text_));
-  const QString shown = toQt(text_->Text()).replace('\r', '\n');
+  // Beside a field a "&" would mark a letter to reach it by.
+  const QString shown = buddy() == nullptr ? lines() : lines().replace('&', "&&");
   if (shown == this->text()) return;
   [[maybe_unused]] const bool isNews = !this->text().isEmpty();
   setText(shown);
@@ -51,7 +58,7 @@ void QtLabel::followKind() {
 }
 
 bool QtLabel::showsWhole(const QFont& font) const {
-  return textFits(font, this->text(), contentsRect().size());
+  return textFits(font, lines(), contentsRect().size());
 }
 
 }  // namespace veldrin

@@ -22,6 +22,9 @@ class QtLabel final : public QLabel, public QtControl {
   void colourKind(QPalette& palette) const override;
 
  private:
+  /// The text, with lines as Qt breaks them.
+  [[nodiscard]] QString lines() const;
+
   Ref<StaticText> text_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <algorithm>
 #include <utility>
 
 #include "shell/Menus.h"
@@ -57,7 +58,7 @@ void QtMenus::fill(QMenu* menu, const MenuItem& items) {
     if (menu == nullptr || !item->children().empty()) {
       QMenu* const made = menu == nullptr ? bar_.addMenu(QString()) : menu->addMenu(QString());
       made->setObjectName(toQt(item->Name));
-      entries_.push_back({item, made->menuAction(), nullptr});
+      entries_.push_back({item, made->menuAction()});
       QObject::connect(made, &QMenu::aboutToShow, made, [this] { enable(); });
       fill(made, *item);
     } else if (item->isSeparator()) {
@@ -65,7 +66,7 @@ void QtMenus::fill(QMenu* menu, const MenuItem& items) {
     } else {
       QAction* const action = menu->addAction(QString());
       action->setObjectName(toQt(item->Name));
-      const Entry entry{item, action, editingCommand(item->Name)};
+      const Entry entry{item, action};
       entries_.push_back(entry);
       QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
     }
@@ -74,7 +75,10 @@ void QtMenus::fill(QMenu* menu, const MenuItem& items) {
 
 void QtMenus::show(const Entry& entry) const {
   const MenuItem& item = *entry.item;
-  const bool possible = entry.command == nullptr || editing_.possible(*entry.command);
+  const EditingCommand* const command = editingCommand(item.Name);
+  const Ref<Window> window = frontWindow();
+  const bool isBound = window && window->hasMenuHandler(item.Name);
+  const bool possible = command == nullptr || isBound || editing_.possible(*command);
   entry.action->setText(toQt(item.Text()));
   entry.action->setShortcut(shortcutOf(item));
   entry.action->setCheckable(item.Checked());
@@ -87,9 +91,18 @@ void QtMenus::enable() const {
   for (const Entry& entry : entries_) show(entry);
 }
 
+bool QtMenus::hasShortcut(const QKeySequence& keys) const {
+  const bool has = std::ranges::any_of(
+      entries_, [&](const Entry& entry) { return entry.action->shortcut() == keys; });
+  // What is possible may have changed since a menu was opened.
+  if (has) enable();
+  return has;
+}
+
 void QtMenus::choose(const Entry& entry) const {
   delivery_.deliver([&] {
-    if (!entry.item->userChose() && entry.command != nullptr) editing_.carryOut(*entry.command);
+    const EditingCommand* const command = editingCommand(entry.item->Name);
+    if (!entry.item->userChose() && command != nullptr) editing_.carryOut(*command);
   });
   entry.action->setChecked(entry.item->Checked());  // Qt has turned the tick round
 }

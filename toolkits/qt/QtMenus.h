@@ -20,6 +20,9 @@ class QtMenus {
   /// chosen now. With nil, no bar.
   void follow(const Ref<MenuBar>& root);
 
+  /// Whether an item has the shortcut; whether that can be chosen is worked out afresh.
+  [[nodiscard]] bool hasShortcut(const QKeySequence& keys) const;
+
  private:
   /// An item, in the place that it has in the tree.
   struct Place {
@@ -32,7 +35,6 @@ class QtMenus {
   struct Entry {
     Ref<MenuItem> item;
     QAction* action;
-    const EditingCommand* command;  ///< nil for an item that is none
   };
 
   static void gather(const MenuItem& menu, int depth, std::vector<Place>& places);

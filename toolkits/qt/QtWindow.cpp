@@ -50,15 +50,18 @@ void QtWindow::follow() {
 }
 
 void QtWindow::followMenus() {
-  const Ref<MenuBar> bar = window_->MenuBarVisible() ? window_->MenuBar() : nullptr;
+  const Ref<MenuBar> bar = window_->MenuBarVisible() ? menuBarOf(window_) : nullptr;
   if (bar && !menus_) menus_ = std::make_unique<QtMenus>(*menuBar(), delivery_, editing_);
   if (menus_) menus_->follow(bar);
 }
 
 void QtWindow::makeControls() {
   for (const Ref<Control>& control : window_->controls()) {
+    if (shownAs(*control) != nullptr) continue;  // it has been entered under two names
     QtControl* const made = makeQtControl(control, delivery_, *content_);
-    if (made != nullptr) controls_.emplace_back(control.get(), made);
+    if (made == nullptr) continue;
+    controls_.emplace_back(control.get(), made);
+    made->widget().installEventFilter(this);
   }
 }
 
@@ -111,7 +114,13 @@ QtControl* QtWindow::shownAs(const Control& control) const {
 void QtWindow::follow(const Control& control) {
   QtControl* const shown = shownAs(control);
   if (shown == nullptr) return;
-  shown->follow();
+  if (control.Window().get() == window_) {
+    shown->follow();
+  } else {
+    std::erase_if(controls_, [&](const auto& each) { return each.second == shown; });
+    shown->widget().hide();
+    shown->widget().deleteLater();  // it may be the one that somebody uses
+  }
   chainFocus();
 }
 
@@ -124,6 +133,29 @@ void QtWindow::closeEvent(QCloseEvent* event) {
   // The window goes when the system says that it does.
   event->ignore();
   if (window_ != nullptr) delivery_.deliver([this] { window_->Close(); });
+}
+
+bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (window_ == nullptr) return false;
+  const QEvent::Type type = event->type();
+  if (type == QEvent::FocusOut) {
+    const auto reason = static_cast<QFocusEvent*>(event)->reason();
+    const bool isLent = reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason;
+    if (!isLent) leave(*watched);
+    return false;
+  }
+  if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
+  auto& key = *static_cast<QKeyEvent*>(event);
+  if (!menus_ || !menus_->hasShortcut(key.keyCombination())) return false;
+  // A key of the menus is theirs, also where the field would know what to do with it.
+  key.setAccepted(type == QEvent::KeyPress);
+  return true;
+}
+
+void QtWindow::leave(const QObject& widget) {
+  for (const auto& each : controls_) {
+    if (&each.second->widget() == &widget) each.second->leave(delivery_);
+  }
 }
 
 bool QtWindow::event(QEvent* event) {

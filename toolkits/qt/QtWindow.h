@@ -21,15 +21,28 @@ struct SpokenName {
 
 /// A window of the system on the desktop: menu bar above, content of fixed size below.
 ///
-/// It follows the title, the size of the content, whether it shows, and the bar of menus. What else
-/// the window has is taken as it stands when the window opens, and kept only after that:
+/// It follows the title, the size of the content, whether it shows, the bar of menus, and the
+/// properties of its controls and menu items, but for these. They are taken as they stand when the
+/// window opens or a menu is used, and kept only after that:
 ///
 /// | property | reason |
 /// |---|---|
+/// | of a window: | |
 /// | the three buttons, `Resizeable` | the frame is the window manager's, who is told once |
 /// | `Placement`, `Frame`, `Composite`, `MacProcId` | the desktop has one kind, and places it |
 /// | `FullScreen`, `LiveResize`, `MinWidth` and its kin | the content keeps its size |
 /// | `HasBackColor`, `BackColor` | the desktop's texts show on its own background |
+/// | of a control: | |
+/// | `Name`, `Index`, `TabPanelIndex`, `DataSource`, `DataField` | they are there for the program |
+/// | the locks | the content of the window keeps its size |
+/// | `AutoDeactivate`, `UseFocusRing` | the desktop's style decides how a control looks |
+/// | `Default`, `Cancel` | Return and Escape press no button of the form |
+/// | `MultiLine` | a carriage return breaks the line of any text |
+/// | `Format`, `Mask`, `AcceptTabs` | a field takes any letter, and Tab leaves it |
+/// | `State` where it is neither | a box of the desktop has a tick or none |
+/// | `Value` of a panel | a panel is a frame, and cannot be pressed |
+/// | of a menu item: | |
+/// | `Name`, `AutoEnable` | they are read when its menu opens and when it is chosen |
 ///
 /// Which label names a field is found when the window opens, too, and controls that come later have
 /// no widget.
@@ -50,6 +63,7 @@ class QtWindow final : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -57,6 +71,8 @@ class QtWindow final : public QMainWindow {
   void nameControls(std::span<const SpokenName> names);
   void chainFocus();
   void fitFont();
+  /// The focus has left the widget of a control.
+  void leave(const QObject& widget);
   void raise(const Event<void()>& event);
   [[nodiscard]] QtControl* shownAs(const Control& control) const;
 

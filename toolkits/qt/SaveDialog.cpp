@@ -64,10 +64,11 @@ QString SaveDialog::reasonAgainst(const QString& path) {
 
 bool SaveDialog::mayReplace(const QString& path) {
   const QString question = "%1 already exists.\nDo you want to replace it?";
-  const auto answer =
-      QMessageBox::warning(this, windowTitle(), question.arg(QFileInfo(path).fileName()),
-                           QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-  return answer == QMessageBox::Yes;
+  QMessageBox box(QMessageBox::Warning, windowTitle(), question.arg(QFileInfo(path).fileName()),
+                  QMessageBox::Yes | QMessageBox::No, this);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
 }
 
 }  // namespace veldrin
