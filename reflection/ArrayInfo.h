@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "reflection/TypeInfo.h"
 #include "shell/objects/Dictionary.h"
 

@@ -1,6 +1,7 @@
 #include "reflection/ClassInfo.h"
 
 #include <utility>
+#include <vector>
 
 #include "reflection/ConstructorInfo.h"
 #include "reflection/Introspection.h"

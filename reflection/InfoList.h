@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <vector>
 
 #include "shell/objects/Array.h"
 #include "shell/objects/NewArray.h"
@@ -18,6 +19,7 @@ void append(InfoList<Info>& list, const Ref<Derived>& info) {
   list->elements.push_back(info);
 }
 
+/// The descriptions in the list, none for nil.
 template <class Info>
 std::span<const Ref<Info>> itemsOf(const InfoList<Info>& list) {
   return list ? std::span<const Ref<Info>>(list->elements) : std::span<const Ref<Info>>();

@@ -1,6 +1,7 @@
 #include "reflection/Introspection.h"
 
 #include <array>
+#include <string_view>
 
 #include "reflection/ArrayInfo.h"
 #include "reflection/ClassInfo.h"

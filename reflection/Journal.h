@@ -9,8 +9,8 @@ namespace veldrin::Introspection {
 /// What is entered in the maps of descriptions while one of them is being made. A class enters
 /// itself before it is complete, so that a type which refers to itself finds itself; where an
 /// exception ends the making, everything that was entered since it began is taken back, and the
-/// next lookup makes it anew. A nested journal is taken
-/// back with the outer one.
+/// next lookup makes it anew. A nested journal is taken back with the outer
+/// one.
 class Journal {
  public:
   Journal() : start_(begin()) {}

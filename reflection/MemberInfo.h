@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <span>
+#include <string_view>
+
 #include "reflection/AttributeInfo.h"
 
 namespace veldrin::Introspection {

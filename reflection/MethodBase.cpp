@@ -1,5 +1,7 @@
 #include "reflection/MethodBase.h"
 
+#include <string_view>
+
 #include "reflection/NewInfo.h"
 #include "shell/objects/TypeCodeGrammar.h"
 

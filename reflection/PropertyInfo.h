@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "reflection/TypeInfo.h"
 
 namespace veldrin::Introspection {

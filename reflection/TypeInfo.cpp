@@ -1,5 +1,7 @@
 #include "reflection/TypeInfo.h"
 
+#include <string_view>
+
 #include "reflection/ConstructorInfo.h"
 #include "reflection/MethodInfo.h"
 #include "reflection/PropertyInfo.h"

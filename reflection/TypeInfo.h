@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "reflection/MemberInfo.h"
 
 namespace veldrin::Introspection {

@@ -80,7 +80,12 @@ String FileType::Operator_Convert() {
 }
 
 void FileType::Register() {
-  if (mRegistered || !Runtime::exists()) return;
+  if (!Runtime::exists()) return;
+  // A type may have outlived the runtime that knew it.
+  const auto& known = Runtime::current().fileTypes;
+  mRegistered =
+      mRegistered && std::ranges::find(known, this, &RegisteredFileType::owner) != known.end();
+  if (mRegistered) return;
   RuntimeRegisterFileType(mName, mMacCreator, mMacType, mExtension, this);
   mRegistered = true;
 }

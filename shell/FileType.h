@@ -65,7 +65,8 @@ struct RegisteredFileType {
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
                              const String& extensions, const FileType* owner);
 
-/// Takes away what the owner has registered, under that name. Without a runtime there is nothing.
+/// Takes away what the owner has registered, whatever its name has been since. Without a runtime
+/// there is nothing.
 void RuntimeDeregisterFileType(const String& name, const FileType* owner);
 
 /// The type of that name that was registered first, or nil.

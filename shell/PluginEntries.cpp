@@ -1,6 +1,9 @@
 #include "shell/PluginEntries.h"
 
 #include <array>
+#include <cstddef>
+#include <string_view>
+#include <vector>
 
 #include "shell/Runtime.h"
 

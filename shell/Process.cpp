@@ -1,6 +1,7 @@
 #include "shell/Process.h"
 
 #include <exception>
+#include <string_view>
 #include <utility>
 
 #include "shell/PluginEntries.h"

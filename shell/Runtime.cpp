@@ -29,6 +29,7 @@ Runtime::~Runtime() {
   _WindowSupport.mDirtyWindows = nullptr;
   leaveWindows();
   application = nullptr;
+  endObjectsThatWait();
   detail::yieldingToolkit = nullptr;
   current_ = nullptr;
 }

@@ -103,6 +103,9 @@ void Window::_AddControl(const String& name, const Ref<Object>& control) {
   const Ref<Control> added = CheckCast<Control>(control);
   const Ref<Window> before = added->Window();
   if (before && before.get() != this) before->_RemoveControl(added);
+  // Where there is no memory for one list, neither has the control.
+  _mControlNames.reserve(_mControlNames.size() + 1);
+  _mControlList.reserve(_mControlList.size() + 1);
   added->moveTo(this);
   added->Name = name;
   const auto same = std::ranges::find(_mControlNames, name);

@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <new>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "reflection/PropertyInfo.h"
@@ -142,6 +144,55 @@ TEST_F(ClassTableTest, OperationsAreFoundByNameAsTheClassHasThem) {
   EXPECT_EQ(slot(last, 1),
             std::ranges::find(own, String("Constructor"_s), &MethodRow::name)->function);
   EXPECT_EQ(FindVirtualOperation(*last, "Constructor"_s), slot(last, 1));
+}
+
+/// Two operations that one method of a subclass overrides, and one that assigns.
+class Root : public Described<Root, Object> {
+ public:
+  static constexpr FixedString FullName = "ClassTableTest.Root";
+  static void fillTable(ClassTable<Root>& table) {
+    table.method<&Root::f>("f"_s);
+    table.method<&Root::g>("g"_s);
+    table.method<&Root::assign>("assign"_s, Public, Flags::Assigns);
+  }
+  void f() {}
+  void g() {}
+  void assign(std::int32_t /*value*/) {}
+};
+
+class Both : public Described<Both, Root> {
+ public:
+  static constexpr FixedString FullName = "ClassTableTest.Both";
+  static void fillTable(ClassTable<Both>& table) {
+    if (std::exchange(fails, false)) throw std::bad_alloc();
+    table.overriding<&Both::both>("f"_s);
+    table.overriding<&Both::both>("g"_s);
+    table.overriding<&Both::assign>("assign"_s);
+  }
+  void both() {}
+  void assign(std::int32_t /*value*/) {}
+  static inline bool fails = true;
+};
+
+class Last final : public Described<Last, Both> {
+ public:
+  static constexpr FixedString FullName = "ClassTableTest.Last";
+  static void fillTable(ClassTable<Last>& table) { table.overriding<&Last::g>("g"_s); }
+  void g() {}
+};
+
+TEST_F(ClassTableTest, EachOperationKeepsItsSlotAndItsForm) {
+  // The first time, its table cannot be filled: nothing of the class is to be found then.
+  const ClassRecord* const newest = RuntimeGetClassList();
+  EXPECT_THROW(Last::__ctblinit(), std::bad_alloc);
+  EXPECT_EQ(RuntimeGetClassList()->baseClass, nullptr);
+  EXPECT_EQ(RuntimeGetClassList()->nextClass, newest);
+  const ClassRecord& last = *Last::__Lookup();
+  EXPECT_EQ(FindVirtualOperation(last, "f"_s), functionOf<&Both::both>());
+  EXPECT_EQ(FindVirtualOperation(last, "g"_s), functionOf<&Last::g>());
+  EXPECT_EQ(FindVirtualOperation(last, "=assign"_s), functionOf<&Both::assign>());
+  EXPECT_EQ(FindVirtualOperation(last, "assign"_s), nullptr);
+  EXPECT_EQ(last.virtualTable.size(), 3U);
 }
 
 /// Its table is at odds with its base's.

@@ -1,5 +1,9 @@
 #include "daystatus/Veldrin.h"
+
+#include <string>
+
 #include "shell/objects/Delegate.h"
+#include "shell/objects/Failure.h"
 #include "ui/FormStreams.h"
 #include "ui/FormTable.h"
 #include "ui/MenuBar1.h"
@@ -76,6 +80,10 @@ class ControlMaker {
 
   void wire(const Ref<Object>& made, const Wiring& wiring) const {
     const Function handler = FindVirtualOperation(*window_.classRecord(), wiring.handler);
+    if (handler == nullptr) {
+      throw FatalFault("The form binds an event to " + std::string(wiring.handler.view()) +
+                       ", which the window does not have.");
+    }
     const Ref<Delegate> delegate = RuntimeCreateDelegate(&Delegate::IM_Invoke, handler,
                                                          Ref<Object>(&window_), DelegateSignature);
     const Function target = delegate ? delegate->target() : nullptr;

@@ -1,5 +1,6 @@
 #include "ui/FormStreams.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>

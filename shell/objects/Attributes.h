@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <span>
 
 #include "shell/objects/ClassRecord.h"
 

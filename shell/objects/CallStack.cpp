@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <iterator>
 #include <memory>
 #include <string_view>
 

@@ -1,8 +1,11 @@
 #include "shell/objects/ClassRecord.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <deque>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 #include "shell/objects/Failure.h"
 
@@ -15,6 +18,9 @@ std::deque<ClassRecord>& records() {
   static std::deque<ClassRecord>& all = *std::make_unique<std::deque<ClassRecord>>().release();
   return all;
 }
+
+/// The last one that was built.
+constinit ClassRecord* newest = nullptr;
 
 /// Lower case for ASCII letters, whatever the locale.
 char lowered(char letter) {
@@ -38,9 +44,7 @@ std::span<const PropertyRow> ClassRecord::ownProperties() const {
 }
 
 ClassRecord* RuntimeNewClass(ClassRecord* base) {
-  ClassRecord* const newest = RuntimeGetClassList();
   ClassRecord& record = records().emplace_back();
-  record.nextClass = newest;
   record.baseClass = base;
   if (base != nullptr) {
     record.virtualTable = base->virtualTable;
@@ -48,11 +52,20 @@ ClassRecord* RuntimeNewClass(ClassRecord* base) {
     record.eventRows = base->eventRows;
     record.propertyRows = base->propertyRows;
   }
+  record.nextClass = std::exchange(newest, &record);
   return &record;
 }
 
+void RuntimeDropClass(const ClassRecord* record) noexcept {
+  for (ClassRecord** link = &newest; *link != nullptr; link = &(*link)->nextClass) {
+    if (*link != record) continue;
+    *link = record->nextClass;
+    return;
+  }
+}
+
 ClassRecord* RuntimeGetClassList() {
-  return records().empty() ? nullptr : &records().back();
+  return newest;
 }
 
 Ref<Object> RuntimeNewObject(ClassRecord* record) {
@@ -90,12 +103,11 @@ Function FindVirtualOperation(const ClassRecord& record, const String& name) {
   const bool assigns = name.view().starts_with('=');
   const std::string_view plain = name.view().substr(assigns ? 1 : 0);
   const auto isIt = [&](const MethodRow& row) {
-    return row.name == plain && ((row.flags & Flags::Assigns) != 0) == assigns &&
-           std::ranges::count(record.virtualTable, row.function) != 0;
+    return row.name == plain && ((row.flags & Flags::Assigns) != 0) == assigns && row.slot >= 0;
   };
-  // From the derived to the base: a row that has been overridden is not in the table any more.
   const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
-  return row == record.methodRows.rend() ? nullptr : row->function;
+  if (row == record.methodRows.rend()) return nullptr;
+  return record.virtualTable[static_cast<std::size_t>(row->slot)];
 }
 
 std::int32_t FindEvent(const ClassRecord& record, const String& name) {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "shell/objects/Object.h"
@@ -26,15 +26,15 @@ using Invoker = Variant (*)(Function function, Object* object, VariantArray* arg
 
 /// An attribute of a class or a member: "__Scope", "Hidden", "__Shared" or "Deprecated".
 struct AttributeRow {
-  StringConstant name;
+  StringConstant name;   ///< one of those above
   StringConstant value;  ///< the empty constant where there is none
-  bool hasValue;
+  bool hasValue;         ///< told apart from one with the empty text
 };
 
 /// The bits of a row's `flags`.
 namespace Flags {
 inline constexpr std::uint32_t Public = 1;
-inline constexpr std::uint32_t Shared = 2;
+inline constexpr std::uint32_t Shared = 2;  ///< of the class, and of no object
 /// Of a method: its last parameter stands behind an equals sign. Of a property: writable.
 inline constexpr std::uint32_t Assigns = 4;
 inline constexpr std::uint32_t Writable = 4;
@@ -55,6 +55,7 @@ struct MethodRow : MemberRow {
   /// Takes the object as its first argument, unless shared: a `Call` of `MethodShape`.
   Function function = nullptr;
   Invoker invoker = nullptr;
+  std::int32_t slot = -1;  ///< its place in the virtual table, -1 for none
 };
 
 /// One property of a class, with the accessors that decoding and reflection reach its value by.
@@ -115,6 +116,9 @@ struct ClassRecord {
 /// Allocates a record and links it into the list of classes. `base` is nil for a class that derives
 /// from `Object` alone; its rows and its virtual table are carried over.
 ClassRecord* RuntimeNewClass(ClassRecord* base);
+
+/// Takes a record out of the list again: its class could not be built. Its memory stays.
+void RuntimeDropClass(const ClassRecord* record) noexcept;
 
 /// The class that was built last; the others follow by `nextClass`. Nil before the first.
 ClassRecord* RuntimeGetClassList();

@@ -1,6 +1,5 @@
 #include "shell/objects/ClassTable.h"
 
-#include <algorithm>
 #include <string>
 
 #include "shell/objects/Failure.h"
@@ -17,13 +16,9 @@ namespace {
 
 }  // namespace
 
-Function& detail::slotOf(ClassRecord& record, const String& name, const String& signature) {
-  // From the derived to the base: the last class that has overridden it has the function that
-  // stands in the table now.
+MethodRow detail::rowOf(const ClassRecord& record, const String& name, const String& signature) {
   for (auto row = record.methodRows.rbegin(); row != record.methodRows.rend(); ++row) {
-    if (!(row->name == name && row->signature == signature)) continue;
-    const auto slot = std::ranges::find(record.virtualTable, row->function);
-    if (slot != record.virtualTable.end()) return *slot;
+    if (row->slot >= 0 && row->name == name && row->signature == signature) return *row;
   }
   fault(record, "operation", name, signature);
 }

@@ -3,7 +3,11 @@
 #include <bit>
 #include <concepts>
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <tuple>
+#include <type_traits>
+#include <utility>
 
 #include "shell/objects/Attributes.h"
 #include "shell/objects/ClassRecord.h"
@@ -15,9 +19,9 @@ namespace veldrin {
 
 namespace detail {
 
-/// The entry of the virtual table that the class has for the operation now, however often bases
-/// have overridden it. A table without one is a fault of the build: throws `FatalFault`.
-Function& slotOf(ClassRecord& record, const String& name, const String& signature);
+/// The row of the virtual operation as the class has it now, however often bases have overridden
+/// it. A table without one is a fault of the build: throws `FatalFault`.
+MethodRow rowOf(const ClassRecord& record, const String& name, const String& signature);
 
 /// The row of an event that the class has. Throws `FatalFault` likewise.
 EventRow& eventRowOf(ClassRecord& record, const String& name, const String& signature);
@@ -54,21 +58,24 @@ class ClassTable {
   void method(const String& name, const Visibility& visibility = Public,
               std::uint32_t extraFlags = 0) {
     plainMethod<Method>(name, visibility, extraFlags);
-    record_.virtualTable.push_back(functionOf<Method>());
+    giveSlot(record_.methodRows.back());
   }
 
   /// A virtual operation with a slot and no row: one that takes what no type code names.
   template <auto Method>
   void slot() {
-    record_.virtualTable.push_back(functionOf<Method>());
+    record_.virtualTable.push_back(own<Method>());
   }
 
-  /// A virtual operation that takes the place of the base's of the same name and signature. Throws
-  /// `FatalFault` where the base has no such operation.
+  /// A virtual operation that takes the place of the base's of the same name and signature, and has
+  /// its special form. Throws `FatalFault` where the base has no such operation.
   template <auto Method>
   void overriding(const String& name, const Visibility& visibility = Public) {
-    detail::slotOf(record_, name, ShapeOf<Method>::signature()) = functionOf<Method>();
-    plainMethod<Method>(name, visibility);
+    constexpr std::uint32_t Forms = Flags::Assigns | Flags::VariableArguments;
+    const MethodRow old = detail::rowOf(record_, name, ShapeOf<Method>::signature());
+    plainMethod<Method>(name, visibility, old.flags & Forms);
+    record_.methodRows.back().slot = old.slot;
+    record_.virtualTable[static_cast<std::size_t>(old.slot)] = own<Method>();
   }
 
   /// A method with a row and no slot. With `extraFlags`, one of a special form.
@@ -76,7 +83,7 @@ class ClassTable {
   void plainMethod(const String& name, const Visibility& visibility = Public,
                    std::uint32_t extraFlags = 0) {
     addMethod(name, visibility.flags | extraFlags, visibility.attributes,
-              ShapeOf<Method>::signature(), functionOf<Method>(), ShapeOf<Method>::Invoke);
+              ShapeOf<Method>::signature(), own<Method>(), ShapeOf<Method>::Invoke);
   }
 
   /// A shared method: one that is called with no object.
@@ -117,8 +124,8 @@ class ClassTable {
   template <class Type, Type (Self::*Get)() const, void (Self::*Set)(Type)>
   void virtualProperty(const String& name) {
     property<Type, Get, Set>(name);
-    slot<getter<Get, Type>>();
-    slot<setter<Set, Type>>();
+    giveSlot(record_.methodRows.end()[-2]);
+    giveSlot(record_.methodRows.end()[-1]);
   }
 
   /// A computed property that is read only, where the class has no overload for writing.
@@ -159,7 +166,7 @@ class ClassTable {
   void handles(const Event<Signature>& event) {
     static_assert(std::same_as<ShapeOf<Method>, typename Event<Signature>::Shape>,
                   "the method does not take and give what handlers of the event do");
-    detail::eventRowOf(record_, event.name(), event.signature()).handler = functionOf<Method>();
+    detail::eventRowOf(record_, event.name(), event.signature()).handler = own<Method>();
   }
 
   /// Implements an interface by its operations, in the interface's order.
@@ -167,12 +174,26 @@ class ClassTable {
   void implements() {
     static_assert(std::same_as<typename Interface::Operations, std::tuple<ShapeOf<Operations>...>>,
                   "the methods do not take and give what the interface's operations do");
-    record_.interfaceRows.push_back({Interface::__Lookup(), {functionOf<Operations>()...}});
+    record_.interfaceRows.push_back({Interface::__Lookup(), {own<Operations>()...}});
   }
 
  private:
   template <auto Field>
   using TypeOf = std::remove_cvref_t<decltype(std::declval<Self&>().*Field)>;
+
+  /// The function of a method of this class or a base.
+  template <auto Method>
+  static Function own() {
+    using Declaring = typename detail::Member<decltype(Method)>::Declaring;
+    static_assert(std::derived_from<Self, Declaring>, "the method is none of this class");
+    return functionOf<Method>();
+  }
+
+  /// A slot of its own for the operation of the row, behind those that there are.
+  void giveSlot(MethodRow& row) {
+    row.slot = static_cast<std::int32_t>(record_.virtualTable.size());
+    record_.virtualTable.push_back(row.function);
+  }
 
   template <auto Get, class Type>
   static Type getter(Object* object, std::int32_t /*index*/) {
@@ -211,7 +232,7 @@ class ClassTable {
 
   void addMethod(const String& name, std::uint32_t flags, std::span<const AttributeRow> attributes,
                  const String& signature, Function function, Invoker invoker) {
-    record_.methodRows.push_back({{name, flags, attributes}, signature, function, invoker});
+    record_.methodRows.push_back({{name, flags, attributes}, signature, function, invoker, -1});
   }
 
   template <class Access>

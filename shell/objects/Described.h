@@ -1,9 +1,11 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <memory>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 #include "shell/objects/ClassRecord.h"
 #include "shell/objects/ClassTable.h"
@@ -83,6 +85,9 @@ class Described : public Base {
 
  protected:
   Described() = default;
+
+ private:
+  static void describe(ClassRecord& record);
 };
 
 template <class Self, class Base>
@@ -92,15 +97,26 @@ void Described<Self, Base>::__ctblinit() {
   ClassRecord* base = nullptr;
   if constexpr (!std::is_same_v<Base, Object>) base = Base::__Lookup();
   __ctbl = RuntimeNewClass(base);
-  __ctbl->name = ConstantText<Self::FullName>;
-  __ctbl->instanceSize = static_cast<std::int32_t>(sizeof(Self));
-  if constexpr (!std::is_abstract_v<Self> && std::is_default_constructible_v<Self>) {
-    __ctbl->allocate = []() -> Object* { return std::make_unique<Self>().release(); };
+  try {
+    describe(*__ctbl);
+  } catch (...) {
+    // What is half built is found by nobody; the next need builds it anew.
+    RuntimeDropClass(std::exchange(__ctbl, nullptr));
+    throw;
   }
-  __ctbl->__Init = detail::lifeStepOf<Self, &Self::__Init>();
-  __ctbl->Destructor = detail::lifeStepOf<Self, &Self::Destructor>();
-  __ctbl->__Exit = detail::lifeStepOf<Self, &Self::__Exit>();
-  detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(*__ctbl);
+}
+
+template <class Self, class Base>
+void Described<Self, Base>::describe(ClassRecord& record) {
+  record.name = ConstantText<Self::FullName>;
+  record.instanceSize = static_cast<std::int32_t>(sizeof(Self));
+  if constexpr (!std::is_abstract_v<Self> && std::is_default_constructible_v<Self>) {
+    record.allocate = []() -> Object* { return std::make_unique<Self>().release(); };
+  }
+  record.__Init = detail::lifeStepOf<Self, &Self::__Init>();
+  record.Destructor = detail::lifeStepOf<Self, &Self::Destructor>();
+  record.__Exit = detail::lifeStepOf<Self, &Self::__Exit>();
+  detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(record);
 }
 
 /// Gives an interface its record: a name and the mark of an interface, and nothing else.
@@ -114,6 +130,7 @@ void Described<Self, Base>::__ctblinit() {
 /// `Operations` are the shapes of the interface's operations in their order.
 template <class Self>
 struct DescribedInterface {
+  /// As those of a class.
   static inline ClassRecord* __ctbl = nullptr;
 
   static ClassRecord* __Lookup() {

@@ -1,6 +1,7 @@
 #include "shell/objects/Dictionary.h"
 
 #include <utility>
+#include <vector>
 
 #include "shell/objects/Failure.h"
 #include "shell/objects/NewArray.h"
@@ -58,7 +59,8 @@ Variant Dictionary::Lookup(const Variant& key, const Variant& otherwise) const {
 }
 
 void Dictionary::Remove(const Variant& key) {
-  if (entries_.erase(key) == 0) Raise<KeyNotFoundException>();
+  // As above: the value goes when the entry has gone.
+  if (entries_.extract(key).empty()) Raise<KeyNotFoundException>();
 }
 
 Ref<Array<Variant>> Dictionary::Keys() const {

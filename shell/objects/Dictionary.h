@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <unordered_map>
 
 #include "shell/objects/Described.h"
@@ -39,10 +40,13 @@ class Dictionary final : public Described<Dictionary, Object> {
   void Value(const Variant& key, const Variant& value);
   /// The value of a key, or the default.
   [[nodiscard]] Variant Lookup(const Variant& key, const Variant& otherwise) const;
+  /// Whether there is a value of the key, be it nil.
   [[nodiscard]] bool HasKey(const Variant& key) const { return entries_.contains(key); }
   /// Takes a key away. Raises `KeyNotFoundException` where there is none.
   void Remove(const Variant& key);
+  /// Takes all keys away.
   void Clear();
+  /// The number of keys.
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
   /// A new array with all keys, and one with all values in the same order.
   [[nodiscard]] Ref<Array<Variant>> Keys() const;

@@ -1,5 +1,7 @@
 #include "shell/objects/Event.h"
 
+#include <cstddef>
+
 #include "shell/objects/Failure.h"
 
 namespace veldrin {

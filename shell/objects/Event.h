@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
 
 #include "shell/objects/ClassRecord.h"
@@ -23,11 +24,13 @@ class Event;
 template <class Result, class... Parameters>
 class Event<Result(Parameters...)> {
  public:
-  /// What a handler is: a bare function with the object as its first argument.
-  using Handler = Result (*)(Object* object, detail::Handed<Parameters>... arguments);
+  /// What handlers take and give.
   using Shape = MethodShape<Result, Parameters...>;
+  /// What a handler is: a bare function with the object as its first argument.
+  using Handler = typename Shape::Call;
 
   constexpr explicit Event(StringConstant name) : name_(name) {}
+  /// By which a class declares and binds it.
   [[nodiscard]] constexpr StringConstant name() const { return name_; }
   /// As a class record keeps it, without the object.
   [[nodiscard]] static constexpr StringConstant signature() { return Shape::signature(); }

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "shell/objects/CallStack.h"
 #include "shell/objects/Described.h"

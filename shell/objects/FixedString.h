@@ -19,6 +19,7 @@ struct FixedString {
     std::copy_n(literal, Size, characters.begin());
   }
 
+  /// In bytes, and the text itself.
   [[nodiscard]] static constexpr std::size_t size() { return Size; }
   [[nodiscard]] constexpr std::string_view view() const { return {characters.data(), Size}; }
 

@@ -26,10 +26,11 @@ using Handed =
 /// and the one thunk that calls them. `Result` and `Parameters` are plain types.
 template <class Result, class... Parameters>
 struct MethodShape {
+  /// The function of a method, and that of a shared one.
   using Call = Result (*)(Object* object, detail::Handed<Parameters>... arguments);
   using SharedCall = Result (*)(detail::Handed<Parameters>... arguments);
 
-  static constexpr auto Text = SignatureText<Result, Parameters...>;
+  /// As rows and delegates keep it, without the object: "%i4%s" takes a text and gives an integer.
   static constexpr StringConstant signature() { return signatureOf<Result, Parameters...>(); }
 
   /// `Introspection.Invoke` of this signature.
@@ -88,6 +89,7 @@ struct Member;
 
 template <class Class, class Result, class... Parameters>
 struct Member<Result (Class::*)(Parameters...)> {
+  using Declaring = Class;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
   /// The member as a function with the object as its first argument. Every call of a method through
@@ -114,6 +116,7 @@ struct Member<Result (Class::*)(Parameters...) const noexcept>
 /// A function that takes the object as its first argument already.
 template <class Result, class... Parameters>
 struct Member<Result (*)(Object*, Parameters...)> {
+  using Declaring = Object;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
   template <auto Method>

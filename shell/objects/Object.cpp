@@ -31,9 +31,9 @@ std::int64_t liveObjectCount() {
 
 namespace {
 
-/// Objects whose end waits for the stack to come back. Never destroyed, because objects may be
-/// released after static destructors have run.
-std::vector<Object*>& waiting = *std::make_unique<std::vector<Object*>>().release();
+/// Objects whose end waits for the stack to come back; nil until the first. Never destroyed,
+/// because objects may be released after static destructors have run.
+constinit std::vector<Object*>* waiting = nullptr;
 
 void runStep(LifeStep step, Object& object) noexcept {
   if (step == nullptr) return;
@@ -46,7 +46,8 @@ void runStep(LifeStep step, Object& object) noexcept {
 bool waits(Object* object) noexcept {
   if (!RuntimeStackIsLow()) return false;
   try {
-    waiting.push_back(object);
+    if (waiting == nullptr) waiting = std::make_unique<std::vector<Object*>>().release();
+    waiting->push_back(object);
     return true;
   } catch (...) {
     return false;  // without memory to note it down, the object is ended in the reserve
@@ -59,9 +60,13 @@ void destroyObject(Object* object) noexcept {
   object->count_ = CountOfTheDying;
   if (waits(object)) return;
   endObject(object);
-  while (!waiting.empty() && !RuntimeStackIsLow()) {
-    Object* const next = waiting.back();
-    waiting.pop_back();
+  endObjectsThatWait();
+}
+
+void endObjectsThatWait() noexcept {
+  while (waiting != nullptr && !waiting->empty() && !RuntimeStackIsLow()) {
+    Object* const next = waiting->back();
+    waiting->pop_back();
     endObject(next);
   }
 }

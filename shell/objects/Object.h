@@ -58,6 +58,9 @@ std::int64_t liveObjectCount();
 /// overflowing the stack: where it runs low, the next one waits until those in hand are done.
 void destroyObject(Object* object) noexcept;
 
+/// Ends the objects that wait, unless the stack is low still.
+void endObjectsThatWait() noexcept;
+
 /// Adds a count. Nil is allowed.
 inline void RuntimeLockObject(Object* object) noexcept {
   if (object != nullptr) ++object->count_;

@@ -63,8 +63,8 @@ struct PropertyAccess {
   }
 };
 
-/// A pointer that is no counted reference: a class record, a row, a function. It is shown as "Ptr", and
-/// can only be read, because a written pointer could not be checked.
+/// A pointer that is no counted reference: a class record, a row, a function. It is shown as "Ptr",
+/// and can only be read, because a written pointer could not be checked.
 template <class T>
 requires(std::is_pointer_v<T> && !std::same_as<T, void*>) struct PropertyAccess<T> {
   using Type = void*;

@@ -19,8 +19,6 @@ namespace veldrin {
 template <class T>
 class Ref {
  public:
-  using Target = T;
-
   Ref() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): nil is a value of every reference.
   Ref(std::nullptr_t) {}

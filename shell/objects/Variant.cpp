@@ -1,6 +1,7 @@
 #include "shell/objects/Variant.h"
 
 #include <functional>
+#include <string_view>
 
 #include "shell/objects/ClassRecord.h"
 #include "shell/objects/Failure.h"

@@ -12,6 +12,10 @@ struct Interface : DescribedInterface<Interface> {
   using Operations = std::tuple<MethodShape<void, String>>;
 };
 
+struct Other {
+  void stray() {}
+};
+
 class Refused final : public Described<Refused, Object> {
  public:
   static constexpr FixedString FullName = "Refused";
@@ -40,6 +44,8 @@ class Refused final : public Described<Refused, Object> {
     table.handles<&Refused::take>(Asked);
 #elif REFUSED == 10
     table.implements<Interface, &Refused::answer>();
+#elif REFUSED == 12
+    table.method<&Other::stray>("stray"_s);
 #endif
   }
 
