@@ -1,5 +1,6 @@
 #include "shell/objects/ClassTable.h"
 
+#include <algorithm>
 #include <string>
 
 #include "shell/objects/Failure.h"
@@ -17,10 +18,13 @@ namespace {
 }  // namespace
 
 MethodRow detail::rowOf(const ClassRecord& record, const String& name, const String& signature) {
-  for (auto row = record.methodRows.rbegin(); row != record.methodRows.rend(); ++row) {
-    if (row->slot >= 0 && row->name == name && row->signature == signature) return *row;
-  }
-  fault(record, "operation", name, signature);
+  const auto isIt = [&](const MethodRow& row) {
+    return row.slot >= 0 && row.name == name && row.signature == signature;
+  };
+  // From the derived to the base.
+  const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
+  if (row == record.methodRows.rend()) fault(record, "operation", name, signature);
+  return *row;
 }
 
 EventRow& detail::eventRowOf(ClassRecord& record, const String& name, const String& signature) {

@@ -17,7 +17,7 @@ constexpr std::size_t ShortSum = 32;
 constexpr std::size_t LargestAllocation = std::numeric_limits<std::int32_t>::max();
 
 /// Record and text block in one piece of memory, which starts at the record.
-StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
+inline StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
   if (allocation > LargestAllocation) Raise<OutOfMemoryException>();
   auto* const memory = static_cast<char*>(takeBlock(sizeof(StringRecord) + allocation));
   return std::construct_at(reinterpret_cast<StringRecord*>(memory),
