@@ -29,11 +29,15 @@ QtPerson::~QtPerson() {
 }
 
 QMainWindow& QtPerson::window() {
+  QMainWindow* shown = nullptr;
   for (QWidget* const widget : QApplication::topLevelWidgets()) {
     auto* const found = qobject_cast<QMainWindow*>(widget);
-    if (found != nullptr && found->isVisible()) return *found;
+    if (found == nullptr || !found->isVisible()) continue;
+    if (shown != nullptr) throw std::logic_error("two windows");
+    shown = found;
   }
-  throw std::logic_error("no window");
+  if (shown == nullptr) throw std::logic_error("no window");
+  return *shown;
 }
 
 void QtPerson::runLoop(const std::function<void()>& job) {
