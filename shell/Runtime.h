@@ -33,8 +33,8 @@ class Runtime {
   /// Whether there is one; an object may outlive it.
   static bool exists() { return current_ != nullptr; }
 
-  Host& host;
-  Toolkit& toolkit;
+  Host& host;        ///< the machine, which outlives the runtime
+  Toolkit& toolkit;  ///< what draws and asks, likewise
 
   /// The implicit windows by class name. `_GetImplicitWindow` looks among the open ones, so nothing
   /// fills this.
@@ -43,11 +43,11 @@ class Runtime {
     std::vector<Ref<Window>> Windows;  ///< the open ones, which live because they stand here
     Ref<Dictionary> mDirtyWindows;     ///< those that wait for a redraw; made on first use
   } _WindowSupport;
-  std::vector<RegisteredFileType> fileTypes;
-  Ref<Application> application;             ///< the one of the process, once registered
-  const ApplicationParts* parts = nullptr;  ///< of the process that runs, if one does
-  Function startup = nullptr;               ///< what runs once, ahead of the event loop
-  std::vector<Function> pluginEntries;      ///< in the order of their names
+  std::vector<RegisteredFileType> fileTypes;  ///< in the order in which they were registered
+  Ref<Application> application;               ///< the one of the process, once registered
+  const ApplicationParts* parts = nullptr;    ///< of the process that runs, if one does
+  Function startup = nullptr;                 ///< what runs once, ahead of the event loop
+  std::vector<Function> pluginEntries;        ///< in the order of their names
   String incomplete;   ///< the path of a file whose writing an exception has ended; for the report
   int exitStatus = 0;  ///< of the process; 1 after an exception that nothing caught
 

@@ -179,7 +179,11 @@ namespace {
 TEST_F(ObjectTest, AnExceptionKnowsTheCallsThatItComesFrom) {
   Ref<RuntimeException> exception;
   try {
-    raiseFromHere();
+    try {
+      raiseFromHere();
+    } catch (const Raised& raised) {
+      RuntimeReraiseException(raised.exception);  // it still comes from there
+    }
   } catch (const Raised& raised) {
     exception = raised.exception;
   }
@@ -190,6 +194,7 @@ TEST_F(ObjectTest, AnExceptionKnowsTheCallsThatItComesFrom) {
   EXPECT_LT(calls.find("veldrin::test::raiseFromHere()"), calls.find("testing::Test::Run()"));
   EXPECT_NE(calls.find("testing::Test::Run()"), std::string::npos);
   EXPECT_TRUE(New<IOException>()->Stack()->elements.empty());
+  EXPECT_EQ(raisedBy([] { RuntimeReraiseException(nullptr); }), "NilObjectException");
 }
 
 }  // namespace

@@ -90,6 +90,9 @@ TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithoutRegardToTheCaseOfTheir
   const Ref<PopupMenu> chooser = New<PopupMenu>();
   _SetProperties(chooser, String(entry("InitialValue", "a\rb\r\rc"_s) + entry("ListIndex", 3)));
   EXPECT_EQ(text(chooser->Text()), "c");
+  EXPECT_EQ(raisedBy([&] { chooser->List(4); }), "OutOfBoundsException");
+  chooser->ListIndex(4);
+  EXPECT_EQ(chooser->ListIndex(), -1);
   // The other way round the row is none yet, and of new rows none is selected.
   _SetProperties(chooser, String(entry("ListIndex", 7) + entry("InitialValue", "a\r"_s)));
   EXPECT_EQ(chooser->ListCount(), 1);

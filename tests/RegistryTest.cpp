@@ -86,7 +86,7 @@ TEST_F(RegistryTest, VirtualTableIsTheBasesWhereNoRowOverrides) {
   });
 }
 
-TEST_F(RegistryTest, NoNameStandsTwice) {
+TEST_F(RegistryTest, NoNameAndNoFieldStandsTwice) {
   forEach([](const ClassRecord& record) {
     std::set<std::string> methods;
     for (const MethodRow& row : record.ownMethods()) {
@@ -94,7 +94,11 @@ TEST_F(RegistryTest, NoNameStandsTwice) {
     }
     // Ancestors' properties count as well: a stream would reach one of the two alone. A field of a
     // class alone is no concern of others.
+    std::set<std::pair<std::int32_t, Function>> places;
     for (const PropertyRow& row : record.propertyRows) {
+      const bool isStored = row.fieldOffset != 0;
+      EXPECT_TRUE(places.emplace(row.fieldOffset, isStored ? nullptr : row.getter).second)
+          << text(row.name);
       if ((row.flags & 1U) == 0) continue;
       EXPECT_EQ(FindProperty(record, row.name.view()), &row) << text(row.name);
     }

@@ -57,6 +57,8 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
               {"1e99999999999999999999", Infinity, 22},
               {"1e-99999999999999999999", 0.0, 23},
               {"5e-324", std::numeric_limits<double>::denorm_min(), 6},
+              {".9007199254740993", 0.9007199254740993, 17},
+              {std::string(310, '9'), Infinity, 310},
               {"1" + zeros, Infinity, zeros.size() + 1},
               {"0." + zeros + "1", 0.0, zeros.size() + 3},
               {"0." + zeros + "1e1048577", 1.0, zeros.size() + 11},

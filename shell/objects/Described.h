@@ -130,14 +130,16 @@ void Described<Self, Base>::describe(ClassRecord& record) {
 /// `Operations` are the shapes of the interface's operations in their order.
 template <class Self>
 struct DescribedInterface {
-  /// As those of a class.
+  /// As that of a class.
   static inline ClassRecord* __ctbl = nullptr;
 
+  /// The record, built now if nobody needed it before. Never nil.
   static ClassRecord* __Lookup() {
     if (__ctbl == nullptr) __ctblinit();
     return __ctbl;
   }
 
+  /// Builds the record; does nothing the second time.
   static void __ctblinit() {
     RuntimeStackCheck();
     if (__ctbl != nullptr) return;

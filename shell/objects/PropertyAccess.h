@@ -15,6 +15,7 @@ namespace veldrin {
 /// shared property take neither.
 template <class T>
 struct PropertyAccess {
+  /// What a reader of the property sees.
   using Type = T;
   using Getter = T (*)(Object* object, std::int32_t offset);
   using Setter = void (*)(Object* object, std::int32_t offset, detail::Handed<T> value);
@@ -54,6 +55,7 @@ struct PropertyAccess {
     reinterpret_cast<SharedSetter>(setter)(fromVariant<T>(value));
   }
 
+  /// `Get` and `Set` as a row keeps them.
   static Function getter() { return reinterpret_cast<Function>(Get); }
   static Function setter() { return reinterpret_cast<Function>(Set); }
 
@@ -69,12 +71,15 @@ template <class T>
 requires(std::is_pointer_v<T> && !std::same_as<T, void*>) struct PropertyAccess<T> {
   using Type = void*;
 
+  /// The address that the field holds.
   static void* Get(Object* object, std::int32_t offset) {
     return std::bit_cast<void*>(*reinterpret_cast<T*>(reinterpret_cast<char*>(object) + offset));
   }
+  /// As those of any other type; there is no way to set.
   static constexpr auto GetValue = PropertyAccess<void*>::GetValue;
   static constexpr PropertyRow::Set SetValue = nullptr;
 
+  /// `Get` as a row keeps it.
   static Function getter() { return reinterpret_cast<Function>(Get); }
 };
 

@@ -63,8 +63,11 @@ inline void RuntimeLockUnlockStrings(StringRecord* added, StringRecord* removed)
 /// and can stand in a `constexpr` table; where a `String` is wanted it becomes one.
 class StringConstant {
  public:
+  /// For a record that is never given up.
   constexpr explicit StringConstant(StringRecord* record) : record_(record) {}
+  /// The record that a `String` of it holds. Never nil.
   [[nodiscard]] constexpr StringRecord* record() const { return record_; }
+  /// The bytes, which last as long as the program.
   [[nodiscard]] std::string_view view() const { return record_->view(); }
 
  private:
@@ -97,9 +100,11 @@ class String {
   }
   ~String() { RuntimeUnlockString(record_); }
 
+  /// The bytes, which last as long as a string holds them.
   [[nodiscard]] std::string_view view() const {
     return record_ == nullptr ? std::string_view() : record_->view();
   }
+  /// Whether it has no bytes, whatever its encoding.
   [[nodiscard]] bool isEmpty() const { return record_ == nullptr || record_->length == 0; }
   /// The encoding word; that of UTF-8 for nil.
   [[nodiscard]] std::uint32_t encoding() const {

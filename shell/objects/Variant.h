@@ -52,7 +52,9 @@ class Variant {
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
   Variant(StringConstant text) : storage_(String(text)) {}
 
+  /// Whether it holds no value at all; a zero and an empty text are values.
   [[nodiscard]] bool isNil() const { return std::holds_alternative<std::monostate>(storage_); }
+  /// What it holds, for `std::visit`.
   [[nodiscard]] const Storage& storage() const { return storage_; }
 
   /// The held object, uncounted; nil where no object is held.
