@@ -122,11 +122,16 @@ TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
   EXPECT_FALSE(control(*view, "TimeZone"));
   other->_AddDirtyWindow();
   view->_AddDirtyWindow();
+  static int closed;
+  closed = 0;
+  const BoundEvent bound(TextField::__Lookup(), "Close"_s, [](Object*) { ++closed; });
   other->Close();
+  EXPECT_EQ(closed, 1);
   other->_AddDirtyWindow();
   EXPECT_EQ(runtime._WindowSupport.mDirtyWindows->Count(), 1);
   EXPECT_EQ(other->referenceCount(), 1);
   view->Close();
+  EXPECT_EQ(closed, 4);
   EXPECT_FALSE(field->Window());
 }
 

@@ -96,10 +96,10 @@ TEST_F(RegistryTest, NoNameAndNoFieldStandsTwice) {
     // class alone is no concern of others.
     std::set<std::pair<std::int32_t, Function>> places;
     for (const PropertyRow& row : record.propertyRows) {
+      if ((row.flags & 1U) == 0) continue;
       const bool isStored = row.fieldOffset != 0;
       EXPECT_TRUE(places.emplace(row.fieldOffset, isStored ? nullptr : row.getter).second)
           << text(row.name);
-      if ((row.flags & 1U) == 0) continue;
       EXPECT_EQ(FindProperty(record, row.name.view()), &row) << text(row.name);
     }
     for (const EventRow& row : record.eventRows) {
