@@ -367,7 +367,7 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
     void (*step)();
     std::string_view exception, sentence;
   } rows[] = {{[] { throw FatalFault("The form is damaged."); }, "", "The form is damaged."},
-              {[] { throw std::out_of_range("no such place"); }, "", "no such place"},
+              {[] { throw std::range_error("no such place"); }, "", "no such place"},
               {[] { throw 7; }, "", "An unknown error occurred."},
               {[] { std::get_new_handler()(); }, "OutOfMemoryException", ""},
               {[] { RuntimeRaiseException(nullptr); }, "NilObjectException", ""}};
