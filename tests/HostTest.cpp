@@ -155,7 +155,9 @@ TEST(SystemHostTest, SaysDatesAndTimesByItsSetting) {
        "mardi, 1 d\u00E9cembre 2026|mar., 1 d\u00E9c. 2026",
        "16:05|16:05:09"},
       {"en_US.UTF-8", Autumn, "Sunday, November 22, 2026|Sun, Nov 22, 2026",
-       "04:05 PM|04:05:09 PM"}};
+       "04:05 PM|04:05:09 PM"},
+      // It has a place for the half of the day, and no name for either.
+      {"ms_MY.UTF-8", Autumn, "Ahad, 22 November 2026|Ahd, 22 Nov 2026", "04:05|04:05:09"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.locale);
     const Setting setting("LC_ALL", row.locale);
