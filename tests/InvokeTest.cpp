@@ -298,7 +298,14 @@ TEST_F(InvokeTest, ConstructorMakesAnObjectOfItsClass) {
   const Ref<Object> pair = constructor(Pair::__Lookup())->Invoke(arguments({1.0, "one"_s}));
   const auto pairs = newArray<Ref<Pair>>({CheckCast<Pair>(pair)});
   const auto map = constructor(Dictionary::__Lookup())->Invoke(arguments({pairs}));
-  EXPECT_EQ(CheckCast<Dictionary>(map)->Value(1.0), Variant("one"_s));
+  const auto read = CheckCast<Dictionary>(map);
+  EXPECT_EQ(read->Value(1.0), Variant("one"_s));
+  EXPECT_EQ(raisedBy([&] { read->Remove(1); }), "KeyNotFoundException");
+  read->Remove(1.0);
+  EXPECT_EQ(read->Lookup(1.0, 7), Variant(7));
+  read->Value("a"_s, 1);
+  read->Clear();
+  EXPECT_EQ(read->Count(), 0);
 
   // The window's class inherits its constructor.
   runtime._WindowSupport.Windows.clear();

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "shell/Date.h"
+#include "shell/PaneChild.h"
 #include "shell/PushButton.h"
 #include "shell/Window.h"
 #include "tests/support/RuntimeTest.h"
@@ -79,6 +80,7 @@ TEST_F(ObjectTest, NilIsLockedAndUnlockedWithoutHarmAndIsNoReceiver) {
   RuntimeLockUnlockObjects(nullptr, nullptr);
   EXPECT_EQ(raisedBy([] { Ref<Date>()->Day(1); }), "NilObjectException");
   EXPECT_EQ(raisedBy([] { RuntimeNewObject(nullptr); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([] { New<Delegate>()->call(); }), "FunctionNotFoundException");
 }
 
 TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
@@ -95,6 +97,18 @@ TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
   EXPECT_FALSE(RuntimeObjectIsa(nullptr, Parent::__Lookup()));
 }
 
+/// Lies in a window and is no control.
+class Lying final : public Described<Lying, Object> {
+ public:
+  static constexpr FixedString FullName = "ObjectTest.Lying";
+  static void fillTable(ClassTable<Lying>& table) {
+    table.implements<_PaneChild, &Lying::parent, &Lying::window>();
+  }
+  Ref<Object> parent() { return nullptr; }
+  Ref<Window> window() { return lies; }
+  Ref<Window> lies;
+};
+
 TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
   const Ref<Window> window = New<Window>();
   const Ref<PushButton> button = New<PushButton>();
@@ -104,8 +118,11 @@ TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
   EXPECT_TRUE(alone->Window());
   runtime._WindowSupport.Windows.clear();
   const Ref<Date> date = New<Date>();
-  const std::pair<Ref<Object>, Ref<Object>> swaps[] = {
-      {button, window}, {alone, nullptr}, {window, window}, {date, date}, {nullptr, nullptr}};
+  const Ref<Lying> lying = New<Lying>();
+  lying->lies = window;
+  const std::pair<Ref<Object>, Ref<Object>> swaps[] = {{button, window},   {alone, nullptr},
+                                                       {window, window},   {date, date},
+                                                       {nullptr, nullptr}, {lying, window}};
   for (const auto& [before, after] : swaps) {
     const std::int32_t count = before ? before->referenceCount() : 0;
     {
