@@ -64,6 +64,9 @@ TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
             "BackOneDay_Action ForwardOneDay_Action GenerateButton_Action WhichYear_Open "
             "WhichYear_Change DownUnderFlag_Action DaylightSavings_Action Latitude_LostFocus "
             "TimeZone_LostFocus Longitude_LostFocus ");
+  constexpr Event<void()> Other{"KeyDown"_s};  // the window's own has a text with it
+  EXPECT_EQ(raisedBy([&] { callHandler(*view, Other); }), "TypeMismatchException");
+  EXPECT_EQ(raisedBy([&] { view->Latitude()->raiseEvent("KeyDown"_s); }), "KeyNotFoundException");
 }
 
 TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {

@@ -389,6 +389,7 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
                                       : text(toolkit.reports.back().className),
                 row.exception.empty() ? row.sentence : row.exception);
       EXPECT_EQ(finalized, 1);
+      EXPECT_EQ(std::get_new_handler(), nullptr);
       *step = kept;
     }
   }
