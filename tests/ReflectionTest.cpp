@@ -132,6 +132,7 @@ TEST_F(TypeInformationTest, ArraysAreKnownByRankAndElement) {
   EXPECT_EQ(nameOf(typeOf("A3A1o<Veldrin.Veldrin>")), "Veldrin.Veldrin()(,,)");
   EXPECT_EQ(text(typeOf("A1o<Veldrin.Veldrin>")->Name()), "Veldrin()");
   EXPECT_EQ(nameOf(typeOf("A1x")), "nil");
+  EXPECT_EQ(typeOf("A1000i4")->GetArrayRank(), 1000);
   EXPECT_EQ(raisedBy([] { ArrayInfo::Lookup(1, nullptr); }), "NilObjectException");
   for (const std::int32_t rank : {INT32_MIN, 0, 1001, INT32_MAX}) {
     EXPECT_EQ(raisedBy([&] { ArrayInfo::Lookup(rank, row); }), "OutOfBoundsException") << rank;
