@@ -180,9 +180,7 @@ int run(SystemHost& host, const CalendarRequest& request) {
     complain(errorOfOpening == 0 ? sentence : sentence + ": " + reasonOf(errorOfOpening));
     exitStatus = Failed;
   }
-  for (const HeadlessToolkit::Report& report : toolkit.reports()) {
-    complain(std::string(report.sentence.view()));
-  }
+  for (const String& report : toolkit.reports()) complain(std::string(report.view()));
   if (error != 0) {
     complainOfWriting(path, error);
     exitStatus = Failed;

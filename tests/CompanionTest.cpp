@@ -147,7 +147,7 @@ TEST_F(CompanionTest, BadOptionsAreOneSentenceAndNoFile) {
       "--latitude=abc|--latitude=|--latitude=90.01|--latitude=1e999|--latitude=47.5x|--latitude|"
       "--longitude=-180.5|--time-zone=24.1|--year=0|--year=10000|--year=2008.5|"
       "--year=2008 --year=2009|--dst-start=today|--dst-end=2007-02-29|--status=13/1/2024|"
-      "--status=0000-06-21|--status=10000-06-21|--output=|--altitude=5|stray|-x|"
+      "--status=0000-06-21|--status=10000-06-21|--output=|--output ''|--altitude=5|stray|-x|"
       "--down-under=perhaps|--place=x|--twilight=civil|--remind=5|--standard --status=2024-06-21|"
 
       "--year=1582 --standard|--year=9999 --standard|--remind=1441 --standard|"
@@ -337,15 +337,26 @@ TEST_F(CompanionTest, AStandardCalendarTakesTheOldOnesPlaceWholeOrNotAtAll) {
   EXPECT_TRUE(readFile(root / "far/real.ics") == whole &&
               readFile(root / "far/later.ics") == whole);
 
-  // A disk that fills up leaves the old calendar, and nothing else behind.
+  // A disk that fills up leaves the old calendar, and nothing else behind; so does a file that is
+  // not to be written, for the superuser too where no privilege helps.
   std::ofstream(folder / "old.ics") << "old";
   const Names before = files();
-  const Outcome full = run(options + "--output=old.ics", "", "ulimit -f 8; \"$@\"");
-  EXPECT_EQ(full.status, 1);
-  EXPECT_THAT(full.errors, AllOf(StartsWith("veldrin-calendar: Writing to /"),
-                                 HasSubstr("/old.ics failed: File too large.\n")));
-  EXPECT_EQ(made("old.ics"), "old");
-  EXPECT_THAT(files(), testing::UnorderedElementsAreArray(before));
+  const struct {
+    std::string script, reason;
+  } refusals[] = {
+      {"ulimit -f 8; \"$@\"", "File too large"},
+      {"chmod 444 old.ics; [ $(id -u) -ne 0 ] || set -- setpriv --bounding-set=-dac_override "
+       "\"$@\"; \"$@\"; status=$?; chmod 644 old.ics; exit $status",
+       "Permission denied"},
+  };
+  for (const auto& row : refusals) {
+    const Outcome refused = run(options + "--output=old.ics", "", row.script);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_THAT(refused.errors, AllOf(StartsWith("veldrin-calendar: Writing to /"),
+                                      HasSubstr("/old.ics failed: " + row.reason + ".\n")));
+    EXPECT_EQ(made("old.ics"), "old");
+    EXPECT_THAT(files(), testing::UnorderedElementsAreArray(before));
+  }
   // So does one that is full at the end of the file.
   for (const std::string how : {"EIO", "ENOSPC", "EINTR"}) {
     const bool closed = how == "EINTR";

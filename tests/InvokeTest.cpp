@@ -48,6 +48,7 @@ class Values final : public Described<Values, Object> {
     table.plainMethod<&Values::Constructor>("Constructor"_s);
     table.plainMethod<&Values::join>("join"_s);
     table.plainMethod<&Values::again>("again"_s);
+    table.plainMethod<&Values::leave>("leave"_s);
     table.sharedMethod<&Values::twice>("twice"_s);
     table.sharedProperty<&Values::stored>("stored"_s);
     table.sharedProperty<std::int32_t, &Values::Computed, &Values::Computed>("computed"_s);
@@ -67,6 +68,12 @@ class Values final : public Described<Values, Object> {
   static std::int32_t twice(std::int32_t value) { return 2 * value; }
   /// Invokes itself by its description.
   void again();
+  /// Gives up the test's own reference, and counts the others.
+  std::int32_t leave() {
+    only = nullptr;
+    return referenceCount();
+  }
+  static inline Ref<Object> only;
 
   static inline String stored;
   static std::int32_t Computed() { return 2 * half; }
@@ -253,6 +260,10 @@ TEST_F(InvokeTest, ResultAndReferencesComeBack) {
   const auto number = [] { return arguments({std::int32_t{21}}); };
   EXPECT_EQ(twice->InvokeForResult(nullptr, number()), Variant(std::int32_t{42}));
   EXPECT_EQ(twice->InvokeForResult(New<Date>(), number()), Variant(std::int32_t{42}));
+
+  Values::only = New<Values>();
+  const Ref<MethodInfo> leave = method(Values::__Lookup(), "leave");
+  EXPECT_EQ(leave->InvokeForResult(Values::only, arguments({})), Variant(std::int32_t{1}));
 
   const Ref<MethodInfo> count = method(Dictionary::__Lookup(), "HasKey");
   EXPECT_EQ(count->InvokeForResult(New<Dictionary>(), number()), Variant(false));

@@ -215,6 +215,7 @@ TEST_F(TypeInformationTest, ScopeAndSharingAreFilteredOutOfTheAttributes) {
   };
   const auto hidden = NewInfo<MethodInfoImp>(row("twice"), Node::__Lookup());
   EXPECT_THAT(attributesOf(*hidden), ElementsAre("Hidden"));
+  EXPECT_EQ(hidden->GetAttributes()->elements[0]->Value, Variant());
   EXPECT_TRUE(hidden->IsPublic() && !hidden->CanAccess() && hidden->IsShared());
 
   const auto secluded = NewInfo<MethodInfoImp>(row("step"), Node::__Lookup());

@@ -187,6 +187,8 @@ TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
   field("DSTStart").setFocus();
   field("DSTStart").deselect();
   EXPECT_EQ(enabledLetters(), "PA");
+  field("DSTStart").setReadOnly(true);
+  EXPECT_EQ(enabledLetters(), "A");
   for (const char* const name : {"BackOneDay", "DownUnderFlag", "WhichYear"}) {
     widget(name).setFocus();
     EXPECT_EQ(enabledLetters(), "") << name;

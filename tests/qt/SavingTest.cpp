@@ -90,6 +90,7 @@ TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
     EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName().toStdString(), told);
     sayOk(box);
   });
+  person->toolkit().quit();  // outside of the loop it ends no box to come
   person->toolkit().messageBox(String(told));
 }
 

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "shell/objects/Failure.h"
-
 namespace veldrin {
 
 Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const String& /*filter*/,
@@ -16,11 +14,6 @@ Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const String& /*filter*/,
 
 void HeadlessToolkit::run() {
   if (const auto once = std::exchange(job, nullptr)) once();
-}
-
-void HeadlessToolkit::reportUnhandledException(const RuntimeException& exception,
-                                               const String& sentence) {
-  reports_.push_back({exception.classRecord()->name, exception.ErrorNumber, sentence});
 }
 
 }  // namespace veldrin

@@ -13,13 +13,6 @@ namespace veldrin {
 /// given job as its event loop. The job presses what a person would press, through the controls.
 class HeadlessToolkit final : public Toolkit {
  public:
-  /// An exception that was reported, by its class and number.
-  struct Report {
-    String className;
-    std::int32_t errorNumber;
-    String sentence;
-  };
-
   /// What the event loop does, once. It ends when the job does.
   std::function<void()> job;
   /// The answers of the save dialogs to come, nil for cancelled; with none left a dialog cancels.
@@ -30,8 +23,8 @@ class HeadlessToolkit final : public Toolkit {
 
   /// What the message boxes said, in order.
   [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
-  /// The exceptions that nothing caught.
-  [[nodiscard]] const std::vector<Report>& reports() const { return reports_; }
+  /// What the exceptions that nothing caught were reported as, in order.
+  [[nodiscard]] const std::vector<String>& reports() const { return reports_; }
 
   void windowOpened(Window& /*window*/) override {}
   void windowClosed(Window& /*window*/) override {}
@@ -44,12 +37,15 @@ class HeadlessToolkit final : public Toolkit {
   void run() override;
   void quit() override {}
   void backgroundTask() override {}
-  void reportUnhandledException(const RuntimeException& exception, const String& sentence) override;
+  void reportUnhandledException(const RuntimeException& /*exception*/,
+                                const String& sentence) override {
+    reports_.push_back(sentence);
+  }
   void reportFault(const String& sentence) override { messages_.push_back(sentence); }
 
  private:
   std::vector<String> messages_;
-  std::vector<Report> reports_;
+  std::vector<String> reports_;
 };
 
 }  // namespace veldrin
