@@ -348,6 +348,8 @@ TEST_F(CompanionTest, AStandardCalendarTakesTheOldOnesPlaceWholeOrNotAtAll) {
       {"chmod 444 old.ics; [ $(id -u) -ne 0 ] || set -- setpriv --bounding-set=-dac_override "
        "\"$@\"; \"$@\"; status=$?; chmod 644 old.ics; exit $status",
        "Permission denied"},
+      {under("close 1 EIO"), "Input/output error"},
+      {under("close 1 ENOSPC"), "No space left on device"},
   };
   for (const auto& row : refusals) {
     const Outcome refused = run(options + "--output=old.ics", "", row.script);
@@ -357,13 +359,8 @@ TEST_F(CompanionTest, AStandardCalendarTakesTheOldOnesPlaceWholeOrNotAtAll) {
     EXPECT_EQ(made("old.ics"), "old");
     EXPECT_THAT(files(), testing::UnorderedElementsAreArray(before));
   }
-  // So does one that is full at the end of the file.
-  for (const std::string how : {"EIO", "ENOSPC", "EINTR"}) {
-    const bool closed = how == "EINTR";
-    EXPECT_EQ(run(options + "--output=old.ics", "", under("close 1 " + how)).status, !closed);
-    EXPECT_EQ(made("old.ics") == "old", !closed);
-    EXPECT_THAT(files(), testing::UnorderedElementsAreArray(before));
-  }
+  EXPECT_EQ(run(options + "--output=old.ics", "", under("close 1 EINTR")).status, 0);
+  EXPECT_NE(made("old.ics"), "old");
 
   const Outcome piped = run(options + "--output=../pipe", stamped,
                             "mkfifo ../pipe; cat ../pipe & sleep 0.2; \"$@\"; wait");

@@ -176,7 +176,6 @@ TEST_F(InvokeTest, EachTypeTakesItsValuesAndWhatWidensToThem) {
       {"object", Ref<Object>(day), {{{}, {}}}, 1.0},
       {"date", Ref<Object>(day), {{{}, {}}}, pair, "IllegalCastException"},
       {"texts", texts, {{{}, {}}}, numbers},
-      {"texts", texts, {}, day},
       {"mode", Mode::On, {{std::int32_t{0}, Mode::Off}}, std::int32_t{256}},
   };
   for (const auto& row : rows) {

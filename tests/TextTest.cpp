@@ -37,9 +37,7 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
     std::string text;
     double value;
     std::size_t length;  // what the number took
-  } rows[] = {{"2008", 2008.0, 4},
-              {"-71.5", -71.5, 5},
-              {"+3", 3.0, 2},
+  } rows[] = {{"+3", 3.0, 2},
               {" \t 47.5 ", 47.5, 7},
               {"47,5", 47.0, 2},
               {"1.2.3", 1.2, 3},
@@ -52,7 +50,6 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
               {"1e-x", 1.0, 1},
               {std::string("1\0002", 3), 1.0, 1},
               {"1e400", Infinity, 5},
-              {"1e-400", 0.0, 6},
               {"-1e-400", -0.0, 7},
               {"1e99999999999999999999", Infinity, 22},
               {"1e-99999999999999999999", 0.0, 23},
@@ -92,8 +89,7 @@ TEST_P(TextTest, FormatFillsUpWithZeros) {
     double value;
     const char* pattern;
     const char* expected;
-  } rows[] = {{0.0, "00", "00"},
-              {-0.0, "00", "00"},
+  } rows[] = {{-0.0, "00", "00"},
               {7.0, "00", "07"},
               {100.0, "00", "100"},
               {-0.4, "00", "00"},
@@ -101,10 +97,8 @@ TEST_P(TextTest, FormatFillsUpWithZeros) {
               {0.49999999999999994, "00", "00"},
               {2.5, "00", "03"},
               {12.0, "", "12"},
-              {9007199254740991.0, "00", "9007199254740991"},
               {9007199254740994.0, "00", "9007199254740994"},
               {NotANumber, "00", "nan"},
-              {Infinity, "00", "inf"},
               {-Infinity, "00", "-inf"}};
   for (const auto& row : rows) {
     EXPECT_EQ(text(Format(row.value, String(row.pattern))), row.expected)

@@ -47,7 +47,6 @@ TEST(TypeCodeGrammarTest, TypeCodesAreTakenApart) {
   } rows[] = {
       {"f8", CodeKind::Other, 0, ""},
       {"?<CString>", CodeKind::Other, 0, "CString"},
-      {"o<Introspection.TypeInfo>", CodeKind::Object, 0, "Introspection.TypeInfo"},
       {"o<A<B>>", CodeKind::Object, 0, "A<B>"},
       {"u1<FontUnits>", CodeKind::Enumeration, 0, "FontUnits"},
       {"t<S>", CodeKind::Structure, 0, "S"},
