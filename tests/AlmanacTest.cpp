@@ -30,7 +30,7 @@ using testing::StartsWith;
 const std::set<Twilight> AllTwilights{Twilight::Civil, Twilight::Nautical, Twilight::Astronomical};
 
 /// What a document says of an event.
-struct Event {
+struct Entry {
   std::string kind, day, start;
 };
 
@@ -41,8 +41,8 @@ class AlmanacTest : public WindowTest {
   }
 
   /// The events in order, of a document without names that would be folded.
-  static std::vector<Event> eventsOf(const std::string& document) {
-    std::vector<Event> events;
+  static std::vector<Entry> eventsOf(const std::string& document) {
+    std::vector<Entry> events;
     std::istringstream lines(document);
     for (std::string line; std::getline(lines, line);) {
       const std::string value =
@@ -56,7 +56,7 @@ class AlmanacTest : public WindowTest {
     return events;
   }
 
-  static bool isOfSun(const Event& event) {
+  static bool isOfSun(const Entry& event) {
     return event.kind == "sunrise" || event.kind == "sunset";
   }
 };
@@ -231,7 +231,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
     const double zone = count % 2 == 0 ? std::round(upTo(96.0)) / 4.0 : upTo(24.0);
     person->tick("DaylightSavings", count % 4 != 0);
     person->tick("DownUnderFlag", latitude < 0.0);
-    std::vector<Event> events;
+    std::vector<Entry> events;
     double longitude = upTo(180.0);
     // Here the Sun rises at a full hour to the last bit, at the end of two parabolas.
     if (count == 1)
@@ -240,7 +240,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
       fillIn(latitude, longitude, zone, each);
       const std::string document = almanac(window(), {"", AllTwilights, 0});
       ASSERT_EQ(document, almanac(window(), {"", AllTwilights, 0}));
-      const std::vector<Event> more = eventsOf(document);
+      const std::vector<Entry> more = eventsOf(document);
       events.insert(events.end(), more.begin(), more.end());
     }
     SCOPED_TRACE(std::to_string(year) + " " + textOf(latitude) + " " + textOf(longitude) + " " +
@@ -250,7 +250,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
     std::string lastStart;
     std::string lastKind;
     std::string lastDay;
-    for (const Event& event : events) {
+    for (const Entry& event : events) {
       ASSERT_LE(lastDay, event.day);
       lastDay = event.day;
       auto& [marks, sunEvents] = marksAndEvents[event.day];

@@ -14,8 +14,6 @@ namespace {
 using DateTest = RuntimeTest;
 using Fields = CivilMoment;
 
-constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 constexpr Fields FirstMoment = {Smallest, 1, 1, 0, 0, 0};
 constexpr Fields LastMoment = {Largest, 12, 31, 23, 59, 59};
 

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
-#include <limits>
 #include <optional>
 #include <random>
 #include <string>
@@ -130,8 +129,6 @@ TEST_F(DifferentialTest, DatesOfAnyIntegersAreTheSameNumber) {
   for (const std::int32_t year : {-2, -1, 0, 1, 1582}) {
     for (std::int32_t day = 0; day < 12 * 31; ++day) expectSame(year, day / 31 + 1, day % 31 + 1);
   }
-  constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
   for (int count = 0; count < 20000 && !HasFatalFailure(); ++count) {
     const std::int32_t bound = count % 2 == 0 ? 20000 : Largest;
     expectSame(source.oneIn(50) ? Smallest : source.whole(-bound, bound),

@@ -13,8 +13,6 @@ namespace {
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
-constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
-constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 
 /// Everything here holds under every C locale; the German one has a comma in place of the point.
 class TextTest : public testing::TestWithParam<const char*> {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,6 +24,10 @@
 #include "tests/support/WatchedToolkit.h"
 
 namespace veldrin::test {
+
+/// The bounds of the system's integers.
+inline constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
+inline constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 
 /// A person, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west with its
 /// daylight-saving hour.
