@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace veldrin {
+
+// A minute here counts since 1970-01-01 00:00 Universal Time; it need not be whole, since a zone
+// may be any fraction of hours. Days are numbered as in Civil.h.
+
+/// A change of a clock.
+struct ClockChange {
+  double from;    ///< the minute of the change
+  double offset;  ///< minutes by which the clock is ahead of Universal Time from then on
+};
+
+/// A local day: the minute at which it begins, and the minute at which it is over for good.
+struct DaySpan {
+  double begin;
+  double end;
+};
+
+/// How the clocks of a place go: an offset from Universal Time that changes now and then.
+///
+///     const ClockRules berlin(60.0, {{29'586'780.0, 120.0}});  // 2026-03-29 01:00 UTC
+///     berlin.offsetAt(29'586'779.0);                           // 60.0
+class ClockRules {
+ public:
+  /// `offset` holds until the first change; the changes are in order of time.
+  explicit ClockRules(double offset, std::vector<ClockChange> changes = {});
+
+  /// The minutes by which the clock is ahead of Universal Time.
+  [[nodiscard]] double offsetAt(double minute) const;
+
+  /// The number of the local day to which a moment belongs.
+  [[nodiscard]] std::int64_t dayAt(double minute) const;
+
+  /// The span of a local day; nothing for a day that the clocks skip, as Apia did with 2011-12-30.
+  [[nodiscard]] std::optional<DaySpan> spanOf(std::int64_t day) const;
+
+  /// The moment at which the clock shows a minute [0:1440] of a day. A repeated time means its
+  /// first moment. A skipped time means the moment that it would have been without the change.
+  [[nodiscard]] double momentOf(std::int64_t day, double minuteOfDay) const;
+
+ private:
+  /// The time between two changes.
+  struct Stretch {
+    double from;
+    double to;
+    double offset;
+  };
+  [[nodiscard]] Stretch stretch(std::size_t index) const;
+
+  double first_;
+  std::vector<ClockChange> changes_;
+};
+
+}  // namespace veldrin
