@@ -2,15 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <span>
 #include <utility>
 #include <vector>
 
 #include "almanac/AlmanacDocument.h"
 #include "almanac/Crossings.h"
-#include "almanac/LocalDays.h"
-#include "shell/Civil.h"
-#include "shell/Mathematics.h"
+#include "shell/host/Civil.h"
+#include "shell/values/Mathematics.h"
+#include "solar/RiseSetSearch.h"
 
 namespace veldrin {
 namespace {
@@ -36,12 +37,11 @@ struct Altitudes {
   std::vector<double> sines;
   std::vector<std::size_t> passings;
 
-  Altitudes(double rads, const std::set<Twilight>& twilights)
-      // As the engine has it: fifty minutes of arc under the horizon.
-      : sines{Sin(((-rads) * 50.0) / 60.0)}, passings{0} {
+  explicit Altitudes(const std::set<Twilight>& twilights)
+      : sines{solar::sineAtHorizon(solar::Rads)}, passings{0} {
     for (const Twilight twilight : twilights) {
       const auto degrees = static_cast<std::size_t>(twilight);
-      sines.push_back(Sin((-rads) * static_cast<double>(degrees)));
+      sines.push_back(Sin((-solar::Rads) * static_cast<double>(degrees)));
       passings.push_back(degrees / DegreesOfTwilight);
     }
   }
@@ -52,50 +52,62 @@ struct Altitudes {
   }
 };
 
-bool isUpAtMiddle(const Sky& sky, const LocalDay& local, double sine) {
-  const double middle = (local.begin + local.end) / 2.0;
+bool isUpAtMiddle(const Sky& sky, const DaySpan& span, double sine) {
+  const double middle = (span.begin + span.end) / 2.0;
   const double day = Floor(middle / MinutesOfDay);
-  const double hour = (middle - day * MinutesOfDay) / 60.0;
-  return sky.sineAltitude(static_cast<std::int64_t>(day), hour) > sine;
+  const double hour = (middle - day * MinutesOfDay) / MinutesOfHour;
+  return sky.sineAltitude(Sky::midnightOf(static_cast<std::int64_t>(day)), hour) > sine;
 }
 
-void addEvents(AlmanacDocument& document, const Altitudes& altitudes, const LocalDay& day,
+/// The events of one local day, in order of time.
+void addEvents(AlmanacDocument& document, const Altitudes& altitudes, std::int64_t day,
                std::span<const Crossing> events) {
   for (auto event = events.begin(); event != events.end(); ++event) {
     const auto sameKind = [&](const Crossing& other) {
       return other.altitude == event->altitude && other.rises == event->rises;
     };
     const std::int64_t ordinal = std::count_if(events.begin(), event, sameKind) + 1;
-    document.addMoment(altitudes.kindOf(*event), day.number, ordinal, event->minute(),
+    document.addMoment(altitudes.kindOf(*event), day, ordinal, event->minute(),
                        event->altitude == 0);
+  }
+}
+
+/// The crossings by the local days that they belong to.
+std::map<std::int64_t, std::vector<Crossing>> byLocalDay(const std::vector<Crossing>& found,
+                                                         const ClockRules& clock) {
+  std::map<std::int64_t, std::vector<Crossing>> days;
+  for (const Crossing& crossing : found) {
+    days[clock.dayAt(static_cast<double>(crossing.minute()))].push_back(crossing);
+  }
+  return days;
+}
+
+void addYear(AlmanacDocument& document, const Sky& sky, const Altitudes& altitudes,
+             const ClockYear& year, const std::function<void()>& yield) {
+  const std::int64_t first = dayNumber(year.year, 1, 1);
+  const std::int64_t last = dayNumber(year.year, 12, 31);
+  // A clock is up to 25 hours away from that of Greenwich.
+  auto days = byLocalDay(crossings(sky, first - 2, last + 2, altitudes.sines, yield), year.clock);
+  for (std::int64_t day = first; day <= last; ++day) {
+    const std::vector<Crossing>& events = days[day];
+    const auto isOfSun = [](const Crossing& crossing) { return crossing.altitude == 0; };
+    const std::optional<DaySpan> span = year.clock.spanOf(day);
+    if (span && std::ranges::none_of(events, isOfSun)) {
+      const bool isUp = isUpAtMiddle(sky, *span, altitudes.sines.front());
+      document.addDay(isUp ? UpAllDay : DownAllDay, day);
+    }
+    addEvents(document, altitudes, day, events);
   }
 }
 
 }  // namespace
 
-std::string almanac(const Ref<Veldrin>& window, const AlmanacOptions& options) {
-  const Sky sky(window);
-  const Altitudes altitudes(window->Rads, options.twilights);
-  const std::vector<LocalDay> days = localDays(window);
-  // A zone and daylight saving take a local day up to 25 hours away from that of Greenwich.
-  const std::vector<Crossing> found =
-      crossings(sky, days.front().number - 2, days.back().number + 2, altitudes.sines);
-  const auto firstFrom = [&found](double minute) {
-    return std::ranges::lower_bound(found, minute, {}, [](const Crossing& crossing) {
-      return static_cast<double>(crossing.minute());
-    });
-  };
-
-  AlmanacDocument document(options, sky.latitude, sky.longitude);
-  for (const LocalDay& day : days) {
-    const std::span<const Crossing> events(firstFrom(day.begin), firstFrom(day.end));
-    const auto isOfSun = [](const Crossing& crossing) { return crossing.altitude == 0; };
-    if (std::ranges::none_of(events, isOfSun)) {
-      const bool isUp = isUpAtMiddle(sky, day, altitudes.sines.front());
-      document.addDay(isUp ? UpAllDay : DownAllDay, day.number);
-    }
-    addEvents(document, altitudes, day, events);
-  }
+std::string almanac(const Place& place, std::span<const ClockYear> years,
+                    const AlmanacOptions& options, const std::function<void()>& yield) {
+  const Sky sky(place.latitude, place.longitude);
+  const Altitudes altitudes(options.twilights);
+  AlmanacDocument document(place, options);
+  for (const ClockYear& year : years) addYear(document, sky, altitudes, year, yield);
   return std::move(document).finish();
 }
 

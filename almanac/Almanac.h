@@ -1,36 +1,52 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 
-#include "daystatus/Veldrin.h"
+#include "civiltime/ClockRules.h"
 
 namespace veldrin {
 
-/// A twilight, by the degrees that the Sun's centre stands under the horizon at its darker end.
+/// A place on Earth.
+struct Place {
+  std::string name;  ///< in UTF-8; empty for the coordinates
+  double latitude;   ///< degrees, north positive [-90:90]
+  double longitude;  ///< degrees, east positive [-180:180]
+};
+
+/// A year [1583:9998] and the clock of the place in it.
+struct ClockYear {
+  std::int32_t year;
+  ClockRules clock;
+};
+
+/// A twilight, by the degrees of the Sun's centre below the horizon at its darker end.
 enum class Twilight : std::uint8_t { Civil = 6, Nautical = 12, Astronomical = 18 };
 
-/// What a document says beside what stands in the window.
+/// What the calendar holds besides sunrise and sunset.
 struct AlmanacOptions {
-  std::string place;  ///< the name of the place, in UTF-8; empty for its coordinates
   std::set<Twilight> twilights;
   std::optional<std::int32_t> reminder;  ///< minutes before a sunrise or sunset
   std::int64_t stamp = 0;  ///< when it was made, seconds since 1970-01-01 00:00 UTC, years to 9999
 };
 
-/// The calendar of a year that every calendar program takes, as an iCalendar text (RFC 5545).
+/// The calendar of a place for some years as an iCalendar text (RFC 5545), for today's calendar
+/// programs.
 ///
-/// Each event of the local days January 1 to December 31 is in it at its moment in Universal Time,
-/// rounded to the minute, so that no zone has a part in it: the window's zone and daylight saving
-/// say only where a day begins. A day with neither sunrise nor sunset has an event of the whole day
-/// that says whether the Sun is up or down. The identifiers are the same in each run, so that a
-/// calendar program that knows identifiers replaces what it has. The years of one place join, as
-/// long as both have the same offset at the midnight between them.
+/// It holds each event of the local days from January 1 to December 31 of each year, at its moment
+/// in Universal Time, rounded to the minute. The clock decides only to which local day an event
+/// belongs. A day with neither sunrise nor sunset has an event of the whole day that says whether
+/// the Sun is up or down. A day that the clock skips has no event. The identifiers depend on place,
+/// kind and day alone, so that a calendar program replaces what it has, and the years of one place
+/// join.
 ///
-/// Place, zone, daylight saving and year, which is 1583 to 9998, are those of the window's
-/// controls. Against the panel a time may differ by a minute: see `crossings`.
-std::string almanac(const Ref<Veldrin>& window, const AlmanacOptions& options);
+/// A time may differ by a minute from the window's: see `crossings`. `yield()` is called once for
+/// each day; what it throws passes through.
+std::string almanac(const Place& place, std::span<const ClockYear> years,
+                    const AlmanacOptions& options, const std::function<void()>& yield);
 
 }  // namespace veldrin

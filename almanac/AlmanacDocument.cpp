@@ -5,7 +5,7 @@
 
 #include "almanac/ContentLine.h"
 #include "almanac/Coordinate.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin {
 namespace {
@@ -41,15 +41,15 @@ void appendMoment(std::string& text, std::int64_t minute, std::int64_t second = 
 
 }  // namespace
 
-AlmanacDocument::AlmanacDocument(const AlmanacOptions& options, double latitude, double longitude) {
-  const Coordinate north(latitude);
-  const Coordinate east(longitude);
-  const std::string place = escapedText(
-      options.place.empty() ? north.words('N', 'S') + ", " + east.words('E', 'W') : options.place);
+AlmanacDocument::AlmanacDocument(const Place& place, const AlmanacOptions& options) {
+  const Coordinate north(place.latitude);
+  const Coordinate east(place.longitude);
+  const std::string name = escapedText(
+      place.name.empty() ? north.words('N', 'S') + ", " + east.words('E', 'W') : place.name);
   suffix_ = north.signedDigits(2) + east.signedDigits(3) + "@veldrin";
   stamp_ = "DTSTAMP:";
   appendMoment(stamp_, options.stamp / 60, options.stamp % 60);
-  appendLine(common_, "LOCATION:" + place);
+  appendLine(common_, "LOCATION:" + name);
   appendLine(common_, "GEO:" + north.number() + ";" + east.number());
   appendLine(common_, "TRANSP:TRANSPARENT");
   if (options.reminder) trigger_ = "TRIGGER:-PT" + std::to_string(*options.reminder) + "M";
@@ -58,7 +58,7 @@ AlmanacDocument::AlmanacDocument(const AlmanacOptions& options, double latitude,
   appendLine(text_, "VERSION:2.0");
   appendLine(text_, "PRODID:-//Veldrin//Veldrin 6//EN");
   appendLine(text_, "CALSCALE:GREGORIAN");
-  appendLine(text_, "X-WR-CALNAME:" + place);
+  appendLine(text_, "X-WR-CALNAME:" + name);
 }
 
 void AlmanacDocument::addDay(const EventKind& kind, std::int64_t day) {

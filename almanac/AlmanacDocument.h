@@ -15,11 +15,10 @@ struct EventKind {
 };
 
 /// An iCalendar document in the making: its header at once, then event by event, then its end.
-/// Days are numbered as in shell/Civil.h, minutes counted since 1970-01-01 00:00 UTC.
+/// Days are numbered as in shell/host/Civil.h, minutes counted since 1970-01-01 00:00 UTC.
 class AlmanacDocument {
  public:
-  /// For a place in degrees, north and east positive.
-  AlmanacDocument(const AlmanacOptions& options, double latitude, double longitude);
+  AlmanacDocument(const Place& place, const AlmanacOptions& options);
 
   /// An event of the whole local day.
   void addDay(const EventKind& kind, std::int64_t day);

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "apps/PlainText.h"
-#include "shell/ParseDate.h"
-#include "shell/Text.h"
+#include "apps/ProgramMain.h"
+#include "shell/values/ParseDate.h"
+#include "shell/values/Text.h"
 
 namespace veldrin {
 namespace {
 
-constexpr int BadUsage = 2;
 constexpr std::int32_t FirstYear = 1;
 constexpr std::int32_t LastYear = 9999;
 // In the Gregorian calendar, with a new year of four digits behind it.
@@ -129,14 +129,14 @@ std::optional<AlmanacOptions> checkedStandard(bool isWanted,
   needStandard("--twilight", !twilights.empty());
   needStandard("--remind", reminder.has_value());
   if (!isWanted) return std::nullopt;
-  return AlmanacOptions{checkedPlace(place), checkedTwilights(twilights),
+  return AlmanacOptions{checkedTwilights(twilights),
                         checkedWhole("--remind", reminder, 0, MostMinutes)};
 }
 
 }  // namespace
 
-std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const char* const* arguments,
-                                                            const ShortDateForm& form) {
+std::variant<CalendarRequest, RunOutcome> readCommandLine(int count, const char* const* arguments,
+                                                          const ShortDateForm& form) {
   CalendarRequest request;
   std::optional<std::string> year;
   bool isStandard = false;
@@ -180,6 +180,7 @@ std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const cha
     app.parse(count, arguments);
     if (isStandard && request.statusDate) throw CLI::ExcludesError("--status", "--standard");
     request.standard = checkedStandard(isStandard, place, twilights, reminder);
+    request.place = checkedPlace(place);
     checkNumber("--latitude", request.latitude, 90.0);
     checkNumber("--longitude", request.longitude, 180.0);
     checkNumber("--time-zone", request.timeZone, 24.0);
@@ -196,13 +197,14 @@ std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const cha
     if (request.output.empty()) refuse("--output", "the name of a file", "");
     return request;
   } catch (const CLI::CallForHelp&) {
-    return CalendarExit{0, helpOf(app)};
+    return RunOutcome{.output = helpOf(app)};
   } catch (const CLI::CallForVersion& version) {
-    return CalendarExit{0, std::string(version.what()) + "\n"};
+    return RunOutcome{.output = std::string(version.what()) + "\n"};
   } catch (const CLI::ParseError& error) {
     constexpr std::size_t Shown = 200;
-    return CalendarExit{BadUsage, "veldrin-calendar: " + onOneLine(shortened(error.what(), Shown)) +
-                                      "; see veldrin-calendar --help.\n"};
+    return RunOutcome{
+        .status = Misused,
+        .complaints = {shortened(error.what(), Shown) + "; see veldrin-calendar --help."}};
   }
 }
 

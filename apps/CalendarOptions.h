@@ -6,12 +6,13 @@
 #include <variant>
 
 #include "almanac/Almanac.h"
-#include "shell/Host.h"
+#include "apps/RunOutcome.h"
+#include "shell/host/Host.h"
 
 namespace veldrin {
 
-/// What the companion was asked for, checked: every text below is one that the window reads as the
-/// user meant it. Nothing given is nothing changed.
+/// What the companion was asked for, checked. The window reads every text below as the user meant
+/// it. What was not given stays as the window has it.
 struct CalendarRequest {
   std::optional<std::string> latitude;
   std::optional<std::string> longitude;
@@ -24,18 +25,12 @@ struct CalendarRequest {
   std::string output = "Veldrin.ics";      ///< "-" is standard output
   std::optional<std::string> statusDate;   ///< the panel of this day in place of a calendar
   std::optional<AlmanacOptions> standard;  ///< the other document, with all but its stamp
+  std::string place;                       ///< its name, with `standard`
 };
 
-/// The end of the program before anything was done: what it says, and its exit status. A status
-/// other than 0 belongs to the errors.
-struct CalendarExit {
-  int status;
-  std::string text;
-};
-
-/// Reads the command line. Whatever is wrong with it comes back as one sentence and status 2; dates
-/// are read in the host's form.
-std::variant<CalendarRequest, CalendarExit> readCommandLine(int count, const char* const* arguments,
-                                                            const ShortDateForm& form);
+/// Reads the command line. A wrong one gives the outcome of the program: one sentence and status 2;
+/// `--help` and `--version` give their text. Dates are read in the host's form.
+std::variant<CalendarRequest, RunOutcome> readCommandLine(int count, const char* const* arguments,
+                                                          const ShortDateForm& form);
 
 }  // namespace veldrin

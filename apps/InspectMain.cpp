@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/ProgramMain.h"
 #include "apps/VeldrinParts.h"
 #include "shell/objects/ClassRecord.h"
 #include "ui/FormStreams.h"
@@ -15,8 +16,7 @@
 namespace veldrin {
 namespace {
 
-constexpr int Failed = 1;
-constexpr int Misused = 2;
+constexpr const char* Program = "veldrin-inspect";
 
 constexpr std::string_view Help =
     R"(Usage: veldrin-inspect COMMAND
@@ -157,20 +157,18 @@ Answer answerTo(std::span<const std::string_view> words) {
   return command->run(words.subspan(1));
 }
 
-/// Says a sentence on the error stream, which is the last resort: nothing can be done if it fails.
-int complain(const std::string& sentence, int status) {
-  static_cast<void>(std::fprintf(stderr, "veldrin-inspect: %s\n", sentence.c_str()));
-  return status;
-}
-
 int inspectMain(std::span<char*> words) {
   initializeClasses();
   const std::vector<std::string_view> arguments(words.begin(), words.end());
   const Answer answer = answerTo(arguments);
-  if (!answer.complaint.empty()) return complain(answer.complaint, answer.status);
+  if (!answer.complaint.empty()) {
+    complain(Program, answer.complaint);
+    return answer.status;
+  }
   const std::size_t written = std::fwrite(answer.output.data(), 1, answer.output.size(), stdout);
   if (std::fflush(stdout) != 0 || written != answer.output.size()) {
-    return complain("The output cannot be written.", Failed);
+    complain(Program, "The output cannot be written.");
+    return Failed;
   }
   return 0;
 }
@@ -179,5 +177,7 @@ int inspectMain(std::span<char*> words) {
 }  // namespace veldrin
 
 int main(int count, char** arguments) {
-  return veldrin::inspectMain(std::span(arguments, static_cast<std::size_t>(count)).subspan(1));
+  const std::span words(arguments, static_cast<std::size_t>(count));
+  return veldrin::runProgram(veldrin::Program,
+                             [&] { return veldrin::inspectMain(words.subspan(1)); });
 }

@@ -1,12 +1,14 @@
+#include "apps/ProgramMain.h"
 #include "apps/SpokenNames.h"
-#include "apps/StandardDescriptors.h"
 #include "apps/VeldrinParts.h"
-#include "shell/SystemHost.h"
+#include "shell/host/SystemHost.h"
 #include "toolkits/qt/QtToolkit.h"
 
 int main() {
-  veldrin::openStandardDescriptors();
-  veldrin::SystemHost host;
-  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
-  return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
+  return veldrin::runProgram("veldrin", [] {
+    veldrin::SystemHost host;
+    const auto names = veldrin::spokenNames();
+    veldrin::QtToolkit toolkit(names);
+    return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
+  });
 }

@@ -5,7 +5,7 @@
 #include "reflection/Introspection.h"
 #include "reflection/ReflectionClasses.h"
 #include "shell/Classes.h"
-#include "shell/Runtime.h"
+#include "shell/window/Window.h"
 #include "ui/MenuBar1.h"
 
 namespace veldrin {
@@ -19,10 +19,9 @@ void initializeClasses() {
 }
 
 void finalizeGlobals() {
-  Runtime& runtime = Runtime::current();
-  runtime._mImplicitWindowList = nullptr;
-  runtime._WindowSupport.mDirtyWindows = nullptr;
-  runtime.leaveWindows();
+  _mImplicitWindowList = nullptr;
+  _WindowSupport.mDirtyWindows = nullptr;
+  leaveAllWindows();
   Introspection::finalizeReflection();
   MenuBar1::_implicitInstance = nullptr;
   OutputFile::__Exit();

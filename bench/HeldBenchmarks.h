@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "apps/VeldrinParts.h"
-#include "shell/SystemHost.h"
+#include "shell/host/SystemHost.h"
 #include "toolkits/headless/HeadlessToolkit.h"
 
 namespace veldrin {

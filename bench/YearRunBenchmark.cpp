@@ -27,8 +27,8 @@
 #include "bench/HeldBenchmarks.h"
 #include "bench/bare/Bare.h"
 #include "daystatus/Veldrin.h"
-#include "shell/FolderItem.h"
 #include "shell/Runtime.h"
+#include "shell/files/FolderItem.h"
 
 namespace veldrin {
 namespace {
@@ -107,7 +107,7 @@ void fillInWindow() {
 }
 
 void press(const Ref<FolderItem>& item) {
-  auto& toolkit = static_cast<HeadlessToolkit&>(Runtime::current().toolkit);
+  auto& toolkit = static_cast<HeadlessToolkit&>(InForce<Toolkit>::get());
   toolkit.saveAnswers.push_back(item);
   implicit::Veldrin()->GenerateButton()->userPressed();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/FileType.h"
+#include "shell/files/FileType.h"
 
 namespace veldrin {
 

@@ -1,11 +1,11 @@
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
-#include "shell/BackgroundTask.h"
-#include "shell/Dialogs.h"
-#include "shell/Mathematics.h"
-#include "shell/Text.h"
-#include "shell/TextOutputStream.h"
+#include "shell/files/TextOutputStream.h"
 #include "shell/objects/Failure.h"
+#include "shell/values/Mathematics.h"
+#include "shell/values/Text.h"
+#include "shell/window/BackgroundTask.h"
+#include "shell/window/Dialogs.h"
 
 namespace veldrin {
 namespace {
@@ -47,8 +47,17 @@ void Veldrin::GenerateButton_Action() {
   if (!item) return;
   const Ref<TextOutputStream> stream = openStream(item);
   if (!stream) return;
+  try {
+    writeYear(*stream);
+  } catch (const Raised& raised) {
+    stream->noteIncomplete(*raised.exception);
+    throw;
+  }
+  stream->Close();
+}
 
-  writeHeader(*stream);
+void Veldrin::writeYear(TextOutputStream& stream) {
+  writeHeader(stream);
   const Ref<Date> date = newDate();
   date->Constructor();
   date->Year(RuntimeCvtReal64ToSInt32(Val(WhichYear()->Text())));
@@ -68,18 +77,16 @@ void Veldrin::GenerateButton_Action() {
     DoVeldrin(latitude, longitude, date, zone, riseTime, setTime);
     const String monthText = Format(date->Month(), "00"_s);
     if (riseTime < 0.0 || setTime < 0.0) {
-      writeEvent(*stream, "SUMMARY: No sunrise or sunset"_s, yearText, monthText, *date,
-                 "120000"_s);
+      writeEvent(stream, "SUMMARY: No sunrise or sunset"_s, yearText, monthText, *date, "120000"_s);
     } else {
-      writeEvent(*stream, "SUMMARY: Sunrise at "_s + HHMMFormat(riseTime), yearText, monthText,
+      writeEvent(stream, "SUMMARY: Sunrise at "_s + HHMMFormat(riseTime), yearText, monthText,
                  *date, HHMMZZ(riseTime));
-      writeEvent(*stream, "SUMMARY: Sunset at "_s + HHMMFormat(setTime), yearText, monthText, *date,
+      writeEvent(stream, "SUMMARY: Sunset at "_s + HHMMFormat(setTime), yearText, monthText, *date,
                  HHMMZZ(setTime));
     }
     RuntimeBackgroundTask();
   }
-  stream->WriteLine("END:VCALENDAR"_s);
-  stream->Close();
+  stream.WriteLine("END:VCALENDAR"_s);
 }
 
 }  // namespace veldrin

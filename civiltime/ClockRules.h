@@ -7,7 +7,7 @@
 namespace veldrin {
 
 // A minute here counts since 1970-01-01 00:00 Universal Time; it need not be whole, since a zone
-// may be any fraction of hours. Days are numbered as in Civil.h.
+// may be any fraction of hours. Days are numbered as in shell/host/Civil.h.
 
 /// A change of a clock.
 struct ClockChange {

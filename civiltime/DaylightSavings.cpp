@@ -1,61 +1,51 @@
-#include "daystatus/Veldrin.h"
-#include "shell/BackgroundTask.h"
-#include "shell/ParseDate.h"
+#include "civiltime/DaylightSavings.h"
 
-namespace veldrin {
-namespace {
+#include <utility>
+#include <vector>
 
-constexpr std::int32_t Sunday = 1;
+#include "shell/host/Civil.h"
+#include "shell/values/Mathematics.h"
 
-}  // namespace
+namespace veldrin::civiltime {
 
-void Veldrin::SetDaylightSavingsBounds(std::int32_t year) {
-  const Ref<Date> date = newDate();
-  date->Constructor();
+std::int32_t standardZone(double offset, bool isSavingNow) {
+  return RuntimeCvtReal64ToSInt32(offset) - (isSavingNow ? 1 : 0);
+}
+
+SavingPeriod defaultPeriod(std::int32_t year) {
+  const Ref<Date> date = New<Date>();
+  const auto number = [&date] { return dayNumber(date->Year(), date->Month(), date->Day()); };
+  const auto noYield = [] {};
   date->Year(year);
-  date->Month(3);
-  bool firstSundayMet = false;
-  for (std::int32_t day = 1; day <= 31; ++day) {
-    date->Day(day);
-    if (date->DayOfWeek() == Sunday) {
-      if (firstSundayMet) break;
-      firstSundayMet = true;
-    }
-    RuntimeBackgroundTask();
-  }
-  DSTStart()->Text(date->ShortDate());
-  date->Month(11);
-  for (std::int32_t day = 1; day <= 30; ++day) {
-    date->Day(day);
-    if (date->DayOfWeek() == Sunday) break;
-    RuntimeBackgroundTask();
-  }
-  DSTEnd()->Text(date->ShortDate());
+  moveToFirstDay(*date, noYield);
+  const std::int64_t first = number();
+  moveToEnd(*date, noYield);
+  return {first, number(), false};
 }
 
-bool Veldrin::IsDaylightSavingsTime(const Ref<Date>& d) {
-  Ref<Date> first = newDate();
-  first->Constructor();
-  if (!ParseDate(DSTStart()->Text(), first)) return DownUnderFlag()->Value();
-  Ref<Date> second = newDate();
-  second->Constructor();
-  if (!ParseDate(DSTEnd()->Text(), second)) return DownUnderFlag()->Value();
-  if (second->TotalSeconds() < first->TotalSeconds()) {
-    const double later = first->TotalSeconds();
-    first->TotalSeconds(second->TotalSeconds());
-    second->TotalSeconds(later);
+ClockRules clockRules(double zone, const std::optional<SavingPeriod>& period, std::int32_t year) {
+  const double standard = zone * MinutesOfHour;
+  const auto saves = [&period](std::int64_t day) {
+    const auto number = [](std::int64_t value) { return static_cast<double>(value); };
+    return period && isDaylightSavingsTime(number(day), number(period->first),
+                                           number(period->second), period->downUnder);
+  };
+  const auto offsetOn = [&](std::int64_t day) {
+    return standard + (saves(day) ? MinutesOfHour : 0.0);
+  };
+  const std::int64_t newYear = dayNumber(year, 1, 1);
+  const std::int64_t nextYear = dayNumber(std::int64_t{year} + 1, 1, 1);
+  std::vector<ClockChange> changes;
+  double before = offsetOn(newYear - 1);
+  for (std::int64_t day = newYear; day < nextYear; ++day) {
+    const double offset = offsetOn(day);
+    if (offset == before) continue;
+    // Set back at midnight the clock would show the day before again: it is set back an hour later.
+    const double midnight = static_cast<double>(day * MinutesOfDay) - before;
+    changes.push_back({offset > before ? midnight : midnight + (before - offset), offset});
+    before = offset;
   }
-  const bool inside =
-      !(d->TotalSeconds() < first->TotalSeconds()) && d->TotalSeconds() < second->TotalSeconds();
-  return inside != DownUnderFlag()->Value();
+  return ClockRules(offsetOn(newYear - 1), std::move(changes));
 }
 
-void Veldrin::DoDaylightSavings(const Ref<Date>& d, double& t) {
-  if (!DaylightSavings()->Value()) return;
-  if (!IsDaylightSavingsTime(d)) return;
-  t = t + 1.0;
-  if (t < 0.0) t = t + 24.0;
-  if (!(t < 24.0)) t = t - 24.0;
-}
-
-}  // namespace veldrin
+}  // namespace veldrin::civiltime

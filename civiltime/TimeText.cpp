@@ -1,12 +1,13 @@
-#include "daystatus/Veldrin.h"
-#include "shell/Mathematics.h"
-#include "shell/Text.h"
+#include "civiltime/TimeText.h"
 
-namespace veldrin {
+#include "shell/values/Mathematics.h"
+#include "shell/values/Text.h"
+
+namespace veldrin::civiltime {
 namespace {
 
-/// A time of day as the whole hours and minutes that are shown. The second rounding makes the
-/// minutes exact, which a sixtieth in binary is not.
+/// The whole hours and minutes that a clock shows. The second rounding makes the minutes exact,
+/// because a double cannot hold a sixtieth exactly.
 struct ClockReading {
   double hours;
   double minutes;
@@ -21,20 +22,16 @@ struct ClockReading {
 
 }  // namespace
 
-String Veldrin::HHMMFormat(double x) {
+String HHMMFormat(double x) {
   if (x < 0.0) return "N/A"_s;
   const ClockReading reading(x);
   return Format(reading.hours, "00"_s) + ":"_s + Format(reading.minutes, "00"_s);
 }
 
-String Veldrin::HHMMZZ(double x) {
+String HHMMZZ(double x) {
   if (x < 0.0) return "000000"_s;
   const ClockReading reading(x);
   return Format(reading.hours, "00"_s) + Format(reading.minutes, "00"_s) + "00"_s;
 }
 
-String Veldrin::ShortDate(const Ref<Date>& d) {
-  return d->ShortDate();
-}
-
-}  // namespace veldrin
+}  // namespace veldrin::civiltime

@@ -1,22 +1,43 @@
 cmake_minimum_required(VERSION 3.25)
 
-# Fails where a file of FOLDER includes from a folder that is neither its own nor one of USES, which
-# are joined by "|"; else leaves STAMP behind.
-file(GLOB files ${FOLDER}/*.h ${FOLDER}/*.cpp)
-string(REPLACE "|" ";" allowed "${USES}")
-list(APPEND allowed ${FOLDER})
+# Fails if a file of ROOM includes from a room that the table of Rooms.cmake does not allow it; else
+# touches STAMP.
+include(${CMAKE_CURRENT_LIST_DIR}/Rooms.cmake)
+
+veldrin_uses(${ROOM} allowed)
+list(JOIN allowed ", " sentence)
+if(NOT sentence)
+  set(sentence "nothing of ours")
+endif()
+
+# line_of(FILE TEXT RESULT): the number of the line on which a text begins.
+function(line_of file text result)
+  file(READ ${file} content)
+  string(FIND "${content}" "${text}" place)
+  string(SUBSTRING "${content}" 0 ${place} before)
+  string(REGEX MATCHALL "\n" breaks "${before}")
+  list(LENGTH breaks count)
+  math(EXPR count "${count} + 1")
+  set(${result} ${count} PARENT_SCOPE)
+endfunction()
+
+file(GLOB files RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} ${ROOM}/*.h ${ROOM}/*.cpp)
 foreach(file IN LISTS files)
   file(STRINGS ${file} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[\"<]")
   foreach(include IN LISTS includes)
     string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*[\"<]([^\">]*)[\">].*$" "\\1" path "${include}")
-    # Headers of the system lie in no folder of the house.
+    # Headers of libraries lie in no room of the house.
     if(include MATCHES "<" AND NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${path}")
       continue()
     endif()
     get_filename_component(from "${path}" DIRECTORY)
-    if(NOT from IN_LIST allowed)
-      message(FATAL_ERROR "${file} includes from ${from}, but ${FOLDER} may use only: ${allowed}")
+    if(NOT from STREQUAL ROOM AND NOT from IN_LIST allowed)
+      line_of(${file} "${include}" line)
+      message(FATAL_ERROR
+        "${file}:${line}: includes \"${path}\", but ${ROOM} may include only: ${sentence} (cmake/Rooms.cmake)")
     endif()
   endforeach()
 endforeach()
+get_filename_component(folder ${STAMP} DIRECTORY)
+file(MAKE_DIRECTORY ${folder})
 file(TOUCH ${STAMP})

@@ -4,7 +4,7 @@ find_program(GZIP gzip REQUIRED)
 # install_compressed(NAME DESTINATION): a file of desktop/, compressed as Debian wants manuals and
 # change logs. Its date stays out, so that the same text gives the same bytes.
 function(install_compressed name destination)
-  set(text ${CMAKE_SOURCE_DIR}/desktop/${name})
+  set(text ${PROJECT_SOURCE_DIR}/desktop/${name})
   set(compressed ${CMAKE_BINARY_DIR}/desktop/${name}.gz)
   file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/desktop)
   add_custom_command(OUTPUT ${compressed}
@@ -47,7 +47,7 @@ set(CPACK_PACKAGE_DESCRIPTION
 year into an iCalendar file.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/OpenFolders.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/OpenFolders.cmake)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

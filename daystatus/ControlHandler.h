@@ -1,7 +1,7 @@
 #pragma once
 
 #include "daystatus/Veldrin.h"
-#include "shell/Control.h"
+#include "shell/window/Control.h"
 
 namespace veldrin {
 

@@ -1,5 +1,5 @@
 #include "daystatus/Veldrin.h"
-#include "shell/Text.h"
+#include "shell/values/Text.h"
 
 namespace veldrin {
 namespace {

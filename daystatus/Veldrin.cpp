@@ -1,7 +1,7 @@
 #include "daystatus/Veldrin.h"
 
-#include "shell/Mathematics.h"
-#include "shell/Text.h"
+#include "shell/values/Mathematics.h"
+#include "shell/values/Text.h"
 
 namespace veldrin {
 

@@ -2,17 +2,19 @@
 
 #include <cstdint>
 
-#include "shell/CheckBox.h"
-#include "shell/Date.h"
-#include "shell/MenuItem.h"
-#include "shell/Placard.h"
-#include "shell/PopupMenu.h"
-#include "shell/PushButton.h"
-#include "shell/StaticText.h"
-#include "shell/TextField.h"
-#include "shell/Window.h"
+#include "shell/values/Date.h"
+#include "shell/window/CheckBox.h"
+#include "shell/window/MenuItem.h"
+#include "shell/window/Placard.h"
+#include "shell/window/PopupMenu.h"
+#include "shell/window/PushButton.h"
+#include "shell/window/StaticText.h"
+#include "shell/window/TextField.h"
+#include "shell/window/Window.h"
 
 namespace veldrin {
+
+class TextOutputStream;
 
 /// The main window, and with it the whole of the program's logic. The controls are the live source
 /// of every input: they are read by name at the moment they are needed, and nothing is cached. The
@@ -44,7 +46,8 @@ class Veldrin final : public Described<Veldrin, Window> {
   void CreateControls();
   void _CreateControls0();
 
-  [[nodiscard]] Ref<Placard> Placard3() const { return control<Placard>("Placard3"_s); }
+  // The controls that the logic reads and writes; `control<"Name">(window)` gives any of the form.
+
   [[nodiscard]] Ref<StaticText> Status() const { return control<StaticText>("Status"_s); }
   [[nodiscard]] Ref<PushButton> BackOneDay() const { return control<PushButton>("BackOneDay"_s); }
   [[nodiscard]] Ref<PushButton> ForwardOneDay() const {
@@ -54,23 +57,15 @@ class Veldrin final : public Described<Veldrin, Window> {
     return control<PushButton>("GenerateButton"_s);
   }
   [[nodiscard]] Ref<PopupMenu> WhichYear() const { return control<PopupMenu>("WhichYear"_s); }
-  [[nodiscard]] Ref<Placard> Placard2() const { return control<Placard>("Placard2"_s); }
   [[nodiscard]] Ref<TextField> DSTEnd() const { return control<TextField>("DSTEnd"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText6() const { return control<StaticText>("StaticText6"_s); }
   [[nodiscard]] Ref<TextField> DSTStart() const { return control<TextField>("DSTStart"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText5() const { return control<StaticText>("StaticText5"_s); }
   [[nodiscard]] Ref<CheckBox> DownUnderFlag() const { return control<CheckBox>("DownUnderFlag"_s); }
   [[nodiscard]] Ref<CheckBox> DaylightSavings() const {
     return control<CheckBox>("DaylightSavings"_s);
   }
-  [[nodiscard]] Ref<Placard> Placard1() const { return control<Placard>("Placard1"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText1() const { return control<StaticText>("StaticText1"_s); }
   [[nodiscard]] Ref<TextField> Latitude() const { return control<TextField>("Latitude"_s); }
   [[nodiscard]] Ref<TextField> TimeZone() const { return control<TextField>("TimeZone"_s); }
   [[nodiscard]] Ref<TextField> Longitude() const { return control<TextField>("Longitude"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText2() const { return control<StaticText>("StaticText2"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText4() const { return control<StaticText>("StaticText4"_s); }
-  [[nodiscard]] Ref<StaticText> StaticText7() const { return control<StaticText>("StaticText7"_s); }
 
   // The handlers of the controls' events. Those of the day's panel recompute the status.
 
@@ -183,6 +178,8 @@ class Veldrin final : public Described<Veldrin, Window> {
     return Ref<Date>::adopt(static_cast<Date*>(__New(Date::__Lookup()).release()));
   }
   void stepDay(double seconds);
+  /// calendar: the whole document of the year in `WhichYear`.
+  void writeYear(TextOutputStream& stream);
 };
 
 namespace implicit {

@@ -1,4 +1,8 @@
+#include <cstddef>
+#include <utility>
+
 #include "daystatus/ControlHandler.h"
+#include "daystatus/FormParts.h"
 #include "daystatus/Veldrin.h"
 
 namespace veldrin {
@@ -8,6 +12,23 @@ namespace {
 template <class T>
 Ref<T> controlOf(Object* window, const String& name) {
   return RuntimeWindowControlByName<T>(static_cast<Window&>(*window), name);
+}
+
+template <std::size_t... Row>
+void addControls(ClassTable<Veldrin>& table, std::index_sequence<Row...> /*rows*/) {
+  (table.plainMethod<controlOf<ControlClass<FormTable[Row].kind>>>(FormNames[Row]), ...);
+}
+
+template <std::size_t Place>
+void addHandler(ClassTable<Veldrin>& table) {
+  constexpr const Wiring& Row = Wirings[Place];
+  constexpr auto Method = FormTable[Row.row].extras.handlers[Row.handler].method;
+  table.method<controlHandler<Method>>(Row.name);
+}
+
+template <std::size_t... Place>
+void addHandlers(ClassTable<Veldrin>& table, std::index_sequence<Place...> /*places*/) {
+  (addHandler<Place>(table), ...);
 }
 
 }  // namespace
@@ -30,38 +51,8 @@ void Veldrin::fillTable(ClassTable<Veldrin>& table) {
   table.method<&Veldrin::CreateControls>("CreateControls"_s);
   table.method<&Veldrin::_CreateControls0>("_CreateControls0"_s, PublicHidden);
 
-  table.plainMethod<controlOf<Placard>>("Placard3"_s);
-  table.plainMethod<controlOf<StaticText>>("Status"_s);
-  table.plainMethod<controlOf<PushButton>>("BackOneDay"_s);
-  table.plainMethod<controlOf<PushButton>>("ForwardOneDay"_s);
-  table.plainMethod<controlOf<PushButton>>("GenerateButton"_s);
-  table.plainMethod<controlOf<PopupMenu>>("WhichYear"_s);
-  table.plainMethod<controlOf<Placard>>("Placard2"_s);
-  table.plainMethod<controlOf<TextField>>("DSTEnd"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText6"_s);
-  table.plainMethod<controlOf<TextField>>("DSTStart"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText5"_s);
-  table.plainMethod<controlOf<CheckBox>>("DownUnderFlag"_s);
-  table.plainMethod<controlOf<CheckBox>>("DaylightSavings"_s);
-  table.plainMethod<controlOf<Placard>>("Placard1"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText1"_s);
-  table.plainMethod<controlOf<TextField>>("Latitude"_s);
-  table.plainMethod<controlOf<TextField>>("TimeZone"_s);
-  table.plainMethod<controlOf<TextField>>("Longitude"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText2"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText4"_s);
-  table.plainMethod<controlOf<StaticText>>("StaticText7"_s);
-
-  table.method<controlHandler<&Veldrin::BackOneDay_Action>>("BackOneDay_Action"_s);
-  table.method<controlHandler<&Veldrin::ForwardOneDay_Action>>("ForwardOneDay_Action"_s);
-  table.method<controlHandler<&Veldrin::GenerateButton_Action>>("GenerateButton_Action"_s);
-  table.method<controlHandler<&Veldrin::WhichYear_Open>>("WhichYear_Open"_s);
-  table.method<controlHandler<&Veldrin::WhichYear_Change>>("WhichYear_Change"_s);
-  table.method<controlHandler<&Veldrin::DownUnderFlag_Action>>("DownUnderFlag_Action"_s);
-  table.method<controlHandler<&Veldrin::DaylightSavings_Action>>("DaylightSavings_Action"_s);
-  table.method<controlHandler<&Veldrin::Latitude_LostFocus>>("Latitude_LostFocus"_s);
-  table.method<controlHandler<&Veldrin::TimeZone_LostFocus>>("TimeZone_LostFocus"_s);
-  table.method<controlHandler<&Veldrin::Longitude_LostFocus>>("Longitude_LostFocus"_s);
+  addControls(table, std::make_index_sequence<FormTable.size()>());
+  addHandlers(table, std::make_index_sequence<Wirings.size()>());
 
   table.method<&Veldrin::EditMenu>("EditMenu"_s);
   table.method<&Veldrin::EditSelectAll>("EditSelectAll"_s);

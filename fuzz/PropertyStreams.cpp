@@ -3,13 +3,13 @@
 #include <string>
 
 #include "fuzz/Fuzz.h"
-#include "shell/CheckBox.h"
-#include "shell/Placard.h"
-#include "shell/PopupMenu.h"
-#include "shell/PushButton.h"
-#include "shell/StaticText.h"
-#include "shell/TextField.h"
-#include "shell/Window.h"
+#include "shell/window/CheckBox.h"
+#include "shell/window/Placard.h"
+#include "shell/window/PopupMenu.h"
+#include "shell/window/PushButton.h"
+#include "shell/window/StaticText.h"
+#include "shell/window/TextField.h"
+#include "shell/window/Window.h"
 #include "tests/support/SoundStream.h"
 
 // The first byte chooses a class, the rest is a stream for an object of it.
@@ -26,7 +26,7 @@ ClassRecord* recordOf(std::uint8_t choice) {
 
 Ref<Object> newObject(ClassRecord* record) {
   Ref<Object> object = RuntimeNewObject(record);
-  Runtime::current()._WindowSupport.Windows.clear();
+  _WindowSupport.Windows.clear();
   return object;
 }
 

@@ -11,11 +11,11 @@
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
 #include "fuzz/Fuzz.h"
-#include "shell/Date.h"
-#include "shell/Mathematics.h"
-#include "shell/ParseDate.h"
-#include "shell/Text.h"
 #include "shell/objects/Failure.h"
+#include "shell/values/Date.h"
+#include "shell/values/Mathematics.h"
+#include "shell/values/ParseDate.h"
+#include "shell/values/Text.h"
 #include "tests/support/MemoryItem.h"
 
 // What a person does at the window, in any order, with any texts. After each step the window shows
@@ -141,7 +141,7 @@ class Session {
 
   /// The window has been closed; the next one that is asked for is new.
   void reopen() {
-    require(Runtime::current()._WindowSupport.Windows.empty(), "a window that is closed goes");
+    require(_WindowSupport.Windows.empty(), "a window that is closed goes");
     model_ = Model();
   }
 

@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "fuzz/Fuzz.h"
-#include "shell/Date.h"
-#include "shell/ParseDate.h"
-#include "shell/Text.h"
+#include "shell/values/Date.h"
+#include "shell/values/ParseDate.h"
+#include "shell/values/Text.h"
 
 // Numbers and dates as text and back, against the C library and the calendar of the standard one.
 

@@ -4,17 +4,25 @@
 #include <string_view>
 #include <utility>
 
-#include "shell/PluginEntries.h"
 #include "shell/Runtime.h"
-#include "shell/Stop.h"
-#include "shell/Window.h"
+#include "shell/host/StopSignal.h"
+#include "shell/window/PluginEntries.h"
+#include "shell/window/Window.h"
 
 namespace veldrin {
-
 namespace {
 
+/// The state of the process that runs. `_Startup` is called as a bare function, so it finds the
+/// state here.
+struct ProcessState {
+  const ApplicationParts* parts;
+  Function startup = nullptr;  ///< what runs once, before the event loop
+  bool hasFailed = false;      ///< by something other than an exception object
+};
+ProcessState* process = nullptr;
+
 const ApplicationParts& parts() {
-  return *Runtime::current().parts;
+  return *process->parts;
 }
 
 /// Registers the classes that live in the runtime itself: those of the failures.
@@ -24,11 +32,6 @@ void _RuntimeInitExternalClasses() {
 
 void _InitFileTypes() {
   parts().initFileTypes();
-}
-
-/// `RuntimeRegisterAppObject`: makes the object the application of the process, which keeps it.
-void _RuntimeRegisterAppObject(const Ref<Application>& application) {
-  Runtime::current().application = application;
 }
 
 void _NewAppInstance() {
@@ -46,49 +49,49 @@ void _MakeDefaultView() {
 
 /// Takes the start-up function, which runs once before the event loop handles anything.
 void _RunFrameworkInitialization(Function startup) {
-  Runtime::current().startup = startup;
+  process->startup = startup;
 }
 
 /// Ends the application for the system. False where somebody has refused that.
 bool endsForTheSystem() {
-  if (endApplication()) return true;
-  forgetStop();
+  if (InForce<Session>::get().endApplication()) return true;
+  dismissStop();
   return false;
 }
 
 /// Runs the event loop once. True where the application has ended by that: an exception that it
 /// deals with lets the loop go on, and so does a window that does not close for the system.
 bool eventLoopEnds() {
-  Runtime& runtime = Runtime::current();
   bool ends = true;
   try {
-    runtime.toolkit.run();
+    InForce<Toolkit>::get().run();
   } catch (const Raised& raised) {
     const bool isStop =
-        askedToStop() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
+        stopSignal() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
     if (isStop) {
-      if (!runtime.incomplete.isEmpty()) _UnhandledException(raised.exception);
+      if (!raised.exception->incompleteFile.isEmpty()) _UnhandledException(raised.exception);
       return endsForTheSystem();
     }
-    if (!runtime.application || !runtime.application->dealsWith(raised.exception)) throw;
+    const Ref<Application> application = registeredApplication();
+    if (!application || !application->dealsWith(raised.exception)) throw;
     ends = false;
   }
-  return takeStop() ? endsForTheSystem() : ends;
+  return acceptStop() ? endsForTheSystem() : ends;
 }
 
 /// The start-up function, the application's "Open" and the event loop. What they raise comes out of
 /// here.
 void _RuntimeRun() {
-  Runtime& runtime = Runtime::current();
-  if (const Function startup = std::exchange(runtime.startup, nullptr)) startup();
-  if (runtime.application) callHandler(*runtime.application, Application::Events::Open);
+  if (const Function startup = std::exchange(process->startup, nullptr)) startup();
+  const Ref<Application> application = registeredApplication();
+  if (application) callHandler(*application, Application::Events::Open);
   while (!eventLoopEnds()) {
   }
 }
 
 void reportFault(std::string_view sentence) {
-  Runtime::current().exitStatus = 1;
-  Runtime::current().toolkit.reportFault(String(sentence));
+  process->hasFailed = true;
+  InForce<Toolkit>::get().reportFault(String(sentence));
 }
 
 /// Runs a step of the process and reports whatever it throws. True if nothing was thrown.
@@ -111,8 +114,9 @@ bool survives(void (*step)()) {
   try {
     if (succeeds(step)) return true;
   } catch (...) {
-    // The report itself has failed, as it may without memory: the status has to say it alone.
-    Runtime::current().exitStatus = 1;
+    // The report itself has failed, as it may without memory.
+    process->hasFailed = true;
+    InForce<Toolkit>::get().reportLost();
   }
   return false;
 }
@@ -126,17 +130,18 @@ void _Main() {
     _RuntimeRun();
   });
   survives([] {
-    const Ref<Application> application = Runtime::current().application;
+    const Ref<Application> application = registeredApplication();
     if (application) callHandler(*application, Application::Events::Close);
   });
 }
 
-/// Takes the runtime's own references down and gives the exit status of the process.
+/// Gives up the application and decides the exit status of the process.
 int RuntimeExit() {
   constexpr int OfSignals = 128;  // as shells count
-  Runtime& runtime = Runtime::current();
-  runtime.application = nullptr;
-  return askedToStop() != 0 ? OfSignals + askedToStop() : runtime.exitStatus;
+  const bool hasFailed = process->hasFailed || hasReportedFailure();
+  layDownApplication();
+  if (stopSignal() != 0) return OfSignals + stopSignal();
+  return hasFailed ? 1 : 0;
 }
 
 }  // namespace
@@ -151,12 +156,15 @@ void _Startup() {
 }
 
 int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts) {
-  Runtime runtime(host, toolkit);  // RuntimeInit
-  const StopWatch watch;
-  runtime.parts = &parts;
+  const Runtime runtime(host, toolkit);  // RuntimeInit
+  const StopSignalGuard stopSignals;
+  ProcessState state{.parts = &parts};
+  process = &state;
   if (survives(parts.initialize)) _Main();
   survives(parts.finalize);
-  return RuntimeExit();
+  const int status = RuntimeExit();
+  process = nullptr;
+  return status;
 }
 
 }  // namespace veldrin

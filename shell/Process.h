@@ -1,8 +1,8 @@
 #pragma once
 
-#include "shell/Application.h"
-#include "shell/Host.h"
-#include "shell/Toolkit.h"
+#include "shell/host/Host.h"
+#include "shell/window/Application.h"
+#include "shell/window/Toolkit.h"
 
 namespace veldrin {
 

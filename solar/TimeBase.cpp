@@ -1,18 +1,16 @@
-#include "daystatus/Veldrin.h"
-#include "shell/Mathematics.h"
+#include "solar/TimeBase.h"
 
-namespace veldrin {
+namespace veldrin::solar {
 namespace {
 
-/// A sum of integers as the engine reckons it: in 32 bits, wrapping around.
+/// A sum of integers in 32 bits, wrapping around.
 constexpr std::int32_t wrapped(std::int64_t value) {
   return static_cast<std::int32_t>(value);
 }
 
 }  // namespace
 
-double Veldrin::ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day,
-                                   double hour) {
+double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour) {
   const double key = RuntimeCvtSInt32ToReal64(
       wrapped(std::int64_t{10000} * year + std::int64_t{100} * month + day));
   if (year < 0) year = year + 1;
@@ -34,4 +32,4 @@ double Veldrin::ModifiedJulianDate(std::int32_t year, std::int32_t month, std::i
   return s + hour / 24.0;
 }
 
-}  // namespace veldrin
+}  // namespace veldrin::solar

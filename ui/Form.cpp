@@ -1,60 +1,31 @@
 #include "daystatus/Veldrin.h"
 
 #include <string>
+#include <utility>
 
+#include "daystatus/FormParts.h"
 #include "shell/objects/Delegate.h"
 #include "shell/objects/Failure.h"
 #include "ui/FormStreams.h"
-#include "ui/FormTable.h"
 #include "ui/MenuBar1.h"
 #include "ui/PropertyStream.h"
 
 namespace veldrin {
 namespace {
 
-/// An event of a control that the window handles: a row of the table below.
-struct Wiring {
-  std::string_view control;
-  StringConstant event;
-  StringConstant handler;  ///< the name of the window's method
-};
-
-constexpr std::array Wirings{
-    Wiring{"BackOneDay", "Action"_s, "BackOneDay_Action"_s},
-    Wiring{"ForwardOneDay", "Action"_s, "ForwardOneDay_Action"_s},
-    Wiring{"GenerateButton", "Action"_s, "GenerateButton_Action"_s},
-    Wiring{"WhichYear", "Open"_s, "WhichYear_Open"_s},
-    Wiring{"WhichYear", "Change"_s, "WhichYear_Change"_s},
-    Wiring{"DownUnderFlag", "Action"_s, "DownUnderFlag_Action"_s},
-    Wiring{"DaylightSavings", "Action"_s, "DaylightSavings_Action"_s},
-    Wiring{"Latitude", "LostFocus"_s, "Latitude_LostFocus"_s},
-    Wiring{"TimeZone", "LostFocus"_s, "TimeZone_LostFocus"_s},
-    Wiring{"Longitude", "LostFocus"_s, "Longitude_LostFocus"_s},
-};
-
 /// Makes the controls of one window. Every step fetches the control anew by its name.
 class ControlMaker {
  public:
   explicit ControlMaker(Veldrin& window) : window_(window) {}
 
-  void make(std::size_t row) {
-    switch (FormTable[row].kind) {
-      case ControlKind::Placard:
-        return makeAs<Placard>(row);
-      case ControlKind::StaticText:
-        return makeAs<StaticText>(row);
-      case ControlKind::PushButton:
-        return makeAs<PushButton>(row);
-      case ControlKind::PopupMenu:
-        return makeAs<PopupMenu>(row);
-      case ControlKind::TextField:
-        return makeAs<TextField>(row);
-      case ControlKind::CheckBox:
-        return makeAs<CheckBox>(row);
-    }
-  }
+  void makeAll() { makeRows(std::make_index_sequence<FormTable.size()>()); }
 
  private:
+  template <std::size_t... Row>
+  void makeRows(std::index_sequence<Row...> /*rows*/) {
+    (makeAs<ControlClass<FormTable[Row].kind>>(Row), ...);
+  }
+
   template <class T>
   [[nodiscard]] Ref<T> control(const String& name) const {
     return RuntimeWindowControlByName<T>(window_, name);
@@ -74,14 +45,14 @@ class ControlMaker {
     }
     _SetProperties(control<T>(name), FormStreams[row]);
     for (const Wiring& wiring : Wirings) {
-      if (wiring.control == FormTable[row].name) wire(control<T>(name), wiring);
+      if (wiring.row == row) wire(control<T>(name), wiring);
     }
   }
 
   void wire(const Ref<Object>& made, const Wiring& wiring) const {
-    const Function handler = FindVirtualOperation(*window_.classRecord(), wiring.handler);
+    const Function handler = FindVirtualOperation(*window_.classRecord(), wiring.name);
     if (handler == nullptr) {
-      throw FatalFault("The form binds an event to " + std::string(wiring.handler.view()) +
+      throw FatalFault("The form binds an event to " + std::string(wiring.name.view()) +
                        ", which the window does not have.");
     }
     const Ref<Delegate> delegate = RuntimeCreateDelegate(&Delegate::IM_Invoke, handler,
@@ -105,8 +76,7 @@ void Veldrin::CreateControls() {
 }
 
 void Veldrin::_CreateControls0() {
-  ControlMaker maker(*this);
-  for (std::size_t row = 0; row < FormTable.size(); ++row) maker.make(row);
+  ControlMaker(*this).makeAll();
 }
 
 }  // namespace veldrin

@@ -78,9 +78,8 @@ constexpr StreamComposer windowStream() {
 
 /// What all controls begin with.
 constexpr void placeEntries(StreamComposer& stream, const ControlRow& row) {
-  constexpr std::int32_t NoArray = INT32_MIN;
   stream.text("Name", row.name);
-  stream.integer("Index", NoArray);
+  stream.integer("Index", Control::NoArray);
   stream.integer("Left", row.left);
   stream.integer("Top", row.top);
   stream.integer("Width", row.width);
@@ -235,21 +234,6 @@ template <std::size_t... Row>
 constexpr auto streamConstants(std::index_sequence<Row...> /*rows*/) {
   return std::array{ConstantText<streamOf<Row>()>...};
 }
-
-/// The lengths that the format gives: panels are short, everything else has a saturated prefix.
-template <std::size_t... Row>
-constexpr bool lengthsHold(std::index_sequence<Row...> /*rows*/) {
-  constexpr std::size_t Panel = 218;
-  constexpr std::size_t Shortest = 255;
-  constexpr std::size_t Longest = 449;
-  const auto holds = [](std::size_t row, std::size_t length) {
-    const bool panel = row < FormTable.size() && FormTable[row].kind == ControlKind::Placard;
-    return panel ? length == Panel : length >= Shortest && length <= Longest;
-  };
-  return (holds(Row, composed<Row>().view().size()) && ...) &&
-         std::max({composed<Row>().view().size()...}) == Longest;
-}
-static_assert(lengthsHold(std::make_index_sequence<FormTable.size() + 1>()));
 
 constexpr auto Streams = streamConstants(std::make_index_sequence<FormTable.size() + 1>());
 

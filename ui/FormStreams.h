@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "ui/FormTable.h"
+#include "daystatus/FormParts.h"
 
 namespace veldrin {
 

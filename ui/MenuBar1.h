@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/MenuItem.h"
+#include "shell/window/MenuItem.h"
 
 namespace veldrin {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/Control.h"
 #include "shell/objects/Color.h"
 #include "shell/objects/Failure.h"
 #include "shell/objects/PropertyAccess.h"
+#include "shell/window/Control.h"
 
 namespace veldrin {
 namespace {

@@ -5,7 +5,7 @@
 #include "apps/SpokenNames.h"
 #include "apps/VeldrinParts.h"
 #include "bench/window/FirstFrame.h"
-#include "shell/SystemHost.h"
+#include "shell/host/SystemHost.h"
 #include "toolkits/qt/QtToolkit.h"
 
 namespace {
@@ -19,7 +19,8 @@ bool isStatus(const QWidget& painted) {
 
 int main() {
   veldrin::SystemHost host;
-  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  const auto names = veldrin::spokenNames();
+  veldrin::QtToolkit toolkit(names);
   const FirstFrame frame(isStatus);
   return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
 }

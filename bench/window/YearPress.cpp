@@ -19,7 +19,7 @@
 
 #include "apps/SpokenNames.h"
 #include "apps/VeldrinParts.h"
-#include "shell/SystemHost.h"
+#include "shell/host/SystemHost.h"
 #include "toolkits/qt/QtToolkit.h"
 
 namespace {
@@ -78,7 +78,8 @@ int main(int count, char** arguments) {
   const QString path = QString::fromLocal8Bit(arguments[1]);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   veldrin::SystemHost host;
-  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  const auto names = veldrin::spokenNames();
+  veldrin::QtToolkit toolkit(names);
   QTimer::singleShot(0, qApp, [&path] { measure(path); });
   return veldrin::runProcess(host, toolkit, veldrin::VeldrinParts);
 }

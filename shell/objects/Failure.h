@@ -27,8 +27,11 @@ class RuntimeException : public Described<RuntimeException, Object> {
 
   /// `RuntimeExceptionInitializer`: no message, no number.
   void __Init() { ErrorNumber = 0; }
-  /// `RuntimeExceptionFinalizer`: gives the message up.
-  void __Exit() { Message = String(); }
+  /// `RuntimeExceptionFinalizer`: gives up the texts.
+  void __Exit() {
+    Message = String();
+    incompleteFile = String();
+  }
 
   /// A new array with the calls in which it was raised, the innermost first, up to 30: names of
   /// functions where the program has them, else places as in "veldrin+0x1f40". Empty for one that
@@ -37,6 +40,7 @@ class RuntimeException : public Described<RuntimeException, Object> {
 
   String Message;
   std::int32_t ErrorNumber = 0;  ///< of a failed file operation: the host's `errno`
+  String incompleteFile;  ///< the path of the file whose writing it has ended, for the report
 
  private:
   friend void RuntimeRaiseException(Ref<RuntimeException> exception);

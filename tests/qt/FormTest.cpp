@@ -5,7 +5,7 @@
 
 #include "tests/qt/QtPerson.h"
 #include "tests/support/Programs.h"
-#include "ui/FormTable.h"
+#include "daystatus/FormParts.h"
 
 namespace veldrin::test {
 namespace {
@@ -122,7 +122,7 @@ TEST_F(FormOnDesktopTest, AControlThatLeavesTheWindowGoesFromTheScreen) {
   window()->_RemoveControl(window()->Latitude());
   EXPECT_FALSE(shown.isVisible());
   // Beside a field a "&" is a letter like any other.
-  const Ref<StaticText> label = window()->StaticText2();
+  const Ref<StaticText> label = control<"StaticText2">(*window());
   label->Text("R&D"_s);
   EXPECT_EQ(widget<QLabel>("StaticText2").text(), "R&&D");
 }

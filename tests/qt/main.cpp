@@ -12,7 +12,8 @@ int main(int count, char** arguments) {
   qputenv("LC_ALL", "de_DE.UTF-8");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   // It has to end ahead of what Qt takes down when the process exits.
-  veldrin::QtToolkit toolkit(veldrin::SpokenNames);
+  const auto names = veldrin::spokenNames();
+  veldrin::QtToolkit toolkit(names);
   veldrin::test::QtPerson::theToolkit = &toolkit;
   testing::InitGoogleTest(&count, arguments);
   return RUN_ALL_TESTS();

@@ -8,8 +8,6 @@
 #include <string>
 #include <string_view>
 
-#include "daystatus/Veldrin.h"
-
 namespace veldrin::test {
 
 /// The bytes of a file; throws where there is none.
@@ -45,15 +43,6 @@ inline std::string firstDifference(std::string_view actual, std::string_view exp
 inline std::string textOf(double value) {
   char digits[32];
   return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
-}
-
-/// A day at the host's present time of day.
-inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) {
-  Ref<Date> date = New<Date>();
-  date->Year(year);
-  date->Month(month);
-  date->Day(day);
-  return date;
 }
 
 }  // namespace veldrin::test

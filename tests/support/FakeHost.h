@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "shell/Host.h"
+#include "shell/host/Host.h"
 
 namespace veldrin::test {
 

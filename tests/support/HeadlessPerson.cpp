@@ -1,4 +1,4 @@
-#include "shell/MenuItem.h"
+#include "shell/window/MenuItem.h"
 #include "tests/support/RuntimeTest.h"
 #include "toolkits/headless/HeadlessToolkit.h"
 
@@ -48,7 +48,7 @@ class HeadlessPerson final : public Person {
   std::string title() override { return std::string(window()->Title().view()); }
 
  private:
-  static Ref<Window> window() { return Runtime::current()._WindowSupport.Windows.back(); }
+  static Ref<Window> window() { return _WindowSupport.Windows.back(); }
   template <class T>
   static Ref<T> at(std::string_view name) {
     return RuntimeWindowControlByName<T>(*window(), String(name));

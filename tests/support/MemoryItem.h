@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "shell/FolderItem.h"
+#include "shell/files/FolderItem.h"
 
 namespace veldrin::test {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/Toolkit.h"
+#include "shell/window/Toolkit.h"
 
 namespace veldrin::test {
 

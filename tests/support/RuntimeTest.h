@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <cstdint>
-#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,16 +16,12 @@
 #include "shell/Runtime.h"
 #include "shell/objects/ClassRecord.h"
 #include "shell/objects/PropertyAccess.h"
-#include "tests/support/FakeHost.h"
 #include "tests/support/MemoryItem.h"
 #include "tests/support/Person.h"
+#include "tests/support/ValuesTest.h"
 #include "tests/support/WatchedToolkit.h"
 
 namespace veldrin::test {
-
-/// The bounds of the system's integers.
-inline constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
-inline constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 
 /// A person, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west with its
 /// daylight-saving hour.
@@ -60,7 +54,7 @@ class WindowTest : public RuntimeTest {
 
   /// Opens the window anew, where the host stands now.
   void reopen() {
-    runtime._WindowSupport.Windows.clear();
+    _WindowSupport.Windows.clear();
     static_cast<void>(window());
     person->turnToWindow();
   }
@@ -160,17 +154,6 @@ class SmallStack {
   rlimit before_{};
 };
 
-/// Runs the call and gives the full name of the class of what it raised, "" for nothing.
-template <class Call>
-std::string raisedBy(Call&& call) {
-  try {
-    call();
-  } catch (const Raised& raised) {
-    return std::string(raised.exception->classRecord()->name.view());
-  }
-  return "";
-}
-
 /// Reads and writes a property by its name, as whoever has only the class's table does.
 inline Variant valueOf(const Ref<Object>& object, std::string_view key) {
   const PropertyRow* const row = FindProperty(*object->classRecord(), key);
@@ -180,10 +163,6 @@ inline Variant valueOf(const Ref<Object>& object, std::string_view key) {
 inline void setValue(const Ref<Object>& object, std::string_view key, const Variant& value) {
   const PropertyRow& row = *FindProperty(*object->classRecord(), key);
   RuntimeGenericSetter(row.reflectionSet, row.setter, object.get(), row.fieldOffset, value);
-}
-
-inline std::string text(const String& string) {
-  return std::string(string.view());
 }
 
 }  // namespace veldrin::test

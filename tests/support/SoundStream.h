@@ -68,7 +68,7 @@ inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
     read += entry(each.property->name.view(), each.value);
   }
   const Ref<Object> object = RuntimeNewObject(record);
-  Runtime::current()._WindowSupport.Windows.clear();
+  _WindowSupport.Windows.clear();
   const std::vector<Variant> before = valuesOf(object);
   const std::string sentence = faultOf(object, stream);
   // Keys are compared without their case, and a whole stream with them.

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/FolderItem.h"
+#include "shell/files/FolderItem.h"
 #include "shell/objects/Failure.h"
 #include "tests/support/Person.h"
 
@@ -100,6 +100,7 @@ class WatchedToolkit final : public Toolkit {
     messages.push_back(sentence);
     shown_.reportFault(sentence);
   }
+  void reportLost() noexcept override { shown_.reportLost(); }
 
  private:
   Person& person_;

@@ -4,8 +4,8 @@
 #include <functional>
 #include <vector>
 
-#include "shell/FolderItem.h"
-#include "shell/Toolkit.h"
+#include "shell/files/FolderItem.h"
+#include "shell/window/Toolkit.h"
 
 namespace veldrin {
 
@@ -26,6 +26,9 @@ class HeadlessToolkit final : public Toolkit {
   /// What the exceptions that nothing caught were reported as, in order.
   [[nodiscard]] const std::vector<String>& reports() const { return reports_; }
 
+  /// Whether a report could not even be made, for lack of memory.
+  [[nodiscard]] bool hasLostReport() const { return hasLostReport_; }
+
   void windowOpened(Window& /*window*/) override {}
   void windowClosed(Window& /*window*/) override {}
   void controlChanged(Control& /*control*/) override {}
@@ -42,10 +45,12 @@ class HeadlessToolkit final : public Toolkit {
     reports_.push_back(sentence);
   }
   void reportFault(const String& sentence) override { messages_.push_back(sentence); }
+  void reportLost() noexcept override { hasLostReport_ = true; }
 
  private:
   std::vector<String> messages_;
   std::vector<String> reports_;
+  bool hasLostReport_ = false;
 };
 
 }  // namespace veldrin

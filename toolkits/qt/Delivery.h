@@ -4,8 +4,8 @@
 #include <exception>
 #include <utility>
 
-#include "shell/Runtime.h"
-#include "shell/Window.h"
+#include "shell/window/Session.h"
+#include "shell/window/Window.h"
 
 namespace veldrin {
 
@@ -17,7 +17,7 @@ class Delivery {
   /// when the runtime has gone.
   template <class Act>
   void deliver(Act&& act) {
-    if (held_ || raised_ || !Runtime::exists()) return;
+    if (held_ || raised_ || !InForce<Session>::exists()) return;
     const Hold hold(*this);
     guard(std::forward<Act>(act));
   }

@@ -2,7 +2,7 @@
 
 #include <QPushButton>
 
-#include "shell/PushButton.h"
+#include "shell/window/PushButton.h"
 #include "toolkits/qt/QtControl.h"
 
 namespace veldrin {

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-#include "shell/PopupMenu.h"
+#include "shell/window/PopupMenu.h"
 #include "toolkits/qt/QtControl.h"
 
 namespace veldrin {

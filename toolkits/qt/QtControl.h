@@ -4,8 +4,8 @@
 #include <QPalette>
 #include <QWidget>
 
-#include "shell/RectControl.h"
-#include "shell/TextStyle.h"
+#include "shell/window/RectControl.h"
+#include "shell/window/TextStyle.h"
 #include "toolkits/qt/Delivery.h"
 
 namespace veldrin {

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/FileType.h"
+#include "shell/files/FileType.h"
 #include "toolkits/qt/QtText.h"
 #include "toolkits/qt/SaveDialog.h"
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "shell/FolderItem.h"
+#include "shell/files/FolderItem.h"
 
 namespace veldrin {
 

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-#include "shell/TextField.h"
+#include "shell/window/TextField.h"
 #include "toolkits/qt/QtControl.h"
 
 namespace veldrin {

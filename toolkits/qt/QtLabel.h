@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-#include "shell/StaticText.h"
+#include "shell/window/StaticText.h"
 #include "toolkits/qt/QtControl.h"
 
 namespace veldrin {

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/Menus.h"
 #include "shell/objects/Stack.h"
+#include "shell/window/ApplicationSession.h"
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {

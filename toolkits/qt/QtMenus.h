@@ -3,7 +3,7 @@
 #include <QMenuBar>
 #include <vector>
 
-#include "shell/MenuItem.h"
+#include "shell/window/MenuItem.h"
 #include "toolkits/qt/Delivery.h"
 #include "toolkits/qt/Editing.h"
 

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-#include "shell/Placard.h"
+#include "shell/window/Placard.h"
 #include "toolkits/qt/QtControl.h"
 
 namespace veldrin {

@@ -2,7 +2,7 @@
 
 #include <QCheckBox>
 
-#include "shell/CheckBox.h"
+#include "shell/window/CheckBox.h"
 #include "toolkits/qt/QtControl.h"
 #include "toolkits/qt/QtText.h"
 

@@ -10,10 +10,9 @@
 #include <cstdio>
 #include <optional>
 
-#include "shell/Application.h"
-#include "shell/Runtime.h"
-#include "shell/Stop.h"
+#include "shell/host/StopSignal.h"
 #include "shell/objects/Failure.h"
+#include "shell/window/Application.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
 #include "toolkits/qt/SpokenTickBox.h"
@@ -105,7 +104,7 @@ void QtToolkit::messageBox(const String& text) {
 
 void QtToolkit::run() {
   running_ = true;
-  const int stop = stopDescriptor();
+  const int stop = stopSignalDescriptor();
   std::optional<QSocketNotifier> notifier;
   if (stop >= 0) {
     notifier.emplace(stop, QSocketNotifier::Read);
@@ -140,9 +139,12 @@ void QtToolkit::reportFault(const String& sentence) {
   report(toQt(sentence));
 }
 
+void QtToolkit::reportLost() noexcept {
+  static_cast<void>(std::fputs("veldrin: There is not enough memory.\n", stderr));
+}
+
 void QtToolkit::turnTo(bool active) {
-  if (!Runtime::exists()) return;
-  const Ref<veldrin::Application> application = Runtime::current().application;
+  const Ref<veldrin::Application> application = registeredApplication();
   if (application) delivery_.deliver([&] { application->userTurnedTo(active); });
 }
 

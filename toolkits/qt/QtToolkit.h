@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "shell/Toolkit.h"
+#include "shell/window/Toolkit.h"
 #include "toolkits/qt/Delivery.h"
 #include "toolkits/qt/Editing.h"
 #include "toolkits/qt/NoDisplay.h"
@@ -33,6 +33,7 @@ class QtToolkit final : public Toolkit {
   void backgroundTask() override;
   void reportUnhandledException(const RuntimeException& exception, const String& sentence) override;
   void reportFault(const String& sentence) override;
+  void reportLost() noexcept override;
 
  private:
   /// Qt's application object, with the C library's numbers left as they were.

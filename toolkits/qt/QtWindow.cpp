@@ -7,7 +7,8 @@
 #include <QMenuBar>
 #include <algorithm>
 
-#include "shell/FocusOrder.h"
+#include "shell/window/ApplicationSession.h"
+#include "shell/window/FocusOrder.h"
 #include "toolkits/qt/QtText.h"
 
 namespace veldrin {

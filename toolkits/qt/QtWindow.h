@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "shell/Window.h"
+#include "shell/window/Window.h"
 #include "toolkits/qt/QtControl.h"
 #include "toolkits/qt/QtMenus.h"
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "apps/CalendarOptions.h"
+#include "apps/RunOutcome.h"
+#include "shell/host/Host.h"
+
+namespace veldrin {
+
+/// Opens the window without a screen, sets its controls as the user would, and presses the button
+/// or reads the status panel.
+RunOutcome runWindow(Host& host, const CalendarRequest& request);
+
+}  // namespace veldrin

@@ -1,0 +1,107 @@
+#include "apps/StandardRun.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <string_view>
+
+#include "almanac/Almanac.h"
+#include "apps/StandardOutput.h"
+#include "civiltime/DaylightSavings.h"
+#include "shell/files/FileReplacement.h"
+#include "shell/files/FilesRoom.h"
+#include "shell/host/StopSignal.h"
+#include "shell/values/ParseDate.h"
+#include "shell/values/Text.h"
+#include "daystatus/FormTable.h"
+
+namespace veldrin {
+namespace {
+
+/// The moment that a document is stamped with: SOURCE_DATE_EPOCH in whole seconds, for builds that
+/// are the same at any time, or else the present moment. Any other value of the variable, or one
+/// past the year 9999, counts as none.
+std::int64_t stampOf(const Host& host) {
+  constexpr std::int64_t LastSecond = 253402300799;
+  const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
+  if (setting == nullptr) return host.now();
+  const std::string_view text(setting);
+  std::int64_t seconds = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+  const bool isWhole = error == std::errc() && end == text.data() + text.size();
+  return isWhole && seconds >= 0 && seconds <= LastSecond ? seconds : host.now();
+}
+
+/// A number that was asked for, or the one that the form begins with.
+double numberOr(const std::optional<std::string>& text, std::string_view control) {
+  const auto* const row = std::ranges::find(FormTable, control, &ControlRow::name);
+  return Val(String(text ? std::string_view(*text) : row->text));
+}
+
+/// The zone that was asked for, or the one that the window begins with.
+double zoneOf(const Host& host, const CalendarRequest& request) {
+  if (request.timeZone) return Val(String(*request.timeZone));
+  const Ref<Date> today = New<Date>();
+  const civiltime::SavingPeriod period = civiltime::defaultPeriod(today->Year());
+  const double day = static_cast<double>(dayNumber(today->Year(), today->Month(), today->Day()));
+  const bool isSaving = civiltime::isDaylightSavingsTime(day, static_cast<double>(period.first),
+                                                         static_cast<double>(period.second), false);
+  return civiltime::standardZone(host.offsetAt(host.now()), isSaving);
+}
+
+std::optional<civiltime::SavingPeriod> periodOf(const Host& host, const CalendarRequest& request,
+                                                std::int32_t year) {
+  if (!request.daylightSaving) return std::nullopt;
+  civiltime::SavingPeriod period = civiltime::defaultPeriod(year);
+  const auto take = [&](const std::optional<std::string>& text, std::int64_t& day) {
+    const auto date = text ? readDate(*text, host.shortDateForm()) : std::nullopt;
+    if (date) day = dayNumber(date->year, date->month, date->day);
+  };
+  take(request.firstBound, period.first);
+  take(request.secondBound, period.second);
+  period.downUnder = request.downUnder;
+  return period;
+}
+
+std::string documentOf(const Host& host, const CalendarRequest& request) {
+  AlmanacOptions options = *request.standard;
+  options.stamp = stampOf(host);
+  const Place place{request.place, numberOr(request.latitude, "Latitude"),
+                    numberOr(request.longitude, "Longitude")};
+  const std::int32_t year = request.year.value_or(New<Date>()->Year());
+  const ClockYear clock{
+      year, civiltime::clockRules(zoneOf(host, request), periodOf(host, request, year), year)};
+  return almanac(place, {&clock, 1}, options, [] {
+    if (isStopPending()) raiseStop();
+  });
+}
+
+/// Writes the document where it was asked for; nothing of an older file is lost on failure.
+void write(const std::string& document, const std::string& output, RunOutcome& outcome) {
+  if (output == "-") {
+    const Ref<StandardOutput> item = New<StandardOutput>();
+    outcome.noteWriting(std::string(item->AbsolutePath().view()), writeThrough(*item, document));
+    return;
+  }
+  const Ref<FolderItem> item = FolderItem::atPath(String(output));
+  outcome.noteWriting(std::string(item->AbsolutePath().view()), replaceFile(output, document));
+}
+
+}  // namespace
+
+RunOutcome runStandard(Host& host, const CalendarRequest& request) {
+  constexpr int OfSignals = 128;  // as shells count
+  const InForce<Host> scope(host);
+  const FilesRoom files;
+  const StopSignalGuard stopSignals;
+  RunOutcome outcome;
+  try {
+    write(documentOf(host, request), request.output, outcome);
+  } catch (const Raised& raised) {
+    if (!RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup())) throw;
+    outcome.status = OfSignals + stopSignal();
+  }
+  return outcome;
+}
+
+}  // namespace veldrin

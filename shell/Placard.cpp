@@ -1,9 +1,0 @@
-#include "shell/Placard.h"
-
-namespace veldrin {
-
-void Placard::fillTable(ClassTable<Placard>& table) {
-  table.property<&Placard::Value>("Value"_s);
-}
-
-}  // namespace veldrin

@@ -1,0 +1,129 @@
+#include "shell/values/ParseDate.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+
+namespace veldrin {
+namespace {
+
+// date      = blank* number separator number separator number "."? blank*
+// separator = blank* mark blank* | blank+
+// mark      = "/" | "." | "-"
+// number    = "-"? digit+
+
+struct Number {
+  std::int64_t value;
+  std::size_t digits;
+  bool negative;
+};
+
+/// Reads a text from the front. Its steps are plain loops, because two dates are read for every
+/// event of a calendar.
+class Parser {
+ public:
+  explicit Parser(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
+
+  /// Whether there were any.
+  bool skipBlanks() {
+    const char* const before = at_;
+    while (at_ != end_ && (*at_ == ' ' || *at_ == '\t')) ++at_;
+    return at_ != before;
+  }
+
+  /// The mark of a separator, a blank where it has none, 0 where there is no separator.
+  char separator() {
+    const bool blanks = skipBlanks();
+    // Behind blanks a "-" right before a digit is the sign of a year.
+    const bool sign = blanks && end_ - at_ > 1 && *at_ == '-' && isDigit(at_[1]);
+    const bool mark = at_ != end_ && (*at_ == '/' || *at_ == '.' || *at_ == '-');
+    if (!mark || sign) return blanks ? ' ' : '\0';
+    const char found = *at_++;
+    skipBlanks();
+    return found;
+  }
+
+  /// Whether the text ends here, but for a closing point and blanks.
+  bool ends() {
+    if (at_ == end_) return true;
+    if (*at_ == '.') ++at_;
+    skipBlanks();
+    return at_ == end_;
+  }
+
+  /// A number of no digits where there is none, or one that no year of 32 bits needs.
+  Number number() {
+    const bool negative = at_ != end_ && *at_ == '-';
+    if (negative) ++at_;
+    const char* const first = at_;
+    std::uint64_t value = 0;  // may wrap around in a number of too many digits
+    for (; at_ != end_ && isDigit(*at_); ++at_) {
+      value = value * 10 + static_cast<std::uint64_t>(*at_ - '0');
+    }
+    constexpr std::size_t MostDigits = 12;
+    const auto digits = static_cast<std::size_t>(at_ - first);
+    if (digits > MostDigits) return {0, 0, false};
+    const auto magnitude = static_cast<std::int64_t>(value);
+    return {negative ? -magnitude : magnitude, digits, negative};
+  }
+
+ private:
+  static bool isDigit(char character) { return static_cast<unsigned char>(character - '0') < 10; }
+
+  const char* at_;
+  const char* end_;
+};
+
+bool isShort(const Number& number) {
+  return number.digits <= 2 && !number.negative;
+}
+
+std::optional<std::int64_t> yearOf(const Number& number) {
+  if (number.digits >= 4) {
+    using Years = std::numeric_limits<std::int32_t>;
+    const bool held = number.value >= Years::min() && number.value <= Years::max();
+    return held ? std::optional(number.value) : std::nullopt;
+  }
+  if (number.digits != 2 || number.negative) return std::nullopt;
+  return number.value < 69 ? 2000 + number.value : 1900 + number.value;
+}
+
+/// The day that the three numbers name in this order, if it exists.
+std::optional<CivilDay> dayOf(const Number& year, const Number& month, const Number& day) {
+  const auto fullYear = yearOf(year);
+  if (!fullYear || !isShort(month) || !isShort(day)) return std::nullopt;
+  if (month.value < 1 || month.value > 12) return std::nullopt;
+  const auto numberOfMonth = static_cast<std::int32_t>(month.value);
+  if (day.value < 1 || day.value > daysInMonth(*fullYear, numberOfMonth)) return std::nullopt;
+  return CivilDay{*fullYear, numberOfMonth, static_cast<std::int32_t>(day.value)};
+}
+
+}  // namespace
+
+std::optional<CivilDay> readDate(std::string_view text, const ShortDateForm& form) {
+  Parser parser(text);
+  parser.skipBlanks();
+  const Number first = parser.number();
+  const char firstMark = parser.separator();
+  const Number second = parser.number();
+  const char secondMark = parser.separator();
+  const Number third = parser.number();
+  if (firstMark == '\0' || secondMark == '\0' || !parser.ends()) return std::nullopt;
+  using enum ShortDateForm::Order;
+  const bool iso = first.digits >= 4 && firstMark == '-' && secondMark == '-' &&
+                   form != ShortDateForm{YearDayMonth, '-'};
+  if (iso || form.order == YearMonthDay) return dayOf(first, second, third);
+  if (form.order == MonthDayYear) return dayOf(third, first, second);
+  if (form.order == DayMonthYear) return dayOf(third, second, first);
+  return dayOf(first, third, second);
+}
+
+bool ParseDate(const String& text, Ref<Date>& date) {
+  const auto day = readDate(text.view(), InForce<Host>::get().shortDateForm());
+  if (!day) return false;
+  if (!date) date = New<Date>();
+  date->startOf(*day);
+  return true;
+}
+
+}  // namespace veldrin

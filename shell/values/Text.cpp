@@ -1,0 +1,149 @@
+#include "shell/values/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <system_error>
+
+#include "shell/objects/Failure.h"
+
+namespace veldrin {
+namespace {
+
+bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
+bool isSign(char character) {
+  return character == '+' || character == '-';
+}
+
+/// The digits of a number, with a point among them or none.
+struct Mantissa {
+  std::size_t end;       ///< behind its last character
+  std::size_t digits;    ///< how many there are; 0 where there is no mantissa
+  std::size_t decimals;  ///< how many of them stand behind the point
+  std::uint64_t
+      integer;  ///< their number without the point; it wraps around where they are too many
+};
+
+Mantissa readMantissa(std::string_view text, std::size_t at) {
+  Mantissa mantissa{at, 0, 0, 0};
+  bool behindPoint = false;
+  for (; at < text.size() && (isDigit(text[at]) || (text[at] == '.' && !behindPoint)); ++at) {
+    if (text[at] == '.') {
+      behindPoint = true;
+      continue;
+    }
+    mantissa.integer = mantissa.integer * 10 + static_cast<std::uint64_t>(text[at] - '0');
+    ++mantissa.digits;
+    mantissa.decimals += behindPoint ? 1 : 0;
+  }
+  mantissa.end = at;
+  return mantissa;
+}
+
+/// The first place at or behind `at` that holds no digit.
+std::size_t skipDigits(std::string_view text, std::size_t at) {
+  while (at < text.size() && isDigit(text[at])) ++at;
+  return at;
+}
+
+/// The end of the exponent that begins at `at`, or `at` where there is none.
+std::size_t exponentEnd(std::string_view text, std::size_t at) {
+  if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) return at;
+  std::size_t digits = at + 1;
+  if (digits < text.size() && isSign(text[digits])) ++digits;
+  const std::size_t end = skipDigits(text, digits);
+  return end == digits ? at : end;
+}
+
+/// What a number without its sign is whose magnitude no double holds: infinity if its first digit
+/// that counts stands before the decimal point once the exponent has moved it, else zero.
+double beyondDoubles(std::string_view mantissa, std::string_view exponent) {
+  const std::size_t first = mantissa.find_first_not_of("0.");
+  if (first == std::string_view::npos) return 0.0;
+  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+  const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
+  if (exponent.empty()) return place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  exponent.remove_prefix(1);
+  if (exponent.front() == '+') exponent.remove_prefix(1);
+  std::int64_t power = 0;
+  const auto [end, error] = std::from_chars(exponent.begin(), exponent.end(), power);
+  // An exponent that leaves 64 bits outweighs any mantissa that fits in memory.
+  if (error != std::errc()) power = exponent.front() == '-' ? INT64_MIN / 2 : INT64_MAX / 2;
+  return place + power > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+/// The value of any mantissa and exponent, which follow each other in the text.
+double longNumber(std::string_view mantissa, std::string_view exponent) {
+  double value = 0.0;
+  const auto [end, error] =
+      std::from_chars(mantissa.data(), mantissa.data() + mantissa.size() + exponent.size(), value);
+  return error == std::errc() ? value : beyondDoubles(mantissa, exponent);
+}
+
+}  // namespace
+
+std::optional<NumberPrefix> readNumber(std::string_view text) {
+  std::size_t start = 0;
+  while (start < text.size() && (text[start] == ' ' || text[start] == '\t')) ++start;
+  constexpr std::string_view Minus = "\u2212";
+  const char front = start < text.size() ? text[start] : '\0';
+  bool negative = front == '-';
+  if (isSign(front)) {
+    ++start;
+  } else if (front == Minus.front() && text.substr(start).starts_with(Minus)) {
+    negative = true;
+    start += Minus.size();
+  }
+  const Mantissa mantissa = readMantissa(text, start);
+  if (mantissa.digits == 0) return std::nullopt;
+  const std::size_t end = exponentEnd(text, mantissa.end);
+  // With up to 15 digits the whole number and the power of ten are both exact, and the one division
+  // rounds as it should: W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990. Nearly
+  // every number that a person types is one of these.
+  constexpr std::array PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                   1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool exact = end == mantissa.end && mantissa.digits < PowersOfTen.size();
+  const double value = exact
+                           ? static_cast<double>(mantissa.integer) / PowersOfTen[mantissa.decimals]
+                           : longNumber(text.substr(start, mantissa.end - start),
+                                        text.substr(mantissa.end, end - mantissa.end));
+  return NumberPrefix{negative ? -value : value, end};
+}
+
+double Val(const String& text) {
+  const auto number = readNumber(text.view());
+  return number ? number->value : 0.0;
+}
+
+String Str(std::int32_t value) {
+  std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits{};
+  const auto [end, error] = std::to_chars(digits.begin(), digits.end(), value);
+  return String(std::string_view(digits.data(), end));
+}
+
+String detail::formatAny(double value, const String& pattern) {
+  if (!std::isfinite(value)) return std::isnan(value) ? "nan"_s : value < 0.0 ? "-inf"_s : "inf"_s;
+  const auto zeros = static_cast<std::size_t>(std::ranges::count(pattern.view(), '0'));
+  const double whole = std::round(value);
+  std::array<char, std::numeric_limits<double>::max_exponent10 + 2> digits{};
+  const auto [end, error] =
+      std::to_chars(digits.begin(), digits.end(), std::fabs(whole), std::chars_format::fixed, 0);
+  const std::string_view shown(digits.data(), end);
+  std::string text = whole < 0.0 ? "-" : "";
+  text.append(zeros - std::min(zeros, shown.size()), '0').append(shown);
+  return String(text);
+}
+
+String Chr(std::int32_t code) {
+  if (code < 0 || code > 127) Raise<OutOfBoundsException>();
+  const char character = static_cast<char>(code);
+  return String(std::string_view(&character, 1));
+}
+
+}  // namespace veldrin

@@ -1,0 +1,123 @@
+#include "shell/window/Application.h"
+
+#include <cstdio>
+#include <string>
+#include <system_error>
+#include <utility>
+
+#include "shell/files/FolderItem.h"
+#include "shell/host/StopSignal.h"
+#include "shell/values/Text.h"
+#include "shell/window/Toolkit.h"
+#include "shell/window/Window.h"
+
+namespace veldrin {
+namespace {
+
+Ref<Application> registered;
+bool isFailureReported = false;
+
+}  // namespace
+
+void Application::fillTable(ClassTable<Application>& table) {
+  using E = Events;
+  table.event(E::Open, E::Close, E::EnableMenuItems, E::NewDocument, E::OpenDocument,
+              E::HandleAppleEvent, E::Activate, E::Deactivate, E::UnhandledException,
+              E::CancelClose);
+  table.method<&Application::_EnableMenuItems>("_EnableMenuItems"_s);
+  table.method<&Application::_HandleMenuCommand>("_HandleMenuCommand"_s);
+  table.plainMethod<&Application::_CallFunctionWithExceptionHandling>(
+      "_CallFunctionWithExceptionHandling"_s, PrivateHidden);
+  table.property<&Application::MenuBar>("MenuBar"_s);
+  table.property<&Application::AutoQuit>("AutoQuit"_s);
+}
+
+void Application::changed() const {
+  if (registered.get() == this) InForce<Toolkit>::get().menusChanged();
+}
+
+void Application::userTurnedTo(bool active) {
+  if (active == std::exchange(active_, active)) return;
+  callHandler(*this, active ? Events::Activate : Events::Deactivate);
+}
+
+void Application::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& /*items*/) {
+  callHandler(*this, Events::EnableMenuItems);
+}
+
+void Application::_CallFunctionWithExceptionHandling(void* function) {
+  const Ref<Delegate> call = RuntimeCreateDelegate(
+      &Delegate::Invoke, reinterpret_cast<Function>(function), nullptr, DelegateSignature);
+  try {
+    call->call();
+  } catch (const Raised& raised) {
+    if (!dealsWith(raised.exception)) _UnhandledException(raised.exception);
+  }
+}
+
+bool Application::dealsWith(const Ref<RuntimeException>& exception) {
+  return RuntimeObjectIsa(exception.get(), EndException::__Lookup()) ||
+         RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
+         callHandler(*this, Events::UnhandledException, exception);
+}
+
+namespace {
+
+/// "IOException, error 28: No space left on device", and where a file is incomplete
+/// "/home/me/Veldrin.ics is incomplete: No space left on device (IOException, error 28)".
+String sentenceOn(const RuntimeException& exception) {
+  const String& incomplete = exception.incompleteFile;
+  const std::int32_t number = exception.ErrorNumber;
+  String failure = exception.classRecord()->name;
+  if (number != 0) failure = failure + ", error "_s + Str(number);
+  String reason;
+  if (stopSignal() != 0) {
+    reason = "stopped by "_s + stopSignalName();
+  } else if (number != 0) {
+    reason = String(std::generic_category().message(number));
+  }
+  if (incomplete.isEmpty()) return reason.isEmpty() ? failure : failure + ": "_s + reason;
+  const String what = incomplete + " is incomplete: "_s;
+  if (stopSignal() != 0) return what + reason;
+  return reason.isEmpty() ? what + failure : what + reason + " ("_s + failure + ")"_s;
+}
+
+/// Writes the calls that an exception comes from on the error stream. Those of a failed file, of
+/// exhausted memory and of an end that was asked for tell nobody anything: the sentence is enough.
+void printCalls(const RuntimeException& exception) {
+  for (ClassRecord* const told :
+       {IOException::__Lookup(), OutOfMemoryException::__Lookup(), EndException::__Lookup()}) {
+    if (RuntimeObjectIsa(&exception, told)) return;
+  }
+  const Ref<Array<String>> calls = exception.Stack();
+  for (const String& call : calls->elements) {
+    static_cast<void>(std::fprintf(stderr, "  called from %s\n", std::string(call.view()).c_str()));
+  }
+}
+
+}  // namespace
+
+void _UnhandledException(const Ref<RuntimeException>& exception) {
+  isFailureReported = true;
+  printCalls(*exception);
+  InForce<Toolkit>::get().reportUnhandledException(*exception, sentenceOn(*exception));
+}
+
+bool hasReportedFailure() {
+  return isFailureReported;
+}
+
+void _RuntimeRegisterAppObject(const Ref<Application>& application) {
+  registered = application;
+}
+
+Ref<Application> registeredApplication() {
+  return registered;
+}
+
+void layDownApplication() {
+  registered = nullptr;
+  isFailureReported = false;
+}
+
+}  // namespace veldrin

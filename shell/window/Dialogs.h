@@ -1,0 +1,14 @@
+#pragma once
+
+#include "shell/files/FolderItem.h"
+
+namespace veldrin {
+
+/// Shows the modal save dialog and waits: the chosen place, or nil if the user cancels. `filter`
+/// names registered file types, joined by ";".
+Ref<FolderItem> GetSaveFolderItem(const String& filter, const String& defaultName);
+
+/// Shows a text in a message box and returns when the user has dismissed it.
+void MsgBox(const String& text);
+
+}  // namespace veldrin

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <vector>
+
+#include "shell/window/RectControl.h"
+#include "shell/window/TextStyle.h"
+
+namespace veldrin {
+
+/// A drop-down list of texts of which one is selected, or none. It raises "Change" when the
+/// selection moves to another row, whether a person or the program moved it.
+class PopupMenu final : public Described<PopupMenu, RectControl>, public TextStyle {
+ public:
+  static constexpr FixedString FullName = "PopupMenu";
+  static void fillTable(ClassTable<PopupMenu>& table);
+
+  PopupMenu() : TextStyle(static_cast<Control&>(*this)) {}
+
+  struct Events : RectControl::Events {
+    static constexpr Event<void()> Change{"Change"_s};
+  };
+
+  [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(rows_.size()); }
+  /// The text of a row, counted from 0. Raises `OutOfBoundsException` where there is none.
+  [[nodiscard]] String List(std::int32_t row) const;
+  /// Adds a row at the end.
+  void AddRow(String text);
+
+  /// The selected row, -1 when none is.
+  [[nodiscard]] std::int32_t ListIndex() const { return listIndex_; }
+  /// Selects a row; a number that is no row selects none.
+  void ListIndex(std::int32_t row);
+  /// The text of the selected row, empty when none is.
+  [[nodiscard]] String Text() const;
+
+  /// The rows that the form gives, each ended by a carriage return.
+  [[nodiscard]] String InitialValue() const { return initialValue_; }
+  /// Replaces the rows; none is selected afterwards.
+  void InitialValue(String rows);
+
+  /// A person has chosen a row, which nobody can where the list is disabled.
+  void userChose(std::int32_t row);
+
+  String DataSource;
+  String DataField;
+
+ private:
+  [[nodiscard]] bool isFocusable() const override { return true; }
+
+  bool select(std::int32_t row);
+
+  std::vector<String> rows_;
+  std::int32_t listIndex_ = -1;
+  String initialValue_;
+};
+
+}  // namespace veldrin

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "shell/window/RectControl.h"
+#include "shell/window/TextStyle.h"
+
+namespace veldrin {
+
+/// A button that a person presses; it raises "Action".
+class PushButton final : public Described<PushButton, RectControl>, public TextStyle {
+ public:
+  static constexpr FixedString FullName = "PushButton";
+  static void fillTable(ClassTable<PushButton>& table);
+
+  PushButton() : TextStyle(static_cast<Control&>(*this)) {}
+
+  struct Events : RectControl::Events {
+    static constexpr Event<void()> Action{"Action"_s};
+  };
+
+  /// A person has pressed the button.
+  void userPressed() { raiseForPerson(Events::Action); }
+
+  Live<String> Caption{*this};
+  Live<bool> Default{*this};  ///< the Return key presses it
+  Live<bool> Cancel{*this};   ///< the Escape key presses it
+
+ private:
+  [[nodiscard]] bool isFocusable() const override { return true; }
+};
+
+}  // namespace veldrin

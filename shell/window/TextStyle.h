@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+
+#include "shell/objects/ClassTable.h"
+#include "shell/window/Control.h"
+
+namespace veldrin {
+
+/// The units of a size of text.
+enum class FontUnits : std::uint8_t { Default, Pixel, Point, Inch, Millimeter };
+
+template <>
+inline constexpr FixedString EnumFullName<FontUnits> = "FontUnits";
+
+/// The settings of type that every control with a text has.
+struct TextStyle {
+  explicit TextStyle(Control& control)
+      : TextFont(control),
+        TextSize(control),
+        TextUnit(control),
+        Bold(control),
+        Italic(control),
+        Underline(control) {}
+
+  Control::Live<String> TextFont;
+  Control::Live<float> TextSize;  ///< in `TextUnit`; 0 for the font's default size
+  Control::Live<FontUnits> TextUnit;
+  Control::Live<bool> Bold;
+  Control::Live<bool> Italic;
+  Control::Live<bool> Underline;
+};
+
+/// The rows of the settings of type, for the table of a control that has them.
+template <class Self>
+void fillTextStyle(ClassTable<Self>& table) {
+  table.template property<&Self::TextFont>("TextFont"_s);
+  table.template property<&Self::TextSize>("TextSize"_s);
+  table.template property<&Self::TextUnit>("TextUnit"_s);
+  table.template property<&Self::Bold>("Bold"_s);
+  table.template property<&Self::Italic>("Italic"_s);
+  table.template property<&Self::Underline>("Underline"_s);
+}
+
+}  // namespace veldrin

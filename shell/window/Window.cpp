@@ -1,0 +1,260 @@
+#include "shell/window/Window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "shell/objects/ScopedFlag.h"
+#include "shell/window/BackgroundTask.h"
+#include "shell/window/Session.h"
+#include "shell/window/Toolkit.h"
+
+namespace veldrin {
+
+void Window::fillTable(ClassTable<Window>& table) {
+  using E = Events;
+  table.event(E::Layout, E::CreateControls, E::AddMenuHandlers, E::SetupBindings, E::Open, E::Close,
+              E::CancelClose, E::KeyDown, E::KeyUp, E::MouseMove, E::MouseEnter, E::MouseExit,
+              E::Paint, E::MouseDown, E::MouseDrag, E::MouseUp, E::EnableMenuItems, E::Resized,
+              E::Resizing, E::Moved, E::DropObject, E::Activate, E::Deactivate, E::Minimize,
+              E::Maximize, E::Restore, E::MouseWheel, E::ConstructContextualMenu,
+              E::ContextualMenuAction, E::DragEnter, E::DragExit, E::DragOver);
+  table.method<&Window::Constructor>("Constructor"_s);
+  table.slot<&Window::__New>();
+  table.method<&Window::_AddControl>("_AddControl"_s);
+  table.method<&Window::_RemoveControl>("_RemoveControl"_s);
+  table.method<&Window::_UnifiedClose>("_UnifiedClose"_s);
+  table.method<&Window::Close>("Close"_s);
+  table.method<&Window::_CallActivated>("_CallActivated"_s);
+  table.method<&Window::_CallDeactivated>("_CallDeactivated"_s);
+  table.method<&Window::_AddMenuHandler>("_AddMenuHandler"_s);
+  table.method<&Window::_EnableMenuItems>("_EnableMenuItems"_s);
+  table.method<&Window::_HandleMenuCommand>("_HandleMenuCommand"_s);
+  table.plainMethod<&Window::_AddDirtyWindow>("_AddDirtyWindow"_s);
+  table.property<&Window::_mMenuHandlers>("_mMenuHandlers"_s, Private);
+  table.property<&Window::MenuBar>("MenuBar"_s);
+  table.property<&Window::Placement>("Placement"_s);
+  table.property<&Window::Width>("Width"_s);
+  table.property<&Window::Height>("Height"_s);
+  table.property<&Window::MinWidth>("MinWidth"_s);
+  table.property<&Window::MinHeight>("MinHeight"_s);
+  table.property<&Window::MaxWidth>("MaxWidth"_s);
+  table.property<&Window::MaxHeight>("MaxHeight"_s);
+  table.property<&Window::Frame>("Frame"_s);
+  table.property<&Window::Composite>("Composite"_s);
+  table.property<&Window::HasBackColor>("HasBackColor"_s);
+  table.property<&Window::BackColor>("BackColor"_s);
+  table.property<&Window::Title>("Title"_s);
+  table.property<&Window::Visible>("Visible"_s);
+  table.property<&Window::FullScreen>("FullScreen"_s);
+  table.property<&Window::MenuBarVisible>("MenuBarVisible"_s);
+  table.property<&Window::CloseButton>("CloseButton"_s);
+  table.property<&Window::Resizeable>("Resizeable"_s);
+  table.property<&Window::LiveResize>("LiveResize"_s);
+  table.property<&Window::MaximizeButton>("MaximizeButton"_s);
+  table.property<&Window::MinimizeButton>("MinimizeButton"_s);
+  table.property<&Window::MacProcId>("MacProcId"_s);
+}
+
+void Window::__Init() {
+  InForce<Toolkit>::get();  // fails now, and not when the window is shown
+  _WindowSupport.Windows.emplace_back(this);
+}
+
+void Window::__Exit() {
+  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
+}
+
+void Window::changed() {
+  if (open_) InForce<Toolkit>::get().windowChanged(*this);
+}
+
+void Window::_AddDirtyWindow() {
+  if (closed_) return;
+  Ref<Dictionary>& dirty = _WindowSupport.mDirtyWindows;
+  if (!dirty) dirty = New<Dictionary>();
+  dirty->Value(Ref<Object>(this), true);
+}
+
+void Window::Constructor() {
+  const Ref<Window> self(this);
+  try {
+    raiseTheOpening();
+    if (closed_) return;
+    open_ = true;
+    InForce<Toolkit>::get().windowOpened(*this);
+  } catch (...) {
+    leave();
+    throw;
+  }
+}
+
+void Window::raiseTheOpening() {
+  using E = Events;
+  for (const auto& event : {E::Layout, E::CreateControls, E::AddMenuHandlers, E::SetupBindings}) {
+    if (!closed_) callHandler(*this, event);
+  }
+  for (const Ref<Control>& control : std::vector(_mControlList)) {
+    if (!closed_) control->raiseEvent(Control::Events::Open);
+  }
+  if (!closed_) callHandler(*this, E::Open);
+}
+
+void Window::_AddControl(const String& name, const Ref<Object>& control) {
+  const Ref<Control> added = CheckCast<Control>(control);
+  const Ref<Window> before = added->Window();
+  if (before && before.get() != this) before->_RemoveControl(added);
+  // Where there is no memory for one list, neither has the control.
+  _mControlNames.reserve(_mControlNames.size() + 1);
+  _mControlList.reserve(_mControlList.size() + 1);
+  added->moveTo(this);
+  added->Name = name;
+  const auto same = std::ranges::find(_mControlNames, name);
+  places_ = {};
+  _mControlNames.push_back(same == _mControlNames.end() ? name : String(*same));
+  _mControlList.push_back(added);
+}
+
+void Window::_RemoveControl(const Ref<Control>& control) {
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the list may own the reference.
+  const Ref<Control> removed = control;
+  places_ = {};
+  if (removed && removed->Window().get() == this) removed->moveTo(nullptr);
+  for (std::size_t index = _mControlList.size(); index-- > 0;) {
+    if (_mControlList[index] != removed) continue;
+    const auto place = static_cast<std::ptrdiff_t>(index);
+    _mControlNames.erase(_mControlNames.begin() + place);
+    _mControlList.erase(_mControlList.begin() + place);
+  }
+  if (removed && open_) InForce<Toolkit>::get().controlChanged(*removed);
+}
+
+namespace {
+
+/// Takes a closed window out of the list of open windows, of the dirty and of the implicit ones.
+void leaveWindowSupport(const Ref<Window>& window) {
+  auto& windows = _WindowSupport.Windows;
+  for (auto entry = windows.begin(); entry != windows.end(); ++entry) {
+    if (*entry == window) {
+      windows.erase(entry);
+      break;
+    }
+    yieldToToolkit();
+  }
+  const Ref<Dictionary>& dirty = _WindowSupport.mDirtyWindows;
+  if (dirty && dirty->HasKey(Ref<Object>(window))) dirty->Remove(Ref<Object>(window));
+  const String& name = window->classRecord()->name;
+  if (_mImplicitWindowList && _mImplicitWindowList->Lookup(name, Variant()) == Variant(window)) {
+    _mImplicitWindowList->Remove(name);
+  }
+}
+
+}  // namespace
+
+bool Window::_UnifiedClose(bool quitting) {
+  const Ref<Window> self(this);
+  if (closed_ || closing_) return closed_;
+  const ScopedFlag closing(closing_);
+  if (callHandler(*this, Events::CancelClose, quitting)) return false;
+  userTurnedTo(false);
+  callHandler(*this, Events::Close);
+  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  for (const Ref<Control>& control : std::vector(_mControlList)) {
+    control->Close();
+    yieldToToolkit();  // a window that is half closed is not left by a signal
+  }
+  leave();
+  if (!quitting) InForce<Session>::get().windowClosed();
+  return true;
+}
+
+void Window::leave() {
+  closed_ = true;
+  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
+  _mMenuHandlers = nullptr;  // a handler may be bound to this very window
+  leaveWindowSupport(Ref<Window>(this));
+}
+
+void Window::_CallActivated() {
+  active_ = true;
+  callHandler(*this, Events::Activate);
+  EnableMenuItems();
+}
+
+void Window::_CallDeactivated() {
+  active_ = false;
+  callHandler(*this, Events::Deactivate);
+  EnableMenuItems();
+}
+
+void Window::userTurnedTo(bool active) {
+  if (active == active_) return;
+  active ? _CallActivated() : _CallDeactivated();
+}
+
+void Window::_AddMenuHandler(const String& name, const Ref<Delegate>& handler) {
+  if (!_mMenuHandlers) _mMenuHandlers = New<Dictionary>();
+  _mMenuHandlers->Value(name, handler);
+}
+
+bool Window::callMenuHandler(const String& name) {
+  if (!_mMenuHandlers) return false;
+  const auto handler = fromVariant<Ref<Delegate>>(_mMenuHandlers->Lookup(name, Variant()));
+  if (!handler) return false;
+  handler->call();
+  return true;
+}
+
+bool Window::hasMenuHandler(const String& name) const {
+  return _mMenuHandlers && _mMenuHandlers->HasKey(name);
+}
+
+void Window::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items) {
+  callHandler(*this, Events::EnableMenuItems);
+  for (const Ref<MenuItem>& item : items->elements) {
+    if (hasMenuHandler(item->Name)) item->Enable();
+    RuntimeBackgroundTask();
+  }
+}
+
+void leaveAllWindows() {
+  // A window whose menu handler is bound to the window itself would live on otherwise. Nothing here
+  // allocates memory, of which there may be none.
+  auto& windows = _WindowSupport.Windows;
+  while (!windows.empty()) Ref<Window>(windows.back())->leave();
+}
+
+Ref<Window> frontWindow() {
+  const auto& windows = _WindowSupport.Windows;
+  const auto active =
+      std::ranges::find_if(windows, [](const auto& each) { return each->isActive(); });
+  if (active != windows.end()) return *active;
+  return windows.empty() ? nullptr : windows.back();
+}
+
+Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name) {
+  const auto& names = window._mControlNames;
+  // The names of the program are constants, so nearly always it is the very same record as the last
+  // time, in the same place.
+  const auto address = reinterpret_cast<std::uintptr_t>(name.record());
+  std::uint8_t& hint = window.places_[address / alignof(StringRecord) % window.places_.size()];
+  if (hint != 0 && names[hint - 1U].record() == name.record()) {
+    return window._mControlList[hint - 1U];
+  }
+  // From the end, as the newest control has the name.
+  const auto found = std::find(names.rbegin(), names.rend(), name);
+  if (found == names.rend()) return nullptr;
+  const auto place = static_cast<std::size_t>(names.rend() - found);
+  if (place <= UINT8_MAX) hint = static_cast<std::uint8_t>(place);
+  return window._mControlList[place - 1];
+}
+
+Ref<Window> _GetImplicitWindow(const String& className) {
+  const auto& windows = _WindowSupport.Windows;
+  const auto found = std::ranges::find_if(
+      windows, [&](const Ref<Window>& window) { return window->classRecord()->name == className; });
+  return found == windows.end() ? nullptr : *found;
+}
+
+}  // namespace veldrin

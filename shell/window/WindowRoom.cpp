@@ -1,0 +1,17 @@
+#include "shell/window/WindowRoom.h"
+
+#include "shell/window/Application.h"
+#include "shell/window/PluginEntries.h"
+
+namespace veldrin {
+
+WindowRoom::~WindowRoom() {
+  _mImplicitWindowList = nullptr;
+  _WindowSupport.mDirtyWindows = nullptr;
+  leaveAllWindows();
+  layDownApplication();
+  layDownPluginEntries();
+  endObjectsThatWait();
+}
+
+}  // namespace veldrin

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+
+#include "shell/values/Mathematics.h"
+
+namespace veldrin::solar {
+
+// The solar engine follows O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer, with
+// differences that the output depends on to the last digit. Keep the order and the grouping of
+// every operation.
+
+/// Degrees to radians, from pi to sixteen digits.
+inline constexpr double Rads = 3.141592653589793 / 180.0;
+
+/// The whole part, truncated toward zero.
+inline double iPart(double x) {
+  const double s = RuntimeCvtSInt32ToReal64(Sign(x));
+  const double f = Floor(Abs(x));
+  return s * f;
+}
+
+/// The fractional part, with the sign of the argument: -0.75 for -2.75.
+inline double fPart(double x) {
+  double a = Abs(x);
+  a = a - Floor(a);
+  const double s = RuntimeCvtSInt32ToReal64(Sign(x));
+  return s * a;
+}
+
+/// The Modified Julian Date of a calendar date at an hour; Julian up to 1582-10-04. Integer steps
+/// wrap at 32 bits.
+double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
+
+/// The Modified Julian Date of an hour after the midnight `mjd0`.
+inline double momentAt(double mjd0, double hour) {
+  return mjd0 + (hour / 24.0);
+}
+
+/// Julian centuries from noon of 2000-01-01 to a Modified Julian Date.
+inline double centuriesTo(double mjd) {
+  return (mjd - 51544.5) / 36525.0;
+}
+
+}  // namespace veldrin::solar

@@ -1,0 +1,277 @@
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <optional>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "bench/bare/Bare.h"
+#include "shell/values/Mathematics.h"
+#include "tests/support/Documents.h"
+#include "tests/support/RuntimeTest.h"
+
+namespace veldrin::test {
+namespace {
+
+std::uint64_t bits(double value) {
+  return std::bit_cast<std::uint64_t>(value);
+}
+
+/// A bound as the user types it, and the day that it names, if any.
+struct Bound {
+  std::string text;
+  std::optional<bare::Civil> day;
+  bool isUsual;  // left as the choice of the year has written it
+};
+
+/// What stands in the window, and the same for the bare functions.
+struct Inputs {
+  bare::Place place;
+  std::int32_t year;
+  Bound start, end;
+  bool on;
+  bool downUnder;
+
+  [[nodiscard]] bare::Saving saving() const { return {on, downUnder, start.day, end.day}; }
+};
+
+/// Random inputs, the same in every run: every place and zone, with the edges more often than
+/// chance has them.
+class Source {
+ public:
+  std::int32_t whole(std::int32_t from, std::int32_t to) {
+    return std::uniform_int_distribution<std::int32_t>(from, to)(engine_);
+  }
+  bool oneIn(std::int32_t number) { return whole(1, number) == 1; }
+
+  double number(double bound) {
+    if (oneIn(8))
+      return std::array{0.0, -0.0, bound, -bound}[static_cast<std::size_t>(whole(0, 3))];
+    const double drawn = std::uniform_real_distribution<double>(-bound, bound)(engine_);
+    return oneIn(2) ? drawn : std::round(drawn * 4.0) / 4.0;
+  }
+
+  bare::Civil day(std::int32_t firstYear, std::int32_t lastYear) {
+    const std::int32_t year = whole(firstYear, lastYear);
+    const std::int32_t month = whole(1, 12);
+    return {year, month, whole(1, daysInMonth(year, month))};
+  }
+
+  Inputs inputs() {
+    const double latitude = number(90.0);
+    const double longitude = number(180.0);
+    const double zone = number(oneIn(4) ? 30.0 : 14.0);
+    const std::int32_t year = oneIn(4) ? whole(1, 9999) : whole(1850, 2150);
+    const Bound start = bound(year, bare::firstBound(year));
+    const bool equal = !start.isUsual && oneIn(8);
+    const Bound end = equal ? start : bound(year, bare::lastBound(year));
+    return {{latitude, longitude, zone}, year, start, end, !oneIn(4), oneIn(2)};
+  }
+
+ private:
+  Bound bound(std::int32_t year, bare::Civil usual) {
+    if (oneIn(8)) {
+      const char* const noDates[] = {"", "abc", "2/30/2008", "13/1/2008", "3/9", "3//9/2008"};
+      return {noDates[whole(0, 5)], std::nullopt, false};
+    }
+    if (oneIn(2)) return {"", usual, true};
+    const bare::Civil drawn = oneIn(8) ? day(year, std::min(year + 1, 9999)) : day(year, year);
+    std::string digits = std::to_string(drawn.year);
+    digits.insert(0, 4 - digits.size(), '0');
+    const std::string mark = oneIn(2) ? "/" : "-";
+    const std::string rest = std::to_string(drawn.month) + mark + std::to_string(drawn.day);
+    return {mark == "/" ? rest + mark + digits : digits + mark + rest, drawn, false};
+  }
+
+  std::mt19937_64 engine_{6};
+};
+
+class DifferentialTest : public WindowTest {
+ protected:
+  void fillIn(const Inputs& inputs) const {
+    const auto& [latitude, longitude, zone] = inputs.place;
+    WindowTest::fillIn(std::to_string(inputs.year), textOf(latitude), textOf(longitude),
+                       textOf(zone));
+    if (!inputs.start.isUsual) type("DSTStart", inputs.start.text);
+    if (!inputs.end.isUsual) type("DSTEnd", inputs.end.text);
+    person->tick("DaylightSavings", inputs.on);
+    person->tick("DownUnderFlag", inputs.downUnder);
+  }
+
+  /// What the window shows, for a message.
+  [[nodiscard]] std::string described() const {
+    std::string all;
+    for (const auto* box : {"DaylightSavings", "DownUnderFlag"})
+      all += person->isTicked(box) ? '+' : '-';
+    for (const auto* name :
+         {"Latitude", "Longitude", "TimeZone", "WhichYear", "DSTStart", "DSTEnd"}) {
+      all += " " + person->shown(name);
+    }
+    return all;
+  }
+
+  Source source;
+};
+
+TEST_F(DifferentialTest, DatesOfAnyIntegersAreTheSameNumber) {
+  const auto expectSame = [this](std::int32_t year, std::int32_t month, std::int32_t day) {
+    const double hour = source.number(48.0);
+    ASSERT_EQ(bits(window()->ModifiedJulianDate(year, month, day, hour)),
+              bits(bare::ModifiedJulianDate(year, month, day, hour)))
+        << year << ' ' << month << ' ' << day;
+  };
+  // Every day around the year 0 and in the year of the reform, also those that it left out.
+  for (const std::int32_t year : {-2, -1, 0, 1, 1582}) {
+    for (std::int32_t day = 0; day < 12 * 31; ++day) expectSame(year, day / 31 + 1, day % 31 + 1);
+  }
+  for (int count = 0; count < 20000 && !HasFatalFailure(); ++count) {
+    const std::int32_t bound = count % 2 == 0 ? 20000 : Largest;
+    expectSame(source.oneIn(50) ? Smallest : source.whole(-bound, bound),
+               source.oneIn(4) ? source.whole(Smallest, Largest) : source.whole(-9, 20),
+               source.oneIn(4) ? source.whole(Smallest, Largest) : source.whole(-9, 40));
+  }
+}
+
+// Each number beside that of the bare function; one that is none is as good as another.
+TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
+  using Function = double (*)(double);
+  const volatile auto sine = static_cast<Function>(std::sin);
+  const volatile auto cosine = static_cast<Function>(std::cos);
+  for (int count = 0; count < 20000; ++count) {
+    const auto number = [this] { return source.number(2.0); };
+    std::vector<std::pair<double, double>> pairs;
+    const double x = number();
+    pairs.assign({{window()->iPart(x), bare::iPart(x)}, {window()->fPart(x), bare::fPart(x)}});
+    const double large = std::ldexp(x, source.whole(0, 80));
+    pairs.emplace_back(Floor(large), std::floor(large));
+    const double hours = 60.0 * x;
+    ASSERT_EQ(window()->HHMMFormat(hours), String(bare::hhmm(hours))) << hours;
+    ASSERT_EQ(window()->HHMMZZ(hours), String(bare::hhmmzz(hours))) << hours;
+
+    const std::array y{x, number(), number()};
+    std::array<std::array<double, 4>, 2> found{{{0, 0, 7, 7}, {0, 0, 7, 7}}};  // xe, ye, z1, z2
+    std::array<std::int32_t, 2> roots{};
+    const auto into = [&](const auto& parabola, std::size_t side) {
+      auto& [xe, ye, z1, z2] = found[side];
+      parabola(y[0], y[1], y[2], xe, ye, z1, z2, roots[side]);
+    };
+    into([](auto&&... all) { window()->QuadParabola(all...); }, 0);
+    into([](auto&&... all) { bare::QuadParabola(all...); }, 1);
+    for (std::size_t at = 0; at < 4; ++at) pairs.emplace_back(found[0][at], found[1][at]);
+    pairs.emplace_back(roots[0], roots[1]);
+
+    bare::Engine engine{static_cast<double>(source.whole(-200, 200) * (count % 2 == 0 ? 1 : 999))};
+    window()->mjd0 = engine.mjd0;
+    const double hour = source.oneIn(4) ? source.whole(0, 24) : 12.0 + source.number(12.0);
+    const double lambda = source.number(180.0);
+    pairs.emplace_back(window()->SineAltitude(hour, lambda, y[1], y[2]),
+                       bare::SineAltitude(engine, hour, lambda, y[1], y[2]));
+    pairs.emplace_back(window()->mjd0, engine.mjd0);
+    // Both of one angle, side by side, as the Sun's position has them.
+    const double angle = lambda * hours * hours;
+    pairs.insert(pairs.end(), {{Sin(angle), sine(angle)}, {Cos(angle), cosine(angle)}});
+
+    for (std::size_t at = 0; at < pairs.size(); ++at) {
+      const auto [actual, expected] = pairs[at];
+      ASSERT_TRUE(bits(actual) == bits(expected) || (actual != actual && expected != expected))
+          << "number " << at << " of " << testing::PrintToString(y) << ", " << hour << "h, "
+          << lambda << ": " << actual << ", not " << expected;
+    }
+  }
+}
+
+TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
+  for (int count = 0; count < 4000; ++count) {
+    const Inputs inputs = source.inputs();
+    const bare::Civil day =
+        source.oneIn(4) ? source.day(-3000, 9999) : source.day(inputs.year, inputs.year);
+    const Ref<Date> date = dayOf(day.year, day.month, day.day);
+    const double seconds = date->TotalSeconds();
+    window()->statusDate = date;
+    fillIn(inputs);
+    std::string expected = bare::status(inputs.place, inputs.saving(), day);
+    std::ranges::replace(expected, '\n', '\r');
+    ASSERT_EQ(status(), expected) << described();
+
+    const auto [latitude, longitude, zone] = inputs.place;
+    double rise = 0.0;
+    double set = 0.0;
+    window()->DoVeldrin(latitude, longitude, date, zone, rise, set);
+    ASSERT_EQ(date->TotalSeconds(), seconds);
+    double bareRise = 0.0;
+    double bareSet = 0.0;
+    bare::DoVeldrin(inputs.place, day, inputs.saving(), bareRise, bareSet);
+    ASSERT_TRUE(bits(rise) == bits(bareRise) && bits(set) == bits(bareSet))
+        << described() << ' ' << expected << ": " << rise << ' ' << set << ", not " << bareRise
+        << ' ' << bareSet;
+  }
+}
+
+TEST_F(DifferentialTest, YearsAreTheSameBytes) {
+  bool midnightMet = false;
+  for (int count = 0; count < 60; ++count) {
+    const Inputs inputs = source.inputs();
+    fillIn(inputs);
+    std::string expected;
+    bare::writeYear(inputs.place, inputs.saving(), inputs.year,
+                    [&](std::string_view line) { expected += line; });
+    ASSERT_EQ(firstDifference(generate(), expected), "") << described();
+    midnightMet = midnightMet || expected.find("T240000") != std::string::npos;
+  }
+  // The rounding that reaches midnight without a wrap is rare; the years drawn have it.
+  EXPECT_TRUE(midnightMet);
+}
+
+// No reference has a say here: the window walks through the year by its own button.
+TEST_F(DifferentialTest, AYearIsWhatThePanelSaysOfItsDaysInOrder) {
+  for (int count = 0; count < 25; ++count) {
+    Inputs inputs = source.inputs();
+    inputs.place.zone = std::fmod(inputs.place.zone, 24.0);
+    fillIn(inputs);
+    const std::string year = generate();
+    std::string expected = year.substr(0, year.find("BEGIN:VEVENT"));
+    const auto write = [&](const std::string& what, const std::string& clock) {
+      const Ref<Date> day = window()->statusDate;
+      std::array<char, 16> digits{};
+      std::snprintf(digits.data(), digits.size(), "%d%02d%02d", day->Year(), day->Month(),
+                    day->Day());
+      expected += "BEGIN:VEVENT\r\nSUMMARY: " + what + "\r\nDTSTART:" + digits.data() + "T" +
+                  clock.substr(0, 2) + clock.substr(3) + "00\r\nEND:VEVENT\r\n";
+    };
+    window()->statusDate = dayOf(inputs.year, 1, 1);
+    while (person->press("ForwardOneDay"), window()->statusDate->Year() == inputs.year) {
+      const std::string shown = status();
+      const auto after = [&](const std::string& word) {
+        const std::size_t from = shown.find(word) + word.size();
+        return shown.substr(from, shown.find('\r', from) - from);
+      };
+      const std::string rise = after("Sunrise = ");
+      const std::string set = after("Sunset = ");
+      if (rise == "N/A" || set == "N/A") {
+        write("No sunrise or sunset", "12:00");
+      } else {
+        write("Sunrise at " + rise, rise);
+        write("Sunset at " + set, set);
+      }
+      if (source.oneIn(20)) {
+        person->press("BackOneDay");
+        ASSERT_NE(status(), shown) << described();
+        person->press("ForwardOneDay");
+        ASSERT_EQ(status(), shown) << described();
+      }
+    }
+    ASSERT_EQ(firstDifference(year, expected + "END:VCALENDAR\r\n"), "") << described();
+    // A zone to the west is the one a day further east.
+    if (inputs.place.zone >= 0.0) continue;
+    type("TimeZone", textOf(inputs.place.zone + 24.0));
+    ASSERT_EQ(firstDifference(generate(), year), "") << described();
+  }
+}
+
+}  // namespace
+}  // namespace veldrin::test

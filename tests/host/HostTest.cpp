@@ -1,0 +1,218 @@
+#include <array>
+#include <clocale>
+#include <cstdint>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "shell/host/DatePattern.h"
+#include "shell/host/SystemHost.h"
+#include "shell/values/ParseDate.h"
+#include "tests/support/ValuesTest.h"
+
+namespace veldrin::test {
+namespace {
+
+using enum ShortDateForm::Order;
+
+/// A variable of the environment, for as long as it stands.
+class Setting {
+ public:
+  Setting(const char* name, const char* value) : name_(name) {
+    if (const char* const before = std::getenv(name)) before_ = before;
+    ::setenv(name, value, 1);
+  }
+  ~Setting() {
+    before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_);
+    ::tzset();
+  }
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
+TEST(SystemHostTest, ShowsTheMomentsOfEachZone) {
+  const struct {
+    const char* zone;
+    std::int64_t moment;  // seconds since 1970-01-01 UTC
+    CivilMoment local;
+    double hours;         // of the offset at the moment
+    double hoursOfLocal;  // of the offset of the local moment, which may come twice
+  } rows[] = {
+      {"UTC", -1, {1969, 12, 31, 23, 59, 59}, 0.0, 0.0},
+      {"Asia/Kolkata", 1205020800, {2008, 3, 9, 5, 30, 0}, 5.5, 5.5},
+      {"America/Los_Angeles", 1710064800, {2024, 3, 10, 3, 0, 0}, -7.0, -7.0},
+      {"America/Los_Angeles", 1730620800, {2024, 11, 3, 1, 0, 0}, -7.0, -7.0},
+      {"America/Los_Angeles", 1730624400, {2024, 11, 3, 1, 0, 0}, -8.0, -7.0},
+      {"America/Los_Angeles", 1730628000, {2024, 11, 3, 2, 0, 0}, -8.0, -8.0},
+      {"America/Los_Angeles", 4118151600, {2100, 7, 1, 12, 0, 0}, -7.0, -7.0},
+      {"Australia/Lord_Howe", 1712415600, {2024, 4, 7, 1, 30, 0}, 10.5, 11.0},
+      {"Pacific/Apia", 1325239199, {2011, 12, 29, 23, 59, 59}, -10.0, -10.0},
+      {"Pacific/Apia", 1325239200, {2011, 12, 31, 0, 0, 0}, 14.0, 14.0},
+      // It counts 27 leap seconds, and the last of them is the second before it.
+      {"right/America/Los_Angeles", 1730624427, {2024, 11, 3, 1, 0, 0}, -8.0, -7.0},
+      {"right/America/Los_Angeles", 1483228826, {2016, 12, 31, 15, 59, 59}, -8.0, -8.0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.zone) + " at " + std::to_string(row.moment));
+    // Newer systems have these zones in a package of their own.
+    if (row.zone == std::string_view("right/America/Los_Angeles") &&
+        !std::filesystem::exists(std::string("/usr/share/zoneinfo/") + row.zone)) {
+      continue;
+    }
+    const Setting zone("TZ", row.zone);
+    const SystemHost host;
+    EXPECT_EQ(host.localTime(row.moment), row.local);
+    EXPECT_EQ(host.offsetAt(row.moment), row.hours);
+    EXPECT_EQ(host.gmtOffset(row.local), row.hoursOfLocal);
+  }
+}
+
+TEST(SystemHostTest, EveryMomentHasAnAnswer) {
+  const Setting zone("TZ", "Etc/GMT-14");
+  const SystemHost host;
+  EXPECT_EQ(host.gmtOffset({INT32_MAX, 12, 31, 23, 59, 59}), 0.0);
+  EXPECT_EQ(host.gmtOffset({INT32_MIN, 1, 1, 0, 0, 0}), 0.0);
+  EXPECT_EQ(host.gmtOffset({-4712, 1, 1, 12, 0, 0}), 14.0);
+  for (const std::int64_t moment : {INT64_MIN, INT64_MAX}) {
+    const std::int32_t month = host.localTime(moment).month;
+    EXPECT_TRUE(month >= 1 && month <= 12) << moment;
+    EXPECT_EQ(host.offsetAt(moment), 0.0);
+  }
+  // What the zone leaves out has the offset from before.
+  const Setting apia("TZ", "Pacific/Apia");
+  EXPECT_EQ(host.gmtOffset({2011, 12, 30, 12, 0, 0}), -10.0);
+  const Setting pacific("TZ", "America/Los_Angeles");
+  EXPECT_EQ(host.gmtOffset({2024, 3, 10, 2, 30, 0}), -8.0);
+}
+
+TEST(SystemHostTest, APatternThatIsNoDateHasNoOrder) {
+  for (const char* const pattern : {"%%d.%%m.%%Y", "%d.%m", "%d.%m.%", ""}) {
+    EXPECT_EQ(shortDateFormOf(pattern), (ShortDateForm{MonthDayYear, '/'})) << pattern;
+  }
+  EXPECT_EQ(shortDateFormOf("%d %m %Y"), (ShortDateForm{DayMonthYear, '/'}));
+  EXPECT_EQ(shortDateFormOf("%a. %d/%m/%Y"), (ShortDateForm{DayMonthYear, '/'}));
+}
+
+using LocaleTest = ValuesTest;
+
+TEST_F(LocaleTest, ReadsTheDatesThatItWritesAndTheHostsOwnNumbers) {
+  const struct {
+    const char* locale;
+    const char* text;
+    bool ownIsRead;  // whether %x is in plain numbers
+  } rows[] = {
+      {"en_US", "6/1/2024", true},   {"hi_IN", "1/6/2024", true},  {"bg_BG", "1.6.2024", true},
+      {"sr_RS", "1.6.2024", true},   {"lv_LV", "2024.6.1", true},  {"sv_SE", "2024-6-1", true},
+      {"ne_NP", "2024/6/1", true},   {"nl_NL", "1-6-2024", true},  {"ce_RU", "2024.1.6", true},
+      {"th_TH", "1/6/2024", false},  {"nb_NO", "1.6.2024", false}, {"ar_EG", "1/6/2024", false},
+      {"en_HK", "6/1/2024", false},  {"fa_IR", "2024/6/1", false}, {"zh_CN", "2024/6/1", false},
+      {"no_SUCH", "6/1/2024", false}};
+  tm day{};
+  day.tm_year = 2024 - 1900;
+  day.tm_mon = 6 - 1;
+  day.tm_mday = 1;
+  constexpr CivilDay Day{2024, 6, 1};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.locale);
+    const Setting setting("LC_ALL", (std::string(row.locale) + ".UTF-8").c_str());
+    host.form = SystemHost().shortDateForm();
+    const Ref<Date> date = New<Date>();
+    date->Constructor(2024, 6, 1, 0, 0, 0);
+    EXPECT_EQ(text(date->ShortDate()), row.text)
+        << "LOCPATH names the folder of the locales that localedef made";
+    EXPECT_EQ(readDate(row.text, host.form), Day);
+    if (!row.ownIsRead) continue;
+    std::array<char, 100> own{};
+    const locale_t locale = ::newlocale(LC_TIME_MASK, "", nullptr);
+    ASSERT_NE(locale, nullptr);
+    ::strftime_l(own.data(), own.size(), "%x", &day, locale);
+    ::freelocale(locale);
+    EXPECT_EQ(readDate(own.data(), host.form), Day) << own.data();
+  }
+}
+
+TEST(SystemHostTest, SaysDatesAndTimesByItsSetting) {
+  constexpr CivilMoment Autumn{2026, 11, 22, 16, 5, 9};
+  const struct {
+    const char* locale;
+    CivilMoment moment;
+    const char *dates, *times;
+  } rows[] = {
+      {"C", Autumn, "Sunday, November 22, 2026|Sun, Nov 22, 2026", "16:05|16:05:09"},
+      {"no_SUCH.UTF-8", {7, 3, 9, 0, 0, 0}, "Friday, March 9, 7|Fri, Mar 9, 7", "00:00|00:00:00"},
+      {"de_DE.UTF-8", Autumn, "Sonntag, 22. November 2026|So, 22. Nov 2026", "16:05|16:05:09"},
+      {"de_DE.UTF-8",
+       {INT32_MIN, 3, 1, 0, 0, 0},
+       "Samstag, 1. M\u00E4rz -2147481748|Sa, 1. M\u00E4r -2147481748",
+       "00:00|00:00:00"},
+      {"fr_FR.ISO-8859-1",
+       {2026, 12, 1, 16, 5, 9},
+       "mardi, 1 d\u00E9cembre 2026|mar., 1 d\u00E9c. 2026",
+       "16:05|16:05:09"},
+      {"en_US.UTF-8", Autumn, "Sunday, November 22, 2026|Sun, Nov 22, 2026",
+       "04:05 PM|04:05:09 PM"},
+      // It has a place for the half of the day, and no name for either.
+      {"ms_MY.UTF-8", Autumn, "Ahad, 22 November 2026|Ahd, 22 Nov 2026", "04:05|04:05:09"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.locale);
+    const Setting setting("LC_ALL", row.locale);
+    const SystemHost host;
+    const auto both = [&](DateText first, DateText second) {
+      return host.text(first, row.moment) + "|" + host.text(second, row.moment);
+    };
+    EXPECT_EQ(both(DateText::LongDate, DateText::AbbreviatedDate), row.dates);
+    EXPECT_EQ(both(DateText::ShortTime, DateText::LongTime), row.times);
+  }
+}
+
+TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheHost) {
+  const struct {
+    DatePatterns host;
+    const char *longDate, *abbreviatedDate;
+  } dates[] = {
+      {{.program = "%A, %Y. gada %e. %B, %H:%M:%S %Z"},
+       "%A, %Y. gada %-d. %B",
+       "%a, %Y. gada %-d. %b"},
+      {{.program = "%Y. %b. %-e., %A, %T %Z"}, "%Y. %B %-d., %A", "%Y. %b. %-d., %a"},
+      {{.program = "%a %-d.%-m.%Y %H.%M", .dateAndTime = "%a %e. %Bta %Y %H.%M"},
+       "%A, %-d. %Bta %Y",
+       "%a, %-d. %Bta %Y"},
+      {{.program = "%a\u00A0%-d.\u00A0%B\u00A0%Y,\u00A0%H:%M"}, "%A, %-d. %B %Y", "%a, %-d. %b %Y"},
+      {{.program = "%y-%m-%d %T %Z", .date = "%a, %Y.eko %bren %da"},
+       "%A, %Y.eko %Bren %-da",
+       "%a, %Y.eko %Bren %-da"},
+      {{.dateAndTime = "%x (%a) %r", .date = "%Y\uB144 %m\uC6D4 %d\uC77C"},
+       "%Y\uB144 %-m\uC6D4 %-d\uC77C (%A)",
+       "%Y\uB144 %-m\uC6D4 %-d\uC77C (%a)"},
+      {{.program = "%a %d. %b kl. %H.%M %z %Y"}, "%A, %-d. %B %Y", "%a, %-d. %b %Y"},
+      {{.program = "%d %b %Ey"}, "%A, %-d %B %Ey", "%a, %-d %b %Ey"},
+      {{.dateAndTime = "%x (%a) %X", .date = "%e.%m.%Y"}, "%A, %-d %B %Y", "%a, %-d %b %Y"},
+      {{.date = "%F"}, "%A, %Y %B %-d", "%a, %Y %b %-d"},
+      {{}, "%A, %B %-d, %Y", "%a, %b %-d, %Y"}};
+  for (const auto& row : dates) {
+    EXPECT_EQ(patternOf(DateText::LongDate, row.host), row.longDate);
+    EXPECT_EQ(patternOf(DateText::AbbreviatedDate, row.host), row.abbreviatedDate);
+  }
+  const struct {
+    DatePatterns host;
+    const char *shortTime, *longTime;
+  } times[] = {
+      {{.time = "%T"}, "%H:%M", "%H:%M:%S"},
+      {{.time = "%r", .twelveHours = ""}, "%I:%M %p", "%I:%M:%S %p"},
+      {{.time = "%Z %I:%M:%S %p"}, "%I:%M %p", "%I:%M:%S %p"},
+      {{.time = "kl. %H.%M %z"}, "kl. %H.%M", "kl. %H.%M"},
+      {{.time = "%H\uC2DC %M\uBD84 %S\uCD08"}, "%H\uC2DC %M\uBD84", "%H\uC2DC %M\uBD84 %S\uCD08"},
+      {{.time = "%OH:%OM:%OS"}, "%OH:%OM", "%OH:%OM:%OS"}};
+  for (const auto& row : times) {
+    EXPECT_EQ(patternOf(DateText::ShortTime, row.host), row.shortTime);
+    EXPECT_EQ(patternOf(DateText::LongTime, row.host), row.longTime);
+  }
+}
+
+}  // namespace
+}  // namespace veldrin::test

@@ -1,0 +1,144 @@
+#include <deque>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "shell/window/FocusOrder.h"
+#include "tests/support/Form.h"
+#include "tests/support/RuntimeTest.h"
+#include "daystatus/FormParts.h"
+
+namespace veldrin::test {
+namespace {
+
+Ref<Control> control(const Window& view, std::string_view name) {
+  return RuntimeWindowControlByName<Control>(view, String(name));
+}
+
+using FormTest = WindowTest;
+
+TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
+  const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
+  const std::vector<FormObject> form = readForm();
+  ASSERT_EQ(window()->controls().size() + 1, form.size());
+  for (std::size_t place = 0; place < form.size(); ++place) {
+    const auto& [kind, name, entries] = form[place];
+    SCOPED_TRACE(name);
+    Ref<Object> made = window();
+    if (kind != "Window") {
+      made = window()->controls()[place];
+      EXPECT_EQ(control(*window(), name), made);
+      EXPECT_EQ(window()->controls()[place]->Window(), window());
+      EXPECT_EQ(text(made->classRecord()->name), kind);
+    }
+    for (const FormEntry& entry : entries) {
+      if (entry.key == "Text" && writtenByTheOpening.contains(name)) continue;
+      EXPECT_EQ(valueOf(made, entry.key), entry.value) << entry.key;
+    }
+    if (kind == "Placard" || kind == "Window") continue;
+    EXPECT_EQ(valueOf(made, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
+    EXPECT_EQ(valueOf(made, "TextUnit"), Variant(FontUnits::Default));
+  }
+  EXPECT_EQ(window()->WhichYear()->ListCount(), 13);
+}
+
+TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
+  static bool unwired = false;
+  const Ref<Veldrin> view = window();
+  std::deque<BoundEvent> bound;
+  for (ClassRecord* const record : controlClasses()) {
+    for (const EventRow& event : record->eventRows) {
+      EXPECT_EQ(event.handler, nullptr);
+      bound.emplace_back(record, event.name, [](Object*) { unwired = true; });
+    }
+  }
+  std::string wired;
+  for (const Ref<Control>& each : view->controls()) {
+    for (const EventRow& event : each->classRecord()->eventRows) {
+      unwired = false;
+      each->raiseEvent(event.name);
+      if (!unwired) wired += text(each->Name) + "_" + text(event.name) + " ";
+    }
+  }
+  EXPECT_EQ(wired,
+            "BackOneDay_Action ForwardOneDay_Action GenerateButton_Action WhichYear_Open "
+            "WhichYear_Change DownUnderFlag_Action DaylightSavings_Action Latitude_LostFocus "
+            "TimeZone_LostFocus Longitude_LostFocus ");
+  constexpr Event<void()> Other{"KeyDown"_s};  // the window's own has a text with it
+  EXPECT_EQ(raisedBy([&] { callHandler(*view, Other); }), "TypeMismatchException");
+  EXPECT_EQ(raisedBy([&] { view->Latitude()->raiseEvent("KeyDown"_s); }), "KeyNotFoundException");
+}
+
+TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {
+  const Ref<Veldrin> view = window();
+  const auto order = [&] {
+    std::string names;
+    for (const auto& each : focusOrder(*view)) names += text(each->Name) + " ";
+    return names;
+  };
+  EXPECT_EQ(order(),
+            "Latitude TimeZone Longitude DSTEnd DSTStart DownUnderFlag DaylightSavings BackOneDay "
+            "ForwardOneDay GenerateButton WhichYear ");
+  view->Latitude()->Enabled(false);
+  view->TimeZone()->Visible(false);
+  view->Longitude()->TabStop(false);
+  view->WhichYear()->TabIndex(-1);
+  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal ones go by their making
+  EXPECT_EQ(order(),
+            "DSTEnd DSTStart DownUnderFlag DaylightSavings WhichYear BackOneDay ForwardOneDay "
+            "GenerateButton ");
+  // Panels inside each other, or a control inside itself, are inside no window.
+  control<"Placard1">(*view)->InitialParent("Placard2"_s);
+  control<"Placard2">(*view)->InitialParent("Placard1"_s);
+  view->BackOneDay()->InitialParent("BackOneDay"_s);
+  EXPECT_EQ(order(), "WhichYear ForwardOneDay GenerateButton ");
+  view->Close();
+  EXPECT_EQ(order(), "");
+}
+
+TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
+  const Ref<Veldrin> view = window();
+  const Ref<TextField> field = view->Latitude();
+  EXPECT_FALSE(control(*view, "latitude"));
+  EXPECT_EQ(raisedBy([&] { RuntimeWindowControlByName<CheckBox>(*view, "Latitude"_s); }),
+            "IllegalCastException");
+  EXPECT_EQ(raisedBy([&] { view->_AddControl("Day"_s, New<Date>()); }), "IllegalCastException");
+  view->_AddControl("Second"_s, field);  // one control under two names
+  EXPECT_EQ(control(*view, "Second"), field);
+  view->_RemoveControl(nullptr);
+  EXPECT_EQ(view->controls().size(), FormTable.size() + 1);
+  view->_RemoveControl(field);
+  EXPECT_FALSE(control(*view, "Latitude") || control(*view, "Second"));
+  EXPECT_EQ(view->controls().size(), FormTable.size() - 1);
+  EXPECT_EQ(field->referenceCount(), 1);
+  // A name goes to the newest; the one before it stays, and is taken away by itself.
+  const Ref<Control> old = control(*view, "TimeZone");
+  view->_AddControl(String(std::string("TimeZone")), field);
+  EXPECT_EQ(control(*view, "TimeZone"), field);
+  EXPECT_EQ(view->controls().size(), FormTable.size());
+  view->_RemoveControl(view->controls().back());
+  EXPECT_FALSE(field->Window());
+  EXPECT_EQ(control(*view, "TimeZone"), old);
+  // A control is in one window, and a closed window waits for no redraw.
+  const Ref<Window> other = New<Window>();
+  other->_AddControl("There"_s, old);
+  view->_RemoveControl(old);  // it is not there
+  EXPECT_EQ(old->Window(), other);
+  EXPECT_FALSE(control(*view, "TimeZone"));
+  other->_AddDirtyWindow();
+  view->_AddDirtyWindow();
+  static int closed;
+  closed = 0;
+  const BoundEvent bound(TextField::__Lookup(), "Close"_s, [](Object*) { ++closed; });
+  other->Close();
+  EXPECT_EQ(closed, 1);
+  other->_AddDirtyWindow();
+  EXPECT_EQ(_WindowSupport.mDirtyWindows->Count(), 1);
+  EXPECT_EQ(other->referenceCount(), 1);
+  view->Close();
+  EXPECT_EQ(closed, 4);
+  EXPECT_FALSE(field->Window());
+}
+
+}  // namespace
+}  // namespace veldrin::test
