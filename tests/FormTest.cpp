@@ -6,6 +6,7 @@
 #include "shell/FocusOrder.h"
 #include "tests/support/Form.h"
 #include "tests/support/RuntimeTest.h"
+#include "ui/FormStreams.h"
 #include "ui/FormTable.h"
 
 namespace veldrin::test {
@@ -17,12 +18,12 @@ Ref<Control> control(const Window& view, std::string_view name) {
 
 using FormTest = WindowTest;
 
-TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
+TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
   const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
-  const std::vector<FormObject> form = readForm();
-  ASSERT_EQ(window()->controls().size() + 1, form.size());
-  for (std::size_t place = 0; place < form.size(); ++place) {
-    const auto& [kind, name, entries] = form[place];
+  const Form form = readForm();
+  ASSERT_EQ(window()->controls().size() + 1, form.streams.size());
+  for (std::size_t place = 0; place < form.streams.size(); ++place) {
+    const auto& [kind, name, sizeAndChecksum, bytes] = form.streams[place];
     SCOPED_TRACE(name);
     Ref<Object> made = window();
     if (kind != "Window") {
@@ -31,9 +32,9 @@ TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
       EXPECT_EQ(window()->controls()[place]->Window(), window());
       EXPECT_EQ(text(made->classRecord()->name), kind);
     }
-    for (const FormEntry& entry : entries) {
-      if (entry.key == "Text" && writtenByTheOpening.contains(name)) continue;
-      EXPECT_EQ(valueOf(made, entry.key), entry.value) << entry.key;
+    for (const auto& [key, value] : entriesOf(FormStreams[place].view(), form.keys.at(kind))) {
+      if (key == "Text" && writtenByTheOpening.contains(name)) continue;
+      EXPECT_EQ(valueOf(made, key), value) << key;
     }
     if (kind == "Placard" || kind == "Window") continue;
     EXPECT_EQ(valueOf(made, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
