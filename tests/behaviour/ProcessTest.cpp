@@ -326,6 +326,7 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.handler) + " without " + row.missing);
     const std::size_t reportsBefore = toolkit.reports.size();
+    testing::internal::CaptureStderr();
     EXPECT_EQ(run([&] {
                 person->press("ForwardOneDay");  // no field is left by what follows
                 window()->_AddMenuHandler(
@@ -339,6 +340,9 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
                 row.event();
               }),
               1);
+    // The calls tell a developer where a fault of the program is. A full disk is none.
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(told.find("  called from ") == std::string::npos, row.exception == "IOException");
     ASSERT_EQ(toolkit.reports.size(), reportsBefore + 1);
     EXPECT_EQ(text(toolkit.reports.back().className), row.exception);
     EXPECT_EQ(toolkit.reports.back().errorNumber, row.number);

@@ -47,7 +47,14 @@ TEST_F(FormOnDesktopTest, WhatHasAFrameShowsItOnADarkDesktop) {
     QApplication::setPalette(QPalette(ground, ground));
     QCoreApplication::processEvents();
     const QImage picture = QtPerson::window().centralWidget()->grab().toImage();
-    for (const char* const name : {"Placard1", "Longitude", "DownUnderFlag"}) {
+    const QRect panel = widget("Placard1").geometry();
+    for (const QPoint at :
+         {QPoint(panel.left(), panel.center().y()), QPoint(panel.right(), panel.center().y()),
+          QPoint(panel.center().x(), panel.top()), QPoint(panel.center().x(), panel.bottom())}) {
+      EXPECT_GT(picture.pixelColor(at).lightnessF() - ground.lightnessF(), 0.25F)
+          << "the panel at " << at.x() << ' ' << at.y() << " on " << ground.name().toStdString();
+    }
+    for (const char* const name : {"Longitude", "DownUnderFlag"}) {
       // Along the middle, from the left edge on.
       const QRect place = widget(name).geometry();
       float brightest = 0.0F;
