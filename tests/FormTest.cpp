@@ -8,6 +8,7 @@
 #include "tests/support/RuntimeTest.h"
 #include "ui/FormStreams.h"
 #include "ui/FormTable.h"
+#include "ui/PropertyStream.h"
 
 namespace veldrin::test {
 namespace {
@@ -32,7 +33,9 @@ TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
       EXPECT_EQ(window()->controls()[place]->Window(), window());
       EXPECT_EQ(text(made->classRecord()->name), kind);
     }
-    for (const auto& [key, value] : entriesOf(FormStreams[place].view(), form.keys.at(kind))) {
+    for (const auto& [property, value] :
+         readPropertyStream(*made->classRecord(), FormStreams[place].view()).entries) {
+      const std::string_view key = property->name.view();
       if (key == "Text" && writtenByTheOpening.contains(name)) continue;
       EXPECT_EQ(valueOf(made, key), value) << key;
     }
