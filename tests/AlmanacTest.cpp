@@ -40,7 +40,7 @@ class AlmanacTest : public WindowTest {
     WindowTest::fillIn(std::to_string(year), textOf(latitude), textOf(longitude), textOf(zone));
   }
 
-  /// The events in order, of a document without names that would be folded.
+  /// The events in order. The document must have no folded lines.
   static std::vector<Entry> eventsOf(const std::string& document) {
     std::vector<Entry> events;
     std::istringstream lines(document);
@@ -74,8 +74,8 @@ struct Errors {
   [[nodiscard]] double mean() const { return sum / count; }
 };
 
-// Near the pole the Sun comes to the horizon at a slant, and a small error of its height is a large
-// one of the time.
+// Near the poles the Sun crosses the horizon at a small angle, so a small error of its altitude is
+// a large error of time.
 TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
   constexpr double Degree = std::numbers::pi / 180.0;
   const std::array sines{std::sin(-50.0 / 60.0 * Degree), std::sin(-6.0 * Degree),
@@ -100,7 +100,7 @@ TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
     const std::int64_t number = dayNumber(day.year, day.month, day.day);
     const std::vector<Crossing> found = crossings(Sky(window()), number, number, sines);
     const Ref<Date> date = dayOf(static_cast<std::int32_t>(day.year), day.month, day.day);
-    double searched[2];  // of the setting Sun, of the rising Sun
+    double searched[2];  // sunset, sunrise
     window()->DoVeldrin(latitude, longitude, date, 0.0, searched[1], searched[0]);
 
     const std::string zone = std::fabs(latitude) > Polar ? "polar" : "elsewhere";
@@ -141,7 +141,7 @@ TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
   }
 }
 
-TEST_F(AlmanacTest, KnownYearsHaveTheirEvents) {
+TEST_F(AlmanacTest, KnownYearsHaveTheirNumberOfEvents) {
   const struct {
     double latitude, longitude, zone;
     bool downUnder;
@@ -152,7 +152,7 @@ TEST_F(AlmanacTest, KnownYearsHaveTheirEvents) {
                "\r\nUID:sunset-20260509+40.7128-074.0060@veldrin\r\n"},
               {69.6492, 18.9553, 1.0, false, 2026, 614,
                "\r\nUID:sunset-20260727-2+69.6492+018.9553@veldrin\r\n"},
-              // The day begins 25 hours before that of Greenwich.
+              // The local day begins 25 hours before the UTC day.
               {-10.0, 94.0, 24.0, true, 2030, 730,
                "-20300101-10.0000+094.0000@veldrin\r\nDTSTAMP:"
                "19700101T000000Z\r\nDTSTART:20291230T2326"},
@@ -196,7 +196,7 @@ TEST_F(AlmanacTest, AnEventIsWrittenToTheByte) {
                         "TRIGGER:-PT15M\r\nEND:VALARM\r\nEND:VEVENT\r\n"));
 }
 
-TEST_F(AlmanacTest, DaysBeginByTheClocksOfTheDayBefore) {
+TEST_F(AlmanacTest, LocalDaysBeginAndEndAtMidnightOfTheClock) {
   const struct {
     double zone;
     bool saves, downUnder;
@@ -220,7 +220,7 @@ TEST_F(AlmanacTest, DaysBeginByTheClocksOfTheDayBefore) {
   }
 }
 
-TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
+TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
   std::mt19937_64 random(11);
   const auto upTo = [&](double bound) {
     return std::uniform_real_distribution<double>(-bound, bound)(random);
@@ -234,7 +234,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
     person->tick("DownUnderFlag", latitude < 0.0);
     std::vector<Entry> events;
     double longitude = upTo(180.0);
-    // Here the Sun rises at a full hour to the last bit, at the end of two parabolas.
+    // The Sun rises exactly at a full hour, where two parabolas meet.
     if (count == 1)
       std::tie(year, latitude, longitude) = std::tuple(2014, 47.5, 160.53117360097065);
     for (const std::int32_t each : {year, year + 1}) {
@@ -258,7 +258,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
       if (event.start.size() == 8) {
         ++marks;
         ASSERT_EQ(event.start, event.day);
-        // The Sun stays where the last event left it.
+        // The last event decides whether the Sun is up.
         if (!lastKind.empty()) {
           ASSERT_EQ(event.kind, lastKind == "sunrise" ? "no-sunset" : "no-sunrise") << event.day;
         }
@@ -277,8 +277,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
     for (const auto& [day, both] : marksAndEvents) {
       ASSERT_EQ(both.first, both.second == 0 ? 1 : 0) << day;
     }
-    // The horizon's are as many as lie between the first one and the last, so none is lost at the
-    // new year.
+    // No sunrise or sunset is lost or repeated at the turn of the year.
     const std::array horizon{std::sin(-window()->Rads * 50.0 / 60.0)};
     const auto all = crossings(Sky(window()), first - 2, end + 1, horizon);
     const LocalDay lastOfYear = localDays(window()).back();

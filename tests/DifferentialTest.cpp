@@ -26,7 +26,7 @@ std::uint64_t bits(double value) {
   return std::bit_cast<std::uint64_t>(value);
 }
 
-/// A bound as the user types it, and the day that it names, if any.
+/// A bound as the user types it, and its day, if it is a date.
 struct Bound {
   std::string text;
   std::optional<bare::Civil> day;
@@ -106,7 +106,7 @@ class DifferentialTest : public WindowTest {
     person->tick("DownUnderFlag", inputs.downUnder);
   }
 
-  /// What the window shows, for a message.
+  /// The inputs in the window, for a failure message.
   [[nodiscard]] std::string described() const {
     std::string all;
     for (const auto* box : {"DaylightSavings", "DownUnderFlag"})
@@ -129,7 +129,7 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   for (int count = 0; count < 20000; ++count) {
     const auto number = [this] { return source.number(2.0); };
     std::vector<std::pair<double, double>> pairs;
-    // Years around 0, of the reform of the calendar, of any dates and of any integers.
+    // Years around 0, the year of the Gregorian reform, and any other years and integers.
     const bool any = source.oneIn(4);
     const std::array years{source.whole(-2, 1), 1582, source.whole(-20000, 20000), Smallest,
                            source.whole(Smallest, Largest)};
@@ -203,8 +203,7 @@ TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
   }
 }
 
-// Against the bare functions, and without a reference: the buttons walk the window through the
-// year.
+// The second comparison needs no reference: the buttons step the window through the year.
 TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
   for (int count = 0; count < 60; ++count) {
     const Inputs inputs = source.inputs();
@@ -238,7 +237,7 @@ TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
       ASSERT_EQ(status(), shown) << described();
     }
     ASSERT_EQ(firstDifference(year, documentOf(days)), "") << described();
-    // A zone to the west is the one a day further east.
+    // A zone west of Greenwich equals the zone 24 hours further east.
     if (zone >= 0.0 || zone < -24.0) continue;
     type("TimeZone", textOf(zone + 24.0));
     ASSERT_EQ(firstDifference(generate(), year), "") << described();

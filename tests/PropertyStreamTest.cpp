@@ -79,7 +79,7 @@ TEST_F(PropertyStreamTest, FaultNamesTheKeyAndTheByte) {
   EXPECT_EQ(raisedBy([] { _SetProperties(nullptr, String()); }), "NilObjectException");
 }
 
-TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithoutRegardToTheCaseOfTheirKeys) {
+TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithKeysInAnyCase) {
   const Ref<StaticText> label = New<StaticText>();
   _SetProperties(label, String());
   const std::string content = "a b\0\x80\xFF Left \0\0\0\1"s;
@@ -95,7 +95,7 @@ TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithoutRegardToTheCaseOfTheir
   EXPECT_EQ(raisedBy([&] { static_cast<void>(chooser->List(4)); }), "OutOfBoundsException");
   chooser->ListIndex(4);
   EXPECT_EQ(chooser->ListIndex(), -1);
-  // The other way round the row is none yet, and of new rows none is selected.
+  // In the other order the row does not exist yet, and new rows are not selected.
   _SetProperties(chooser, String(entry("ListIndex", 7) + entry("InitialValue", "a\r"_s)));
   EXPECT_EQ(chooser->ListCount(), 1);
   EXPECT_EQ(chooser->ListIndex(), -1);

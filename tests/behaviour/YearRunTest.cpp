@@ -16,7 +16,7 @@ using testing::Each;
 using testing::MatchesRegex;
 using YearRunTest = WindowTest;
 
-/// The numbers of all days from January 2 to December 31, as a document has them.
+/// All days from January 2 to December 31, as in "20080309".
 std::vector<std::string> numbersOf(int year) {
   using namespace std::chrono;
   std::vector<std::string> numbers;
@@ -62,7 +62,7 @@ TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
 
 TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
   fillIn("2008", "47.5", "-122.5", "-8");
-  // Central Europe's clock, which changes twice within the year that is written.
+  // Central Europe, where the clock changes twice in that year.
   const auto europe = [](std::int64_t at) {
     const std::int64_t day = at / 86400 - dayNumber(2008, 1, 1);
     return day >= 89 && day < 299 ? 7200 : 3600;
@@ -76,11 +76,11 @@ TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
 }
 
 TEST_F(YearRunTest, TouchesNoControlAndNoDayAndYieldsOnceAPass) {
-  // No day at the pole has both events, so each is searched to its end: 12 passes and its own.
+  // No day at the pole has both events, so each takes all 12 passes and one for the day.
   fillIn("2008", "90", "0", "0");
-  // A press of a button that comes from a field leaves the field first.
+  // Leaves the field before the button is pressed.
   person->tick("DownUnderFlag", true);
-  window()->userTurnedTo(false);  // an active one would enable its menus around the dialog
+  window()->userTurnedTo(false);  // an active window would enable its menus around the dialog
   const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
   const std::int64_t objects = liveObjectCount();

@@ -78,7 +78,7 @@ inline std::string documentOf(const std::vector<std::string>& days) {
   return document + "END:VCALENDAR\r\n";
 }
 
-/// Where two documents part, by the line and its text in both; "" for equal ones.
+/// The first line that differs, with its text in both documents; "" for equal documents.
 inline std::string firstDifference(std::string_view actual, std::string_view expected) {
   if (actual == expected) return "";
   const auto [end, other] =
@@ -100,7 +100,7 @@ inline std::string textOf(double value) {
   return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
 }
 
-/// A day at the host's present time of day.
+/// A date with the host's current time of day.
 inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) {
   Ref<Date> date = New<Date>();
   date->Year(year);
