@@ -51,7 +51,7 @@ class AlmanacTest : public ValuesTest {
     return almanac(place, {&year, 1}, options, [] {});
   }
 
-  /// The events in order, of a document without names that would be folded.
+  /// The events in order. The document must have no folded lines.
   static std::vector<Entry> eventsOf(const std::string& document) {
     std::vector<Entry> events;
     std::istringstream lines(document);
@@ -100,8 +100,8 @@ struct Errors {
   [[nodiscard]] double mean() const { return sum / count; }
 };
 
-// Near the pole the Sun comes to the horizon at a slant, and a small error of its height is a large
-// one of the time.
+// Near the poles the Sun crosses the horizon at a small angle, so a small error of its altitude is
+// a large error of time.
 TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
   constexpr double Degree = std::numbers::pi / 180.0;
   const std::array sines{std::sin(-50.0 / 60.0 * Degree), std::sin(-6.0 * Degree),
@@ -165,7 +165,7 @@ TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
   }
 }
 
-TEST_F(AlmanacTest, KnownYearsHaveTheirEvents) {
+TEST_F(AlmanacTest, KnownYearsHaveTheirNumberOfEvents) {
   const struct {
     double latitude, longitude, zone;
     Saving saving;
@@ -220,7 +220,7 @@ TEST_F(AlmanacTest, AnEventIsWrittenToTheByte) {
                         "TRIGGER:-PT15M\r\nEND:VALARM\r\nEND:VEVENT\r\n"));
 }
 
-TEST_F(AlmanacTest, DaysBeginByTheClocksOfTheDayBefore) {
+TEST_F(AlmanacTest, LocalDaysBeginAndEndAtMidnightOfTheClock) {
   const struct {
     double zone;
     Saving saving;
@@ -243,7 +243,7 @@ TEST_F(AlmanacTest, DaysBeginByTheClocksOfTheDayBefore) {
   }
 }
 
-TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
+TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
   std::mt19937_64 random(11);
   const auto upTo = [&](double bound) {
     return std::uniform_real_distribution<double>(-bound, bound)(random);
@@ -251,13 +251,14 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
   for (int count = 0; count < 60; ++count) {
     std::int32_t year = std::uniform_int_distribution<std::int32_t>(1583, 9997)(random);
     double latitude = count % 3 == 0 ? std::copysign(67.0, upTo(1.0)) + upTo(2.0) : upTo(90.0);
+    if (count % 20 == 4) latitude = std::copysign(90.0, latitude);
     const double zone = count % 2 == 0 ? std::round(upTo(96.0)) / 4.0 : upTo(24.0);
     const Saving saving = count % 4 == 0   ? Saving::None
                           : latitude < 0.0 ? Saving::South
                                            : Saving::North;
     std::vector<Entry> events;
     double longitude = upTo(180.0);
-    // Here the Sun rises at a full hour to the last bit, at the end of two parabolas.
+    // The Sun rises exactly at a full hour, where two parabolas meet.
     if (count == 1)
       std::tie(year, latitude, longitude) = std::tuple(2014, 47.5, 160.53117360097065);
     for (const std::int32_t each : {year, year + 1}) {
@@ -280,6 +281,10 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
       if (event.start.size() == 8) {
         ++marks;
         ASSERT_EQ(event.start, event.day);
+        // The last event decides whether the Sun is up.
+        if (!lastKind.empty()) {
+          ASSERT_EQ(event.kind, lastKind == "sunrise" ? "no-sunset" : "no-sunrise") << event.day;
+        }
         continue;
       }
       ASSERT_LT(lastStart, event.start);
@@ -295,8 +300,7 @@ TEST_F(AlmanacTest, AnyTwoYearsOfAnyPlaceAreWholeAndJoin) {
     for (const auto& [day, both] : marksAndEvents) {
       ASSERT_EQ(both.first, both.second == 0 ? 1 : 0) << day;
     }
-    // The horizon's are as many as lie between the first one and the last, so none is lost at the
-    // new year.
+    // No sunrise or sunset is lost or repeated at the turn of the year.
     const std::array horizon{std::sin(-solar::Rads * 50.0 / 60.0)};
     const auto all = crossings(Sky(latitude, longitude), first - 2, end + 1, horizon, [] {});
     const auto lastOfYear = clockYear(year + 1, zone, saving).clock.spanOf(end - 1);

@@ -15,6 +15,10 @@
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 
+// bench/bare repeats the arithmetic step by step in plain functions. Equal bits prove that the
+// framework around it changes none: controls read by name, strings, `Date`, the stream. They do not
+// prove that the arithmetic is right; that is for tests/data/sky.txt and the AlmanacTest.
+
 namespace veldrin::test {
 namespace {
 
@@ -22,14 +26,14 @@ std::uint64_t bits(double value) {
   return std::bit_cast<std::uint64_t>(value);
 }
 
-/// A bound as the user types it, and the day that it names, if any.
+/// A bound as the user types it, and its day, if it is a date.
 struct Bound {
   std::string text;
   std::optional<bare::Civil> day;
-  bool isUsual;  // left as the choice of the year has written it
+  bool isUsual;  // stays as the choice of the year has set it
 };
 
-/// What stands in the window, and the same for the bare functions.
+/// The inputs of the window and of the bare functions.
 struct Inputs {
   bare::Place place;
   std::int32_t year;
@@ -40,8 +44,7 @@ struct Inputs {
   [[nodiscard]] bare::Saving saving() const { return {on, downUnder, start.day, end.day}; }
 };
 
-/// Random inputs, the same in every run: every place and zone, with the edges more often than
-/// chance has them.
+/// Random inputs, the same in every run: any place and zone, the limits more often than by chance.
 class Source {
  public:
   std::int32_t whole(std::int32_t from, std::int32_t to) {
@@ -103,7 +106,7 @@ class DifferentialTest : public WindowTest {
     person->tick("DownUnderFlag", inputs.downUnder);
   }
 
-  /// What the window shows, for a message.
+  /// The inputs in the window, for a failure message.
   [[nodiscard]] std::string described() const {
     std::string all;
     for (const auto* box : {"DaylightSavings", "DownUnderFlag"})
@@ -118,26 +121,7 @@ class DifferentialTest : public WindowTest {
   Source source;
 };
 
-TEST_F(DifferentialTest, DatesOfAnyIntegersAreTheSameNumber) {
-  const auto expectSame = [this](std::int32_t year, std::int32_t month, std::int32_t day) {
-    const double hour = source.number(48.0);
-    ASSERT_EQ(bits(window()->ModifiedJulianDate(year, month, day, hour)),
-              bits(bare::ModifiedJulianDate(year, month, day, hour)))
-        << year << ' ' << month << ' ' << day;
-  };
-  // Every day around the year 0 and in the year of the reform, also those that it left out.
-  for (const std::int32_t year : {-2, -1, 0, 1, 1582}) {
-    for (std::int32_t day = 0; day < 12 * 31; ++day) expectSame(year, day / 31 + 1, day % 31 + 1);
-  }
-  for (int count = 0; count < 20000 && !HasFatalFailure(); ++count) {
-    const std::int32_t bound = count % 2 == 0 ? 20000 : Largest;
-    expectSame(source.oneIn(50) ? Smallest : source.whole(-bound, bound),
-               source.oneIn(4) ? source.whole(Smallest, Largest) : source.whole(-9, 20),
-               source.oneIn(4) ? source.whole(Smallest, Largest) : source.whole(-9, 40));
-  }
-}
-
-// Each number beside that of the bare function; one that is none is as good as another.
+// Any NaN counts as equal to any other.
 TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   using Function = double (*)(double);
   const volatile auto sine = static_cast<Function>(std::sin);
@@ -145,8 +129,18 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   for (int count = 0; count < 20000; ++count) {
     const auto number = [this] { return source.number(2.0); };
     std::vector<std::pair<double, double>> pairs;
+    // Years around 0, the year of the Gregorian reform, and any other years and integers.
+    const bool any = source.oneIn(4);
+    const std::array years{source.whole(-2, 1), 1582, source.whole(-20000, 20000), Smallest,
+                           source.whole(Smallest, Largest)};
+    const std::int32_t year = years.at(static_cast<std::size_t>(source.whole(0, 4)));
+    const std::int32_t month = any ? source.whole(Smallest, Largest) : source.whole(-1, 14);
+    const std::int32_t day = any ? source.whole(Smallest, Largest) : source.whole(-1, 33);
     const double x = number();
-    pairs.assign({{window()->iPart(x), bare::iPart(x)}, {window()->fPart(x), bare::fPart(x)}});
+    pairs.emplace_back(window()->ModifiedJulianDate(year, month, day, x),
+                       bare::ModifiedJulianDate(year, month, day, x));
+    pairs.emplace_back(window()->iPart(x), bare::iPart(x));
+    pairs.emplace_back(window()->fPart(x), bare::fPart(x));
     const double large = std::ldexp(x, source.whole(0, 80));
     pairs.emplace_back(Floor(large), std::floor(large));
     const double hours = 60.0 * x;
@@ -154,16 +148,14 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     ASSERT_EQ(window()->HHMMZZ(hours), String(bare::hhmmzz(hours))) << hours;
 
     const std::array y{x, number(), number()};
-    std::array<std::array<double, 4>, 2> found{{{0, 0, 7, 7}, {0, 0, 7, 7}}};  // xe, ye, z1, z2
-    std::array<std::int32_t, 2> roots{};
-    const auto into = [&](const auto& parabola, std::size_t side) {
-      auto& [xe, ye, z1, z2] = found[side];
-      parabola(y[0], y[1], y[2], xe, ye, z1, z2, roots[side]);
-    };
-    into([](auto&&... all) { window()->QuadParabola(all...); }, 0);
-    into([](auto&&... all) { bare::QuadParabola(all...); }, 1);
-    for (std::size_t at = 0; at < 4; ++at) pairs.emplace_back(found[0][at], found[1][at]);
-    pairs.emplace_back(roots[0], roots[1]);
+    struct {
+      double xe = 0.0, ye = 0.0, z1 = 7.0, z2 = 7.0;
+      std::int32_t roots = 0;
+    } one, other;
+    window()->QuadParabola(y[0], y[1], y[2], one.xe, one.ye, one.z1, one.z2, one.roots);
+    bare::QuadParabola(y[0], y[1], y[2], other.xe, other.ye, other.z1, other.z2, other.roots);
+    pairs.insert(pairs.end(), {{one.xe, other.xe}, {one.ye, other.ye}, {one.z1, other.z1}});
+    pairs.insert(pairs.end(), {{one.z2, other.z2}, {one.roots, other.roots}});
 
     bare::Engine engine{static_cast<double>(source.whole(-200, 200) * (count % 2 == 0 ? 1 : 999))};
     window()->mjd0 = engine.mjd0;
@@ -172,7 +164,6 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     pairs.emplace_back(window()->SineAltitude(hour, lambda, y[1], y[2]),
                        bare::SineAltitude(engine, hour, lambda, y[1], y[2]));
     pairs.emplace_back(window()->mjd0, engine.mjd0);
-    // Both of one angle, side by side, as the Sun's position has them.
     const double angle = lambda * hours * hours;
     pairs.insert(pairs.end(), {{Sin(angle), sine(angle)}, {Cos(angle), cosine(angle)}});
 
@@ -212,39 +203,21 @@ TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
   }
 }
 
-TEST_F(DifferentialTest, YearsAreTheSameBytes) {
-  bool midnightMet = false;
+// The second comparison needs no reference: the buttons step the window through the year.
+TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
   for (int count = 0; count < 60; ++count) {
     const Inputs inputs = source.inputs();
+    const double zone = inputs.place.zone;
     fillIn(inputs);
+    const std::string year = generate();
     std::string expected;
     bare::writeYear(inputs.place, inputs.saving(), inputs.year,
                     [&](std::string_view line) { expected += line; });
-    ASSERT_EQ(firstDifference(generate(), expected), "") << described();
-    midnightMet = midnightMet || expected.find("T240000") != std::string::npos;
-  }
-  // The rounding that reaches midnight without a wrap is rare; the years drawn have it.
-  EXPECT_TRUE(midnightMet);
-}
-
-// No reference has a say here: the window walks through the year by its own button.
-TEST_F(DifferentialTest, AYearIsWhatThePanelSaysOfItsDaysInOrder) {
-  for (int count = 0; count < 25; ++count) {
-    Inputs inputs = source.inputs();
-    inputs.place.zone = std::fmod(inputs.place.zone, 24.0);
-    fillIn(inputs);
-    const std::string year = generate();
-    std::string expected = year.substr(0, year.find("BEGIN:VEVENT"));
-    const auto write = [&](const std::string& what, const std::string& clock) {
-      const Ref<Date> day = window()->statusDate;
-      std::array<char, 16> digits{};
-      std::snprintf(digits.data(), digits.size(), "%d%02d%02d", day->Year(), day->Month(),
-                    day->Day());
-      expected += "BEGIN:VEVENT\r\nSUMMARY: " + what + "\r\nDTSTART:" + digits.data() + "T" +
-                  clock.substr(0, 2) + clock.substr(3) + "00\r\nEND:VEVENT\r\n";
-    };
-    window()->statusDate = dayOf(inputs.year, 1, 1);
-    while (person->press("ForwardOneDay"), window()->statusDate->Year() == inputs.year) {
+    ASSERT_EQ(firstDifference(year, expected), "") << described();
+    if (count % 2 == 0) continue;
+    std::vector<std::string> days;
+    const Ref<Date> day = window()->statusDate = dayOf(inputs.year, 1, 1);
+    while (person->press("ForwardOneDay"), day->Year() == inputs.year) {
       const std::string shown = status();
       const auto after = [&](const std::string& word) {
         const std::size_t from = shown.find(word) + word.size();
@@ -252,23 +225,21 @@ TEST_F(DifferentialTest, AYearIsWhatThePanelSaysOfItsDaysInOrder) {
       };
       const std::string rise = after("Sunrise = ");
       const std::string set = after("Sunset = ");
-      if (rise == "N/A" || set == "N/A") {
-        write("No sunrise or sunset", "12:00");
-      } else {
-        write("Sunrise at " + rise, rise);
-        write("Sunset at " + set, set);
-      }
-      if (source.oneIn(20)) {
-        person->press("BackOneDay");
-        ASSERT_NE(status(), shown) << described();
-        person->press("ForwardOneDay");
-        ASSERT_EQ(status(), shown) << described();
-      }
+      char number[16];
+      std::snprintf(number, sizeof number, "%d%02d%02d ", day->Year(), day->Month(), day->Day());
+      days.push_back(number + (rise == "N/A" || set == "N/A"
+                                   ? "No sunrise or sunset"
+                                   : "Sunrise at " + rise + ", Sunset at " + set));
+      if (!source.oneIn(20)) continue;
+      person->press("BackOneDay");
+      ASSERT_NE(status(), shown) << described();
+      person->press("ForwardOneDay");
+      ASSERT_EQ(status(), shown) << described();
     }
-    ASSERT_EQ(firstDifference(year, expected + "END:VCALENDAR\r\n"), "") << described();
-    // A zone to the west is the one a day further east.
-    if (inputs.place.zone >= 0.0) continue;
-    type("TimeZone", textOf(inputs.place.zone + 24.0));
+    ASSERT_EQ(firstDifference(year, documentOf(days)), "") << described();
+    // A zone west of Greenwich equals the zone 24 hours further east.
+    if (zone >= 0.0 || zone < -24.0) continue;
+    type("TimeZone", textOf(zone + 24.0));
     ASSERT_EQ(firstDifference(generate(), year), "") << described();
   }
 }

@@ -2,10 +2,7 @@
 
 namespace veldrin::test {
 
-// Compiled with `REFUSED` as the number of a case, which must not compile; with 0 everything does.
-#ifndef REFUSED
-#define REFUSED 0
-#endif
+// Must not compile with the name of a case of tests/CMakeLists.txt defined; compiles without.
 
 struct Interface : DescribedInterface<Interface> {
   static constexpr FixedString FullName = "Interface";
@@ -21,16 +18,16 @@ class Refused final : public Described<Refused, Object> {
   static constexpr FixedString FullName = "Refused";
   static constexpr Event<bool(String)> Asked{"Asked"_s};
 
-#if REFUSED == 7
+#ifdef PrivateFillTable
  private:
 #endif
-#if REFUSED == 11
+#ifdef FillTableOfOtherClass
   static void fillTable(ClassTable<Object>& /*table*/) {}
   static void fill(ClassTable<Refused>& table)
 #else
   static void fillTable(ClassTable<Refused>& table)
 #endif
-#if REFUSED == 8
+#ifdef FillTableWithNoexcept
       noexcept
 #endif
   {
@@ -38,33 +35,33 @@ class Refused final : public Described<Refused, Object> {
     table.property<&Refused::narrow>("narrow"_s);
     table.handles<&Refused::answer>(Asked);
     table.implements<Interface, &Refused::take>();
-#if REFUSED == 1
+#ifdef PropertyWithoutTypeCode
     table.property<&Refused::wide>("wide"_s);
-#elif REFUSED == 9
+#elif defined(HandlerOfOtherSignature)
     table.handles<&Refused::take>(Asked);
-#elif REFUSED == 10
+#elif defined(OperationOfOtherSignature)
     table.implements<Interface, &Refused::answer>();
-#elif REFUSED == 12
+#elif defined(MethodOfOtherClass)
     table.method<&Other::stray>("stray"_s);
 #endif
   }
 
-#if REFUSED == 7
+#ifdef PrivateFillTable
  public:
 #endif
 
-#if REFUSED == 2
+#ifdef PrivateInit
  private:
   void __Init() {}
-#elif REFUSED == 3
+#elif defined(InitWithNoexcept)
   void __Init() noexcept {}
-#elif REFUSED == 4
+#elif defined(DestructorWithResult)
   bool Destructor() {
     return true;
   }
-#elif REFUSED == 5
+#elif defined(StaticExit)
   static void __Exit() {}
-#elif REFUSED == 6
+#elif defined(OverloadedExit)
   void __Exit() {}
   void __Exit(int) {}
 #else

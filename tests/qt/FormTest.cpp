@@ -12,7 +12,7 @@ namespace {
 
 using FormOnDesktopTest = QtTest;
 
-TEST_F(FormOnDesktopTest, TheWindowCanBeClosedAndLaidAsideAndKeepsItsSize) {
+TEST_F(FormOnDesktopTest, TheWindowCanBeClosedAndMinimizedAndKeepsItsSize) {
   EXPECT_EQ(QtPerson::window().minimumSize(), QtPerson::window().maximumSize());
   const Qt::WindowFlags flags = QtPerson::window().windowFlags();
   EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
@@ -20,7 +20,7 @@ TEST_F(FormOnDesktopTest, TheWindowCanBeClosedAndLaidAsideAndKeepsItsSize) {
   EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
 }
 
-TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
+TEST_F(FormOnDesktopTest, EveryTextFitsAtUsualFontSizes) {
   const QFont before = QApplication::font();
   for (const int points : {9, 10, 11, 16}) {
     QFont font = before;
@@ -41,14 +41,21 @@ TEST_F(FormOnDesktopTest, EveryTextShowsWholeAtTheDesktopsSizes) {
   QApplication::setFont(before);
 }
 
-TEST_F(FormOnDesktopTest, WhatHasAFrameShowsItOnADarkDesktop) {
+TEST_F(FormOnDesktopTest, FramesAreVisibleOnADarkDesktop) {
   const QPalette before = QApplication::palette();
   for (const QColor& ground : {QColor(42, 46, 50), QColor(Qt::black)}) {
     QApplication::setPalette(QPalette(ground, ground));
     QCoreApplication::processEvents();
     const QImage picture = QtPerson::window().centralWidget()->grab().toImage();
-    for (const char* const name : {"Placard1", "Longitude", "DownUnderFlag"}) {
-      // Along the middle, from the left edge on.
+    const QRect panel = widget("Placard1").geometry();
+    for (const QPoint at :
+         {QPoint(panel.left(), panel.center().y()), QPoint(panel.right(), panel.center().y()),
+          QPoint(panel.center().x(), panel.top()), QPoint(panel.center().x(), panel.bottom())}) {
+      EXPECT_GT(picture.pixelColor(at).lightnessF() - ground.lightnessF(), 0.25F)
+          << "the panel at " << at.x() << ' ' << at.y() << " on " << ground.name().toStdString();
+    }
+    for (const char* const name : {"Longitude", "DownUnderFlag"}) {
+      // The first pixels from the left edge, in the middle row.
       const QRect place = widget(name).geometry();
       float brightest = 0.0F;
       for (int x = place.left(); x < place.left() + 3; ++x) {
@@ -75,7 +82,7 @@ TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryKeepTheirPoint) {
 }
 
 TEST(NoDisplayTest, TheProgramSaysSoInOneSentenceAndEndsWithStatus1) {
-  // None is set; none answers.
+  // No display is set; no display answers.
   for (const std::string setting : {"unset DISPLAY", "export DISPLAY=:4242"}) {
     SCOPED_TRACE(setting);
     const Outcome run = runScript("unset QT_QPA_PLATFORM WAYLAND_DISPLAY XDG_SESSION_TYPE; " +
@@ -87,7 +94,7 @@ TEST(NoDisplayTest, TheProgramSaysSoInOneSentenceAndEndsWithStatus1) {
   }
 }
 
-TEST_F(FormOnDesktopTest, AFieldKeepsWhatThePersonWasAboutUnderAChange) {
+TEST_F(FormOnDesktopTest, AChangedFieldKeepsItsSelectionAndUndo) {
   const Ref<TextField> field = window()->Latitude();
   QLineEdit& shown = QtTest::field("Latitude");
   shown.setFocus();
@@ -97,7 +104,7 @@ TEST_F(FormOnDesktopTest, AFieldKeepsWhatThePersonWasAboutUnderAChange) {
   field->Bold(true);
   EXPECT_EQ(shown.selectedText(), "1");
   EXPECT_TRUE(shown.isUndoAvailable());
-  // What no letter stands for stays as the program has written it.
+  // Invalid UTF-8 stays as the program has set it.
   field->Text(String("\xFF"));
   EXPECT_EQ(text(field->Text()), "\xFF");
   const double points = shown.font().pointSizeF();
@@ -108,7 +115,7 @@ TEST_F(FormOnDesktopTest, AFieldKeepsWhatThePersonWasAboutUnderAChange) {
   EXPECT_EQ(shown.font().pointSizeF(), points);
 }
 
-TEST_F(FormOnDesktopTest, AControlThatLeavesTheWindowGoesFromTheScreen) {
+TEST_F(FormOnDesktopTest, ARemovedControlDisappears) {
   {
     const BoundEvent bound(TextField::__Lookup(), "Open"_s, [](Object* opened) {
       const Ref<Control> field = CheckCast<Control>(Ref<Object>(opened));
@@ -121,13 +128,13 @@ TEST_F(FormOnDesktopTest, AControlThatLeavesTheWindowGoesFromTheScreen) {
   EXPECT_EQ(QtPerson::window().findChildren<QLineEdit*>("Second").size(), 1);
   window()->_RemoveControl(window()->Latitude());
   EXPECT_FALSE(shown.isVisible());
-  // Beside a field a "&" is a letter like any other.
+  // "&" in a label is an ordinary character.
   const Ref<StaticText> label = control<"StaticText2">(*window());
   label->Text("R&D"_s);
   EXPECT_EQ(widget<QLabel>("StaticText2").text(), "R&&D");
 }
 
-TEST_F(FormOnDesktopTest, TheWindowHearsWhatTheDesktopDoesWithIt) {
+TEST_F(FormOnDesktopTest, TheWindowRaisesTheEventsOfTheDesktop) {
   static std::string heard;
   heard.clear();
   ClassRecord* const record = Veldrin::__Lookup();

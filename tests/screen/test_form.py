@@ -1,6 +1,6 @@
 """The form as it stands on the screen, and as a screen reader meets it."""
 
-import json
+import re
 from pathlib import Path
 
 from case import ScreenTest
@@ -18,16 +18,10 @@ SPOKEN = {"BackOneDay": "Previous day", "ForwardOneDay": "Next day", "WhichYear"
 
 def controls() -> list[tuple]:
     """Role, name, and place in the content of the window, of each control of the form."""
-    told: list[tuple[str, str, dict]] = []
-    for line in (Path(__file__).parents[1] / "data/form.txt").read_text().splitlines():
-        key, value = line.split(maxsplit=1)
-        if line.startswith(" "):
-            told[-1][2][key] = value if value.startswith("#") else json.loads(value)
-        elif key != "#":
-            told.append((key, value, {}))
-    return [(ROLES[kind], SPOKEN.get(name, keys.get("Caption", keys.get("Text", ""))),
-             tuple(keys[key] for key in ("Left", "Top", "Width", "Height")))
-            for kind, name, keys in told if kind in ROLES]
+    table = (Path(__file__).parents[2] / "daystatus/FormTable.h").read_text()
+    row = r'{(\w+), +"(\w+)", +"\w*", +' + r"(\d+), +" * 4 + r'\d+, +"?([^",}]*)'
+    return [(ROLES[kind], SPOKEN.get(name, text), tuple(map(int, place)))
+            for kind, name, *place, text in re.findall(row, table)]
 
 
 FOCUS_ORDER = [

@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veldrin::test {
 
@@ -17,13 +21,62 @@ inline std::string readFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A calendar document of tests/data. They were written by bench/bare/main.cpp, which shares no
-/// code with the application: `bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]`.
+/// A file of tests/data.
 inline std::string golden(const std::string& name) {
   return readFile(VELDRIN_TEST_DATA "/" + name);
 }
 
-/// Where two documents part, by the line and its text in both; "" for equal ones.
+/// The CRC-32 of zlib, bit by bit, in eight hexadecimal digits.
+inline std::string checksumOf(std::string_view bytes) {
+  std::uint32_t sum = ~0U;
+  for (const char byte : bytes) {
+    sum ^= static_cast<unsigned char>(byte);
+    for (int bit = 0; bit < 8; ++bit) sum = sum >> 1 ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  char digits[9];
+  std::snprintf(digits, sizeof digits, "%08x", ~sum);
+  return digits;
+}
+
+/// The days of a calendar document in order, each as "20080309 Sunrise at 07:34, Sunset at 19:06".
+inline std::vector<std::string> daysOf(const std::string& document) {
+  std::vector<std::string> days;
+  std::istringstream lines(document);
+  std::string summary;
+  for (std::string line; std::getline(lines, line, '\r');) {
+    if (line.starts_with("\nSUMMARY: ")) summary = line.substr(10);
+    if (!line.starts_with("\nDTSTART:")) continue;
+    const std::string day = line.substr(9, line.find('T', 9) - 9) + " ";
+    if (days.empty() || !days.back().starts_with(day)) {
+      days.push_back(day + summary);
+    } else {
+      days.back() += ", " + summary;
+    }
+  }
+  return days;
+}
+
+/// The document that has these days, as the grammar of the format asks for it.
+inline std::string documentOf(const std::vector<std::string>& days) {
+  std::string document =
+      "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-WR-CALNAME;VALUE=TEXT:Sunrise and Sunset\r\n"
+      "X-WR-TIMEZONE:US/Pacific\r\nPRODID:-//Quorvex//Marnoth 1.0//EN\r\nCALSCALE:GREGORIAN\r\n";
+  for (const std::string& row : days) {
+    const std::size_t blank = row.find(' ');
+    std::istringstream summaries(row.substr(blank));
+    for (std::string summary; std::getline(summaries, summary, ',');) {
+      std::string clock = "1200";
+      if (const std::size_t colon = summary.find(':'); colon != std::string::npos) {
+        clock = summary.substr(colon - 2, 2) + summary.substr(colon + 1);
+      }
+      document += "BEGIN:VEVENT\r\nSUMMARY:" + summary + "\r\nDTSTART:" + row.substr(0, blank) +
+                  "T" + clock + "00\r\nEND:VEVENT\r\n";
+    }
+  }
+  return document + "END:VCALENDAR\r\n";
+}
+
+/// The first line that differs, with its text in both documents; "" for equal documents.
 inline std::string firstDifference(std::string_view actual, std::string_view expected) {
   if (actual == expected) return "";
   const auto [end, other] =

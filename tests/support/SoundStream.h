@@ -13,7 +13,7 @@
 
 namespace veldrin::test {
 
-/// An integer as every stream has it, the highest byte first.
+/// An integer of a stream, big-endian.
 inline std::string streamInteger(std::uint32_t value) {
   std::string bytes;
   for (const int shift : {24, 16, 8, 0}) bytes += static_cast<char>(value >> shift & 0xFFU);
@@ -38,7 +38,7 @@ inline std::string entry(std::string_view key, const Variant& value) {
   return bytes;
 }
 
-/// The sentence of the fault that applying the stream to the object ends in, "" for none.
+/// Applies the stream to the object. Returns the message of the fault, "" for none.
 inline std::string faultOf(const Ref<Object>& object, const std::string& stream) {
   try {
     _SetProperties(object, String(stream));
@@ -58,9 +58,9 @@ inline std::vector<Variant> valuesOf(const Ref<Object>& object) {
   return all;
 }
 
-/// The rule that the reading of a stream breaks, "" where it keeps them all. Whatever the bytes
-/// are: what was read of them stands at their start, byte for byte; a fault lies behind that, with
-/// the key that stands there; and nothing of a fault is applied.
+/// Reads any bytes as a stream. Returns the broken rule, "" for none. The rules: the entries that
+/// were read are the beginning of the bytes; a fault comes after them and names the key there; a
+/// stream with a fault is not applied.
 inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   std::string read;
@@ -71,7 +71,7 @@ inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   _WindowSupport.Windows.clear();
   const std::vector<Variant> before = valuesOf(object);
   const std::string sentence = faultOf(object, stream);
-  // Keys are compared without their case, and a whole stream with them.
+  // Keys are not case-sensitive, so the whole stream is compared without case.
   const auto lower = [](unsigned char letter) { return std::tolower(letter); };
   const bool same = std::ranges::equal(read, stream.substr(0, read.size()), {}, lower, lower);
   if (!same) return "the entries are others";

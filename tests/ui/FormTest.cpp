@@ -7,6 +7,8 @@
 #include "tests/support/Form.h"
 #include "tests/support/RuntimeTest.h"
 #include "daystatus/FormParts.h"
+#include "ui/FormStreams.h"
+#include "ui/PropertyStream.h"
 
 namespace veldrin::test {
 namespace {
@@ -17,12 +19,12 @@ Ref<Control> control(const Window& view, std::string_view name) {
 
 using FormTest = WindowTest;
 
-TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
+TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
   const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
-  const std::vector<FormObject> form = readForm();
-  ASSERT_EQ(window()->controls().size() + 1, form.size());
-  for (std::size_t place = 0; place < form.size(); ++place) {
-    const auto& [kind, name, entries] = form[place];
+  const Form form = readForm();
+  ASSERT_EQ(window()->controls().size() + 1, form.streams.size());
+  for (std::size_t place = 0; place < form.streams.size(); ++place) {
+    const auto& [kind, name, sizeAndChecksum, bytes] = form.streams[place];
     SCOPED_TRACE(name);
     Ref<Object> made = window();
     if (kind != "Window") {
@@ -31,9 +33,11 @@ TEST_F(FormTest, WindowAndControlsStandAsTheFormHasThem) {
       EXPECT_EQ(window()->controls()[place]->Window(), window());
       EXPECT_EQ(text(made->classRecord()->name), kind);
     }
-    for (const FormEntry& entry : entries) {
-      if (entry.key == "Text" && writtenByTheOpening.contains(name)) continue;
-      EXPECT_EQ(valueOf(made, entry.key), entry.value) << entry.key;
+    for (const auto& [property, value] :
+         readPropertyStream(*made->classRecord(), FormStreams[place].view()).entries) {
+      const std::string_view key = property->name.view();
+      if (key == "Text" && writtenByTheOpening.contains(name)) continue;
+      EXPECT_EQ(valueOf(made, key), value) << key;
     }
     if (kind == "Placard" || kind == "Window") continue;
     EXPECT_EQ(valueOf(made, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
@@ -64,12 +68,12 @@ TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
             "BackOneDay_Action ForwardOneDay_Action GenerateButton_Action WhichYear_Open "
             "WhichYear_Change DownUnderFlag_Action DaylightSavings_Action Latitude_LostFocus "
             "TimeZone_LostFocus Longitude_LostFocus ");
-  constexpr Event<void()> Other{"KeyDown"_s};  // the window's own has a text with it
+  constexpr Event<void()> Other{"KeyDown"_s};  // the event of the window has a parameter
   EXPECT_EQ(raisedBy([&] { callHandler(*view, Other); }), "TypeMismatchException");
   EXPECT_EQ(raisedBy([&] { view->Latitude()->raiseEvent("KeyDown"_s); }), "KeyNotFoundException");
 }
 
-TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {
+TEST_F(FormTest, FocusFollowsThePanelsAndTabIndexes) {
   const Ref<Veldrin> view = window();
   const auto order = [&] {
     std::string names;
@@ -83,11 +87,11 @@ TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {
   view->TimeZone()->Visible(false);
   view->Longitude()->TabStop(false);
   view->WhichYear()->TabIndex(-1);
-  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal ones go by their making
+  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal ones keep the order of making
   EXPECT_EQ(order(),
             "DSTEnd DSTStart DownUnderFlag DaylightSavings WhichYear BackOneDay ForwardOneDay "
             "GenerateButton ");
-  // Panels inside each other, or a control inside itself, are inside no window.
+  // A cycle of parents belongs to no window.
   control<"Placard1">(*view)->InitialParent("Placard2"_s);
   control<"Placard2">(*view)->InitialParent("Placard1"_s);
   view->BackOneDay()->InitialParent("BackOneDay"_s);
@@ -96,7 +100,7 @@ TEST_F(FormTest, FocusGoesThroughThePanelsAndNotDownTheScreen) {
   EXPECT_EQ(order(), "");
 }
 
-TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
+TEST_F(FormTest, ControlsAreFoundByNameUntilTheyAreRemoved) {
   const Ref<Veldrin> view = window();
   const Ref<TextField> field = view->Latitude();
   EXPECT_FALSE(control(*view, "latitude"));
@@ -111,7 +115,7 @@ TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
   EXPECT_FALSE(control(*view, "Latitude") || control(*view, "Second"));
   EXPECT_EQ(view->controls().size(), FormTable.size() - 1);
   EXPECT_EQ(field->referenceCount(), 1);
-  // A name goes to the newest; the one before it stays, and is taken away by itself.
+  // A name means the newest control. The older one stays and is removed separately.
   const Ref<Control> old = control(*view, "TimeZone");
   view->_AddControl(String(std::string("TimeZone")), field);
   EXPECT_EQ(control(*view, "TimeZone"), field);
@@ -119,10 +123,10 @@ TEST_F(FormTest, ControlsAreReachedByNameUntilTheyAreTakenAway) {
   view->_RemoveControl(view->controls().back());
   EXPECT_FALSE(field->Window());
   EXPECT_EQ(control(*view, "TimeZone"), old);
-  // A control is in one window, and a closed window waits for no redraw.
+  // A control is in one window only. A closed window is not redrawn.
   const Ref<Window> other = New<Window>();
   other->_AddControl("There"_s, old);
-  view->_RemoveControl(old);  // it is not there
+  view->_RemoveControl(old);  // has no effect: it is in the other window
   EXPECT_EQ(old->Window(), other);
   EXPECT_FALSE(control(*view, "TimeZone"));
   other->_AddDirtyWindow();

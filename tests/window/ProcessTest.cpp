@@ -24,7 +24,7 @@ using testing::StartsWith;
 /// Runs the whole process, with a job for its event loop.
 class ProcessTest : public PersonTest {
  protected:
-  /// The exit status. However the run goes, everything is given up at its end.
+  /// Returns the exit status. Checks that the run released all objects.
   int run(std::function<void()> job, const ApplicationParts& parts = VeldrinParts) {
     const std::int64_t before = liveObjectCount();
     toolkit.job = std::move(job);
@@ -59,7 +59,7 @@ TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
             0);
   EXPECT_TRUE(ran);
   EXPECT_THAT(toolkit.reports, IsEmpty());
-  // The end of the program takes an open window down as well.
+  // The end of the program closes an open window.
   EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed"));
 }
 
@@ -70,7 +70,7 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
   initializeClasses();
   ClassRecord* const record = Veldrin::__Lookup();
   create = record->eventRows[1].handler;
-  // A year in parentheses is what the chooser shows by then.
+  // In parentheses: the year that the chooser shows at that moment.
   static const auto note = [](std::string_view what, Window* view) {
     const Ref<PopupMenu> chooser = static_cast<Veldrin&>(*view).WhichYear();
     events.append(what).append(chooser ? "(" + text(chooser->Text()) + ") " : " ");
@@ -102,8 +102,7 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
   }
   host.stand({2014, 6, 21, 12, 0, 0});
   EXPECT_EQ(run([] {}), 0);
-  // The controls in the order of their making; the chooser has a handler of the window's own, which
-  // chooses the present year.
+  // The controls open in the order of making. The handler of the chooser selects the current year.
   std::string expected = "CreateControls AddMenuHandlers(2008) SetupBindings(2008) ";
   std::string year = "(2008) ";
   for (const ControlRow& row : FormTable) {
@@ -165,7 +164,7 @@ TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
   }
 }
 
-TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
+TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
   initializeClasses();
   static std::string heard;
   static bool applicationRefuses;
@@ -212,7 +211,7 @@ TEST_F(ProcessTest, ApplicationAndWindowHearOfTheirEventsInOrder) {
   EXPECT_THAT(heard, StartsWith("Open "));
 }
 
-TEST_F(ProcessTest, ApplicationHearsOfExceptionsAndMayTakeThem) {
+TEST_F(ProcessTest, ApplicationMayHandleExceptions) {
   initializeClasses();
   static int closed;
   closed = 0;
@@ -247,15 +246,15 @@ TEST_F(ProcessTest, ApplicationHearsOfExceptionsAndMayTakeThem) {
   }
 }
 
-TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
+TEST_F(ProcessTest, ASignalClosesTheWindowsAndStopsAYearRunBetweenTwoEvents) {
   initializeClasses();
   static int closed;
   closed = 0;
   const BoundEvent bound(Veldrin::__Lookup(), "Close"_s, [](Object*) { ++closed; });
   const Ref<MemoryItem> item = New<MemoryItem>();
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    std::signal(signal, SIG_DFL);  // who started the tests may have it ignored
-    // At rest, and in the middle of a year.
+    std::signal(signal, SIG_DFL);  // the parent process may ignore it
+    // While idle, and during a year run.
     EXPECT_EQ(run([&] { std::raise(signal); }), 128 + signal);
     EXPECT_EQ(toolkit.steps.back(), "quit");
     EXPECT_EQ(run([&] {
@@ -271,7 +270,7 @@ TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
     EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n"));
     EXPECT_LT(item->content->size(), 2000U);
     item->content->clear();
-    // While the window closes already.
+    // While the window closes.
     EXPECT_EQ(run([&] {
                 toolkit.onBackgroundTask = [&, raised = false]() mutable {
                   if (!std::exchange(raised, true)) std::raise(signal);
@@ -286,7 +285,7 @@ TEST_F(ProcessTest, ASignalEndsItInOrderAndARunBetweenTwoLines) {
   ASSERT_EQ(toolkit.reports.size(), 3U);
   EXPECT_EQ(text(toolkit.reports[0].sentence),
             "/memory/item.ics is incomplete: stopped by SIGTERM");
-  // One that is refused is forgotten.
+  // A refused signal is forgotten.
   const BoundEvent refuses(App::__Lookup(), "CancelClose"_s, [](Object*) { return true; });
   EXPECT_EQ(run([] { std::raise(SIGTERM); }), 0);
 }
@@ -325,8 +324,9 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.handler) + " without " + row.missing);
     const std::size_t reportsBefore = toolkit.reports.size();
+    testing::internal::CaptureStderr();
     EXPECT_EQ(run([&] {
-                person->press("ForwardOneDay");  // no field is left by what follows
+                person->press("ForwardOneDay");  // so that no later step leaves a field
                 window()->_AddMenuHandler(
                     "FileQuit"_s, RuntimeCreateDelegate(
                                       &Delegate::Invoke, [] {}, window(), DelegateSignature));
@@ -338,6 +338,9 @@ TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
                 row.event();
               }),
               1);
+    // The calls are printed for a fault of the program. A full disk is not one.
+    const std::string told = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(told.find("  called from ") == std::string::npos, row.exception == "IOException");
     ASSERT_EQ(toolkit.reports.size(), reportsBefore + 1);
     EXPECT_EQ(text(toolkit.reports.back().className), row.exception);
     EXPECT_EQ(toolkit.reports.back().errorNumber, row.number);
@@ -358,7 +361,7 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
   const auto loop = [] { FAIL() << "the event loop was entered"; };
   initializeClasses();
   {
-    // Half of the opening stands by then.
+    // The opening fails half way.
     const BoundEvent bound(TextField::__Lookup(), "Open"_s,
                            [](Object*) { Raise<OutOfBoundsException>(7); });
     EXPECT_EQ(run(loop, parts), 1);
@@ -368,7 +371,7 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
   EXPECT_EQ(toolkit.reports[0].errorNumber, 7);
   EXPECT_THAT(toolkit.steps, IsEmpty());
 
-  // Whatever else comes out of a step is told as well.
+  // Other exceptions of a step are reported, too.
   const struct {
     void (*step)();
     std::string_view exception, sentence;
@@ -393,7 +396,7 @@ TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
     }
   }
 
-  // A run leaves nothing to the next.
+  // A failed run does not affect the next one.
   EXPECT_EQ(run([] {}), 0);
 }
 
@@ -404,7 +407,7 @@ TEST_F(ProcessTest, PlacardValueIsTheOnePluginEntryThatThisBuildHas) {
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
       EXPECT_EQ(entries[entry] != nullptr, entry == 25) << entry;
     }
-    // It takes an index word, which is no place in the object.
+    // It takes an index, which is not an offset in the object.
     const Ref<Placard> panel = control<"Placard1">(*window());
     reinterpret_cast<void (*)(Object*, std::int32_t, bool)>(entries[25])(panel.get(), 0, true);
     EXPECT_TRUE(panel->Value() && panel->classRecord() == Placard::__Lookup());

@@ -1,4 +1,10 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <chrono>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
@@ -6,26 +12,57 @@
 namespace veldrin::test {
 namespace {
 
+using testing::Each;
+using testing::MatchesRegex;
 using YearRunTest = WindowTest;
 
-TEST_F(YearRunTest, WritesTheGoldenDocuments) {
-  const struct {
-    std::string file, year, latitude, longitude, zone;
-    bool downUnder;
-  } rows[] = {{"default-2008.ics", "2008", "47.5", "-122.5", "-8", false},
-              {"polar-2024.ics", "2024", "78.22", "15.65", "1", false},
-              {"southern-2023.ics", "2023", "-33.87", "151.21", "10", true},
-              {"year-999.ics", "999", "47.5", "-122.5", "-8", false}};
-  for (const auto& row : rows) {
-    fillIn(row.year, row.latitude, row.longitude, row.zone);
-    person->tick("DownUnderFlag", row.downUnder);
-    EXPECT_EQ(firstDifference(generate(), golden(row.file)), "") << row.file;
+/// All days from January 2 to December 31, as in "20080309".
+std::vector<std::string> numbersOf(int year) {
+  using namespace std::chrono;
+  std::vector<std::string> numbers;
+  for (sys_days day = std::chrono::year(year) / January / 2;; day += days(1)) {
+    const year_month_day date(day);
+    if (int(date.year()) != year) return numbers;
+    const unsigned number = unsigned(date.month()) * 100 + unsigned(date.day());
+    numbers.push_back(std::to_string(year * 10000 + static_cast<int>(number)));
+  }
+}
+
+TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
+  std::istringstream file(golden("days.txt"));
+  std::vector<std::string> days;
+  for (std::string line; std::getline(file, line);) {
+    if (line.empty() || line.starts_with('#')) continue;
+    if (!line.starts_with("run ")) {
+      const auto sameDay = [&](const std::string& day) {
+        return day.substr(0, day.find(' ')) == line.substr(0, line.find(' '));
+      };
+      const auto day = std::ranges::find_if(days, sameDay);
+      EXPECT_EQ(day == days.end() ? "" : *day, line);
+      continue;
+    }
+    std::istringstream words(line.substr(4));
+    std::string name, year, latitude, longitude, zone, hemisphere, size, checksum;
+    words >> name >> year >> latitude >> longitude >> zone >> hemisphere >> size >> checksum;
+    SCOPED_TRACE(name);
+    fillIn(year, latitude, longitude, zone);
+    person->tick("DownUnderFlag", hemisphere == "south");
+    const std::string document = generate();
+    days = daysOf(document);
+    EXPECT_EQ(firstDifference(document, documentOf(days)), "");
+    EXPECT_THAT(days,
+                Each(MatchesRegex("[0-9]+ (No sunrise or sunset|Sunrise at [0-9]{2}:[0-9]{2}, "
+                                  "Sunset at [0-9]{2}:[0-9]{2})")));
+    std::vector<std::string> numbers;
+    for (const std::string& day : days) numbers.push_back(day.substr(0, day.find(' ')));
+    EXPECT_EQ(numbers, numbersOf(std::stoi(year)));
+    EXPECT_EQ(std::to_string(document.size()) + " " + checksumOf(document), size + " " + checksum);
   }
 }
 
 TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
   fillIn("2008", "47.5", "-122.5", "-8");
-  // Central Europe's clock, which changes twice within the year that is written.
+  // Central Europe, where the clock changes twice in that year.
   const auto europe = [](std::int64_t at) {
     const std::int64_t day = at / 86400 - dayNumber(2008, 1, 1);
     return day >= 89 && day < 299 ? 7200 : 3600;
@@ -39,11 +76,11 @@ TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
 }
 
 TEST_F(YearRunTest, TouchesNoControlAndNoDayAndYieldsOnceAPass) {
-  // No day at the pole has both events, so each is searched to its end: 12 passes and its own.
+  // No day at the pole has both events, so each takes all 12 passes and one for the day.
   fillIn("2008", "90", "0", "0");
-  // A press of a button that comes from a field leaves the field first.
+  // Leaves the field before the button is pressed.
   person->tick("DownUnderFlag", true);
-  window()->userTurnedTo(false);  // an active one would enable its menus around the dialog
+  window()->userTurnedTo(false);  // an active window would enable its menus around the dialog
   const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
   const std::int64_t objects = liveObjectCount();
