@@ -1,4 +1,4 @@
-// A program that does nothing, linked as the companion is: the yardstick of a whole process.
+// Does nothing. Linked like veldrin-calendar; its instructions are the baseline for a process.
 int main() {
   return 0;
 }

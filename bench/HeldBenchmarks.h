@@ -1,4 +1,4 @@
-// What the benchmark programs share: a window without a screen to run in, and limits.
+// Shared by the benchmark programs: a headless window and the check of limits.
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -11,18 +11,16 @@
 
 namespace veldrin {
 
-/// Whether any value has been above its limit.
-inline bool limitBroken = false;
+inline bool isLimitBroken = false;
 
-/// Marks a benchmark whose value is above its limit.
-inline void hold(benchmark::State& state, double value, double limit) {
+/// Marks the benchmark as failed if the value exceeds the limit.
+inline void checkLimit(benchmark::State& state, double value, double limit) {
   if (value <= limit) return;
   state.SetLabel("above the limit");
-  limitBroken = true;
+  isLimitBroken = true;
 }
 
-/// Runs the registered benchmarks with the window open, `first` ahead of them. The result is the
-/// exit status of the program.
+/// Opens the window, calls `first`, runs the registered benchmarks. Returns the exit status.
 inline int runHeldBenchmarks(
     int count, char** arguments, void (*first)() = [] {}) {
   SystemHost host;
@@ -34,7 +32,7 @@ inline int runHeldBenchmarks(
     benchmark::RunSpecifiedBenchmarks();
   };
   const int status = runProcess(host, toolkit, VeldrinParts);
-  return status == 0 && !limitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
+  return status == 0 && !isLimitBroken ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 }  // namespace veldrin

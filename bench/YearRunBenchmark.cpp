@@ -1,11 +1,11 @@
-// The year run against the bare reference, as ratios. A benchmark alternates the two, so that
-// whatever else the machine does meets both alike, and reports medians:
+// Compares the year run with the reference in bench/bare. Each benchmark alternates the two, so
+// that other load affects both equally, and reports medians:
 //
-//   ratio        the median of the quotients of neighbours
-//   bare_us      the median time of the bare loop, in microseconds of the processor
-//   veldrin_us   that of a press of the button in a window without a screen
+//   ratio        median of Veldrin time / reference time of each pair
+//   bare_us      median CPU time of the reference, in microseconds
+//   veldrin_us   median CPU time of pressing the button in a headless window
 //
-// The program fails where a ratio is above its limit.
+// Exits with 1 if a ratio exceeds its limit.
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -39,10 +39,10 @@ constexpr double Limit = 1.3;
 constexpr int WarmUps = 20;
 constexpr int Repetitions = 1000;
 
-/// The bounds that the window writes for the year by itself.
+/// The default daylight-saving dates of the year.
 const bare::Saving Saving{true, false, bare::firstBound(Year), bare::lastBound(Year)};
 
-/// A place to save to that takes every line and keeps none.
+/// A file that discards all lines.
 class DiscardingItem final : public Described<DiscardingItem, FolderItem> {
  public:
   static constexpr FixedString FullName = "DiscardingItem";
@@ -60,7 +60,7 @@ class DiscardingItem final : public Described<DiscardingItem, FolderItem> {
   };
 };
 
-/// A folder for the two files of a comparison; it ends with the object.
+/// A temporary folder; the destructor deletes it.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -118,8 +118,8 @@ double median(std::vector<double> values) {
   return *middle;
 }
 
-/// The processor time of the process so far, the system's part included: unlike the time of the
-/// clock it leaves out what other processes took meanwhile.
+/// CPU time of the process so far, user and kernel. Unlike wall-clock time it excludes other
+/// processes.
 double processorMicroseconds() {
   timespec time{};
   ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
@@ -143,7 +143,7 @@ void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldr
   std::vector<double> bareTimes;
   std::vector<double> veldrinTimes;
   for ([[maybe_unused]] auto iteration : state) {
-    // Neither side is always the one that follows the other.
+    // Alternate the order, so that cache effects of the other side affect both.
     const bool bareFirst = ratios.size() % 2 == 0;
     if (bareFirst) bareTimes.push_back(microseconds(bareYear));
     veldrinTimes.push_back(microseconds(veldrinYear));
@@ -155,10 +155,10 @@ void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldr
   state.counters["limit"] = Limit;
   state.counters["bare_us"] = median(bareTimes);
   state.counters["veldrin_us"] = median(veldrinTimes);
-  hold(state, ratio, Limit);
+  checkLimit(state, ratio, Limit);
 }
 
-/// The whole run, all text included, against the arithmetic alone.
+/// The full run with all text, but without a file, against the arithmetic only.
 void againstArithmetic(benchmark::State& state) {
   const Ref<FolderItem> item = New<DiscardingItem>();
   alternate(
@@ -166,7 +166,7 @@ void againstArithmetic(benchmark::State& state) {
       [&] { press(item); });
 }
 
-/// The run with its file against a bare loop that writes the same lines, one call a line.
+/// The run with its file against a loop that writes the same lines, one write() per line.
 void againstWrites(benchmark::State& state) {
   const TemporaryFolder folder;
   const std::string bareFile = folder.file("bare.ics");
@@ -177,7 +177,7 @@ void againstWrites(benchmark::State& state) {
   const std::string document = contentOf(veldrinFile);
   if (document.empty() || document != contentOf(bareFile)) {
     state.SkipWithError("the two documents differ");
-    limitBroken = true;
+    isLimitBroken = true;
   }
 }
 

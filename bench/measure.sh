@@ -1,8 +1,8 @@
-# What the scripts of this folder share. Sourced; `work` is a folder that goes with the script.
+# Sourced by the scripts of this folder. `work` is a temporary folder, deleted at exit.
 
 set -euo pipefail
 
-# One zone and one form of dates on every machine.
+# The same time zone and date format on all machines.
 export LC_ALL=C TZ=UTC
 
 die() {
@@ -18,29 +18,29 @@ need_programs() {
   local build=$1 program
   for program in "${@:2}"; do
     [[ -x $build/$program ]] ||
-      die "$build holds no $program; configure with -DVELDRIN_BENCH=ON and build"
+      die "$build/$program is missing; configure with -DVELDRIN_BENCH=ON and build"
   done
 }
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# instructions COMMAND...: what the whole process executed, from its first instruction to its last.
+# instructions COMMAND...: prints the number of instructions that the process executes.
 instructions() {
   valgrind --tool=callgrind --callgrind-out-file="$work/profile" "$@" 2>"$work/log" >&2 ||
     die "callgrind failed: $(cat "$work/log")"
   sed -n 's/^==[0-9]*== Collected : \([0-9]*\)$/\1/p' "$work/log" | grep . ||
-    die "callgrind gave no count"
+    die "callgrind printed no count"
 }
 
 # quotient A B: A / B with three decimals.
 quotient() { awk -v a="$1" -v b="$2" 'BEGIN { printf "%.3f", a / b }'; }
 
-# line WHAT VALUE: prints what has no limit of its own.
+# line WHAT VALUE: prints a row without a limit.
 line() { printf '%-44s %12s\n' "$1" "$2"; }
 
 status=0
-# row WHAT VALUE LIMIT UNIT: prints a row, and remembers a value above its limit.
+# row WHAT VALUE LIMIT UNIT: prints a row; sets status=1 if the value exceeds the limit.
 row() {
   local verdict=kept
   if awk -v value="$2" -v limit="$3" 'BEGIN { exit !(value > limit) }'; then

@@ -1,4 +1,4 @@
-// The sunrises and sunsets of 2030 at 47.5 north, 122.5 west into a file of events, by a library.
+// Writes sunrises and sunsets of 2030 at 47.5 north, 122.5 west as calendar events, by suncalc.
 const { getTimes } = require("suncalc");
 
 const lines = [];

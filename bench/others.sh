@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
 # others.sh BUILD
 #
-# Measures the whole process for a year's calendar beside other programs that work out the times of
-# a year: hdate, remind, and a script for Node with the library suncalc, each into a file of its own
-# form. There is no limit. BUILD is the directory of a release build; nothing is built here. A
-# program that is not at hand is left out.
+# Compares veldrin-calendar with other programs that calculate the sun times of a year: hdate,
+# remind, and a Node script with the library suncalc. Each writes its own format. There are no
+# limits. BUILD is the folder of a release build. Programs that are not installed are skipped.
 . "$(dirname "$0")/measure.sh"
 
 readonly runs=40
@@ -20,7 +19,7 @@ readonly veldrin="$build/veldrin-calendar --latitude=47.5 --longitude=-122.5 --t
 cd "$work"
 export HOME=$work TZ=America/Los_Angeles
 
-# side NAME COMMAND: what is measured, with whatever it says in a file.
+# side NAME COMMAND: adds a command to measure.
 sides=()
 side() { sides+=(-n "$1" "$2"); }
 
@@ -31,21 +30,21 @@ fi
 if command -v hdate >/dev/null; then
   side hdate "hdate -q -s -T -l 47.5 -L -122.5 -z -8 2030"
 else
-  line "hdate" "not at hand"
+  line "hdate" "not installed"
 fi
 if command -v remind >/dev/null; then
   printf '%s\n' 'SET $Latitude "47.5"' 'SET $Longitude "-122.5"' \
     'REM MSG Sunrise [sunrise(trigdate())], sunset [sunset(trigdate())]' >sun.rem
   side remind "remind -s12 $work/sun.rem 2030-01-01"
 else
-  line "remind" "not at hand"
+  line "remind" "not installed"
 fi
 if command -v node >/dev/null && command -v npm >/dev/null &&
   npm install --prefix "$work" --silent --no-audit --no-fund suncalc >"$work/log" 2>&1; then
   export NODE_PATH=$work/node_modules
   side "node with suncalc" "node $here/others.js $work/node.ics"
 else
-  line "node with suncalc" "not at hand"
+  line "node with suncalc" "not installed"
 fi
 
 hyperfine -N --warmup 3 --runs "$runs" --output "$work/output" --export-json "$work/sides.json" \
@@ -59,5 +58,5 @@ for side in sides:
     print(side["command"], f"{side['median'] * 1000:.1f}", f"{side['median'] / own:.2f}", sep="|")
 PYTHON
   line "a year by $name, ms" "$time"
-  [[ $name = veldrin-calendar ]] || line "ratio by veldrin-calendar" "$ratio"
+  [[ $name = veldrin-calendar ]] || line "ratio to veldrin-calendar" "$ratio"
 done

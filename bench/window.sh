@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
 # window.sh BUILD
 #
-# Measures the window on a screen of its own: from the start to the first frame with a status, and
-# the memory that is resident by then, by those of a window of the same size in bare Qt with one word
-# in it, since the first word that is drawn is what loads the fonts; and a press of the year button.
-# An empty window stands beside them and has no limit. BUILD is the directory of a release build with
-# VELDRIN_BENCH; nothing is built here. Exits 1 when a limit is broken, 2 when it cannot measure.
+# Measures the window on a virtual display: the time from the start to the first frame with a
+# status, the resident memory then, and a press of the year button. Start and memory are compared
+# with a plain Qt window of the same size with one word, because drawing the first word loads the
+# fonts. An empty window is measured too, without a limit. BUILD is the folder of a release build
+# with VELDRIN_BENCH=ON. Exits with 1 if a limit is exceeded, 2 if it cannot measure.
 . "$(dirname "$0")/measure.sh"
 
-readonly start_limit=1.25    # times that of the window with a word
-readonly memory_limit=1.15   # times that of the window with a word
+readonly start_limit=1.25    # times the window with a word
+readonly memory_limit=1.15   # times the window with a word
 readonly press_limit=20      # milliseconds
-readonly rounds=40           # of two starts each
+readonly rounds=40           # two starts of each program per round
 
 [[ $# -eq 1 ]] || die "usage: window.sh BUILD"
 need Xvfb xvfb
@@ -25,24 +25,24 @@ readonly empty="$build/bench/bare-window"
 readonly word="$build/bench/bare-window Sunrise"
 readonly veldrin="$build/bench/veldrin-window"
 
-# The save dialog stands in the folder that the window is started in, and offers a file there.
+# The save dialog opens in the working folder.
 cd "$work"
 
-# A desktop that nobody has set up, with no bus to look for a screen reader on.
+# No user settings, and no message bus on which Qt would look for a screen reader.
 export HOME=$work XDG_CONFIG_HOME=$work/config XDG_RUNTIME_DIR=$work QT_QPA_PLATFORM=xcb
 export DBUS_SESSION_BUS_ADDRESS=unix:path=$work/none
 unset QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE QT_LINUX_ACCESSIBILITY_ALWAYS_ON QT_SCALE_FACTOR \
   XDG_CURRENT_DESKTOP
 
 mkfifo "$work/number"
-# It would begin anew whenever the last program has left it, and turn away the next one meanwhile.
+# Without -noreset, Xvfb restarts when its last client exits, and rejects new clients meanwhile.
 Xvfb -noreset -displayfd 3 -screen 0 1024x768x24 3>"$work/number" 2>"$work/screen" &
 screen=$!
 trap 'kill "$screen" 2>/dev/null || true; wait; rm -rf "$work"' EXIT
-read -r -t 10 number <"$work/number" || die "no screen: $(cat "$work/screen")"
+read -r -t 10 number <"$work/number" || die "Xvfb did not start: $(cat "$work/screen")"
 export DISPLAY=:$number
 
-# round NUMBER: every other round the other way round, so that none always follows the same one.
+# round NUMBER: reverses the order in odd rounds, so that no program always follows the same one.
 round() {
   local sides=(-n empty "$empty" -n word "$word" -n veldrin "$veldrin")
   ((${1} % 2 == 0)) || sides=(-n veldrin "$veldrin" -n word "$word" -n empty "$empty")
@@ -51,8 +51,8 @@ round() {
 }
 for ((i = 0; i < rounds; ++i)); do round "$i"; done
 
-# The tenth percentile of each side's starts: whatever else the machine does only makes a start
-# slower, and the very fastest may be a stroke of luck.
+# The tenth percentile of the start times: other load only makes a start slower, and the minimum may
+# be an outlier.
 read -r empty_start word_start veldrin_start < <(
   python3 - "$work"/round*.json <<'PYTHON'
 import json, statistics, sys
@@ -62,9 +62,9 @@ for name in "empty", "word", "veldrin":
     print(f"{statistics.quantiles(times, n=10)[0] * 1000:.1f}", end=" ")
 print()
 PYTHON
-) || die "hyperfine gave no times"
+) || die "hyperfine printed no times"
 
-# Not quoted, since the word is an argument.
+# Unquoted, so that the word becomes an argument.
 empty_memory=$($empty) word_memory=$($word) veldrin_memory=$($veldrin)
 empty_instructions=$(instructions $empty) word_instructions=$(instructions $word)
 veldrin_instructions=$(instructions $veldrin)
@@ -77,19 +77,19 @@ cmp -s "$work/window.ics" "$work/calendar.ics" || die "the button wrote a differ
 line "start of an empty window, ms" "$empty_start"
 line "start of a window with a word, ms" "$word_start"
 line "start of veldrin, ms" "$veldrin_start"
-row "ratio by the window with a word" "$(quotient "$veldrin_start" "$word_start")" \
+row "ratio to the window with a word" "$(quotient "$veldrin_start" "$word_start")" \
   "$start_limit" times
-line "ratio by the empty window" "$(quotient "$veldrin_start" "$empty_start")"
+line "ratio to the empty window" "$(quotient "$veldrin_start" "$empty_start")"
 line "memory of an empty window, KiB" "$empty_memory"
 line "memory of a window with a word, KiB" "$word_memory"
 line "memory of veldrin, KiB" "$veldrin_memory"
-row "ratio by the window with a word" "$(quotient "$veldrin_memory" "$word_memory")" \
+row "ratio to the window with a word" "$(quotient "$veldrin_memory" "$word_memory")" \
   "$memory_limit" times
-line "ratio by the empty window" "$(quotient "$veldrin_memory" "$empty_memory")"
+line "ratio to the empty window" "$(quotient "$veldrin_memory" "$empty_memory")"
 line "instructions of an empty window" "$empty_instructions"
 line "instructions of a window with a word" "$word_instructions"
 line "instructions of veldrin" "$veldrin_instructions"
-line "ratio by the window with a word" "$(quotient "$veldrin_instructions" "$word_instructions")"
+line "ratio to the window with a word" "$(quotient "$veldrin_instructions" "$word_instructions")"
 row "a press of the year button, ms" "$press" "$press_limit" ms
 line "the tenth percentile of the presses, ms" "$fast_press"
 exit "$status"

@@ -11,30 +11,30 @@
 #include "tests/support/FakeHost.h"
 #include "toolkits/headless/HeadlessToolkit.h"
 
-// What the targets share. A target gets any bytes and does with them what could go wrong; a fault
-// is a crash, a loop, a report of a sanitizer, or a rule that does not hold.
+// Shared by the fuzz targets. A failure is a crash, a timeout, a sanitizer report or a failed
+// `require`.
 
 namespace veldrin::fuzz {
 
-/// Ends the process where the rule does not hold, and says which.
+/// Prints the rule and aborts unless it holds.
 inline void require(bool holds, std::string_view rule) {
   if (holds) return;
-  static_cast<void>(std::fprintf(stderr, "This does not hold: %s\n", std::string(rule).c_str()));
+  static_cast<void>(std::fprintf(stderr, "Rule violated: %s\n", std::string(rule).c_str()));
   std::abort();
 }
 
-/// The same for two texts that have to be equal.
+/// The same for two texts that must be equal; prints both.
 inline void requireSame(std::string_view actual, std::string_view expected, std::string_view rule) {
   if (actual == expected) return;
   require(false,
           std::string(rule) + ":\n" + std::string(actual) + "\nnot\n" + std::string(expected));
 }
 
-/// All classes, and a runtime with no screen on a host that stands at 2024-06-21 12:00 in a zone 8
-/// hours west with its daylight-saving hour. It is there once, for all inputs.
+/// All classes, the headless toolkit, and a fake host at 2024-06-21 12:00, UTC-7 (Pacific daylight
+/// time). One instance serves all inputs.
 class World {
  public:
-  static World& one() {
+  static World& instance() {
     static World world;
     return world;
   }
@@ -51,13 +51,13 @@ class World {
   }
 };
 
-/// Requires at its end that as many objects live as at its beginning.
-class NothingStays {
+/// Requires in its destructor that the number of objects is that of its construction.
+class ObjectLeakGuard {
  public:
-  NothingStays() = default;
-  NothingStays(const NothingStays&) = delete;
-  NothingStays& operator=(const NothingStays&) = delete;
-  ~NothingStays() { require(liveObjectCount() == before_, "every object has gone again"); }
+  ObjectLeakGuard() = default;
+  ObjectLeakGuard(const ObjectLeakGuard&) = delete;
+  ObjectLeakGuard& operator=(const ObjectLeakGuard&) = delete;
+  ~ObjectLeakGuard() { require(liveObjectCount() == before_, "all objects are released"); }
 
  private:
   std::int64_t before_ = liveObjectCount();

@@ -12,7 +12,7 @@
 #include "shell/window/Window.h"
 #include "tests/support/SoundStream.h"
 
-// The first byte chooses a class, the rest is a stream for an object of it.
+// Input: the first byte selects a class; the rest is a property stream for one of its objects.
 
 namespace veldrin::fuzz {
 namespace {
@@ -30,8 +30,8 @@ Ref<Object> newObject(ClassRecord* record) {
   return object;
 }
 
-/// A stream without a fault does what its entries do one by one.
-void checkValues(ClassRecord* record, const std::string& stream) {
+/// Applying a valid stream equals applying its entries one by one.
+void checkEntries(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   if (contents.fault) return;
   const Ref<Object> whole = newObject(record);
@@ -40,7 +40,8 @@ void checkValues(ClassRecord* record, const std::string& stream) {
   for (const StreamEntry& each : contents.entries) {
     _SetProperties(parts, String(test::entry(each.property->name.view(), each.value)));
   }
-  require(test::valuesOf(whole) == test::valuesOf(parts), "a stream is the sum of its entries");
+  require(test::valuesOf(whole) == test::valuesOf(parts),
+          "a stream sets the same values as its entries one by one");
 }
 
 }  // namespace
@@ -49,12 +50,12 @@ void checkValues(ClassRecord* record, const std::string& stream) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace veldrin;
   if (size == 0) return 0;
-  fuzz::World::one();
-  const fuzz::NothingStays nothingStays;
+  fuzz::World::instance();
+  const fuzz::ObjectLeakGuard objectLeakGuard;
   ClassRecord* const record = fuzz::recordOf(data[0]);
   const std::string stream(data + 1, data + size);
   const std::string unsound = test::unsoundness(record, stream);
   fuzz::require(unsound.empty(), unsound);
-  fuzz::checkValues(record, stream);
+  fuzz::checkEntries(record, stream);
   return 0;
 }

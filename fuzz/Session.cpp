@@ -18,8 +18,8 @@
 #include "shell/values/Text.h"
 #include "tests/support/MemoryItem.h"
 
-// What a person does at the window, in any order, with any texts. After each step the window shows
-// what the bare functions say of the same inputs, and so does a file.
+// Random user actions in the window. After each action, the panel and the fields must agree with
+// the reference in bench/bare. So must each file that an action writes.
 
 namespace veldrin::fuzz {
 namespace {
@@ -43,7 +43,7 @@ std::string shortDate(bare::Civil day) {
          (day.year < 0 ? "-" : "") + year;
 }
 
-/// What stands in the window, kept beside it.
+/// The expected state of the window.
 struct Model {
   std::string latitude = "47.5", longitude = "-122.5", zone = "-8";
   std::string start = shortDate(bare::firstBound(Today.year));
@@ -59,16 +59,16 @@ struct Model {
   [[nodiscard]] bare::Saving saving() const {
     return {on, downUnder, boundOf(start), boundOf(end)};
   }
-  /// What the panel shows as soon as it is written again.
+  /// The panel text for the current inputs.
   [[nodiscard]] std::string shownPanel() const {
     std::string text = bare::status(place(), saving(), day);
     std::ranges::replace(text, '\n', '\r');
     return withPlainNan(std::move(text));
   }
-  /// The document of a year, or its first lines where there is room for no more.
+  /// The calendar of a year, cut after `room` lines.
   struct Document {
     std::string text;
-    bool whole;
+    bool isWhole;
   };
   [[nodiscard]] Document document(std::int32_t year, int room) const {
     struct Full {};
@@ -90,7 +90,7 @@ struct Model {
     if (!day) return std::nullopt;
     return bare::Civil{static_cast<std::int32_t>(day->year), day->month, day->day};
   }
-  /// What is no number has no sign in the window.
+  /// The window shows NaN without a sign.
   static std::string withPlainNan(std::string text) {
     for (std::size_t at = 0; (at = text.find("-nan", at)) != std::string::npos;) text.erase(at, 1);
     return text;
@@ -139,9 +139,9 @@ class Session {
  private:
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
 
-  /// The window has been closed; the next one that is asked for is new.
+  /// The window is closed; the next access opens a new one.
   void reopen() {
-    require(_WindowSupport.Windows.empty(), "a window that is closed goes");
+    require(_WindowSupport.Windows.empty(), "a closed window leaves the list of windows");
     model_ = Model();
   }
 
@@ -186,8 +186,8 @@ class Session {
     const bool isRow = row >= 0 && row < years->ListCount();
     const bool moved = (isRow ? row : -1) != years->ListIndex();
     years->userChose(row);
-    require(years->ListIndex() == (isRow ? row : -1), "a row that there is not is none");
-    require(years->Text() == (isRow ? years->List(row) : String()), "the text is the row's");
+    require(years->ListIndex() == (isRow ? row : -1), "an invalid row selects none");
+    require(years->Text() == (isRow ? years->List(row) : String()), "the text is that of the row");
     if (!moved) return;
     if (isRow) {
       const std::int32_t chosen = year();
@@ -208,11 +208,12 @@ class Session {
     model_.panel = model_.shownPanel();
   }
 
-  /// A press whose file cannot be made, breaks off at some line, or is written whole; or no file.
+  /// Presses the button: the dialog is cancelled, or the file cannot be created, fails after some
+  /// lines, or is complete.
   void press() {
     constexpr std::int32_t LastYear = 9999;
     if (presses_++ == 4 || year() < 1 || year() > LastYear) return;
-    auto& toolkit = World::one().toolkit;
+    auto& toolkit = World::instance().toolkit;
     const std::size_t messages = toolkit.messages().size();
     const Ref<test::MemoryItem> item = New<test::MemoryItem>();
     const bool cancelled = input_.ConsumeIntegralInRange(0, 9) == 0;
@@ -227,18 +228,18 @@ class Session {
     } catch (const Raised& failure) {
       raised = true;
       require(RuntimeObjectIsa(failure.exception.get(), IOException::__Lookup()),
-              "only a write raises");
+              "only IOException is raised");
     }
-    require(toolkit.saveAnswers.empty(), "a press asks once for a file");
+    require(toolkit.saveAnswers.empty(), "a press shows one save dialog");
     const bool told = toolkit.messages().size() == messages + 1;
     require(told == (!cancelled && !made) && (told || toolkit.messages().size() == messages),
-            "a file that cannot be made is told once, and nothing else");
+            "one message if the file cannot be created, else none");
     require(!told || toolkit.messages().back() == "Cannot write to /memory/item.ics",
-            "the message has the path");
+            "the message contains the path");
     const bool written = !cancelled && made;
     const Model::Document expected = model_.document(year(), written ? item->linesUntilFull : 0);
-    requireSame(*item->content, expected.text, "the file has the lines of the bare loop");
-    require(raised == (written && !expected.whole), "a file raises that is not whole");
+    requireSame(*item->content, expected.text, "the file equals the reference");
+    require(raised == (written && !expected.isWhole), "an incomplete file raises");
   }
 
   void command() {
@@ -246,21 +247,23 @@ class Session {
                                  "EditPaste", "EditClear", "EditSelectAll", "UntitledMenu0"};
     const std::string name = input_.PickValueInArray(names);
     const Ref<MenuItem> item = window()->MenuBar()->_Lookup(String(name));
-    require(item.get() != nullptr, "an item has its name");
+    require(item.get() != nullptr, "the item exists");
     if (input_.ConsumeBool()) window()->_CallActivated();
     if (input_.ConsumeBool()) window()->_CallDeactivated();
-    require(item->userChose() == (name == "FileQuit"), "the quit item alone is done by itself");
+    require(item->userChose() == (name == "FileQuit"), "only the quit item has a handler");
     if (name == "FileQuit") reopen();
   }
 
   void compare() {
     const Ref<Veldrin> shown = window();
-    requireSame(shown->Status()->Text().view(), model_.panel, "the panel is the bare one");
+    requireSame(shown->Status()->Text().view(), model_.panel, "the panel equals the reference");
     requireSame(shown->Latitude()->Text().view(), model_.latitude, "a field keeps its text");
     requireSame(shown->Longitude()->Text().view(), model_.longitude, "a field keeps its text");
     requireSame(shown->TimeZone()->Text().view(), model_.zone, "a field keeps its text");
-    requireSame(shown->DSTStart()->Text().view(), model_.start, "a bound is the year's or typed");
-    requireSame(shown->DSTEnd()->Text().view(), model_.end, "a bound is the year's or typed");
+    requireSame(shown->DSTStart()->Text().view(), model_.start,
+                "a date field has the default of the year or the typed text");
+    requireSame(shown->DSTEnd()->Text().view(), model_.end,
+                "a date field has the default of the year or the typed text");
   }
 
   FuzzedDataProvider& input_;
@@ -273,8 +276,8 @@ class Session {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace veldrin;
-  fuzz::World::one();
-  const fuzz::NothingStays nothingStays;
+  fuzz::World::instance();
+  const fuzz::ObjectLeakGuard objectLeakGuard;
   FuzzedDataProvider input(data, size);
   fuzz::Session session(input);
   for (int steps = 0; steps < 40 && input.remaining_bytes() > 0; ++steps) session.step();

@@ -8,21 +8,23 @@
 #include "shell/objects/Failure.h"
 #include "shell/objects/StringImage.h"
 
-// Any bytes as an image, or any texts written, read and damaged.
+// Input: bytes read as an image, or texts to write, read back and corrupt.
 
 namespace veldrin::fuzz {
 namespace {
 
 using Image = std::vector<std::uint8_t>;
 
-/// What is read of any bytes is damage within them, or texts that make the same bytes again.
+/// Reading either reports an error inside the image, or returns strings that produce the same
+/// image.
 void checkReading(const Image& image, std::uint32_t address) {
   const auto [strings, damage] = readStringImage(image, address);
   if (damage) {
-    require(damage->offset <= image.size(), "damage lies in the image");
-    require(strings.empty(), "of a damaged image nothing is read");
+    require(damage->offset <= image.size(), "the error offset lies in the image");
+    require(strings.empty(), "a corrupt image yields no strings");
   } else {
-    require(writeStringImage(strings, address) == image, "what was read makes the same image");
+    require(writeStringImage(strings, address) == image,
+            "writing the strings gives the same image");
   }
 }
 
@@ -46,14 +48,14 @@ void checkWriting(FuzzedDataProvider& input, std::uint32_t address) {
   } catch (const Raised& raised) {
     require(RuntimeObjectIsa(raised.exception.get(), OutOfMemoryException::__Lookup()) &&
                 address > UINT32_MAX - 20U * 700U,
-            "an image fits but at the end of the addresses");
+            "only an image near the end of the address space does not fit");
     return;
   }
   const auto [read, damage] = readStringImage(image, address);
-  require(!damage, "what was written is read");
-  require(read == texts, "the texts come back");
+  require(!damage, "a written image is valid");
+  require(read == texts, "the texts are unchanged");
   for (std::size_t at = 0; at < texts.size(); ++at) {
-    require(read[at].encoding() == texts[at].encoding(), "the encodings come back");
+    require(read[at].encoding() == texts[at].encoding(), "the encodings are unchanged");
   }
   if (image.empty()) return;
   image[input.ConsumeIntegralInRange<std::size_t>(0, image.size() - 1)] ^=
@@ -68,8 +70,8 @@ void checkWriting(FuzzedDataProvider& input, std::uint32_t address) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace veldrin;
-  fuzz::World::one();
-  const fuzz::NothingStays nothingStays;
+  fuzz::World::instance();
+  const fuzz::ObjectLeakGuard objectLeakGuard;
   FuzzedDataProvider input(data, size);
   const bool bytes = input.ConsumeBool();
   const std::uint32_t address =

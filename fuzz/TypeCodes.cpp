@@ -11,8 +11,8 @@
 #include "shell/objects/Failure.h"
 #include "shell/objects/TypeCodeGrammar.h"
 
-// Any bytes as a type code, as a list of parameters, as a signature and as the name of whatever is
-// found by its name.
+// Input: one text, used as a type code, a parameter list, a signature, a class name and a property
+// name.
 
 namespace veldrin::fuzz {
 namespace {
@@ -21,28 +21,28 @@ void checkGrammar(std::string_view text) {
   std::string joined;
   for (std::string_view rest = text; !rest.empty();) {
     const std::string_view parameter = takeParameter(rest);
-    require(!parameter.empty(), "a parameter has letters");
+    require(!parameter.empty(), "a parameter is not empty");
     joined += parameter;
   }
-  require(joined == text, "the parameters are the whole list");
+  require(joined == text, "the parameters joined give the list");
 
   if (const auto parts = splitSignature(text)) {
     require("%" + std::string(parts->result) + "%" + std::string(parts->parameters) == text,
-            "a signature is its two parts");
+            "the parts joined give the signature");
   }
   if (const auto parts = readTypeCode(text)) {
     const bool isArray = parts->kind == CodeKind::Array;
     require(isArray ? parts->rank >= 1 && parts->rank <= MaximumRank : parts->rank == 0,
-            "an array and nothing else has a rank");
-    require(parts->kind == CodeKind::Other || !parts->inner.empty(), "there is a name inside");
-    require(text.find(parts->inner) != std::string_view::npos, "the name stands in the code");
+            "only an array has a rank");
+    require(parts->kind == CodeKind::Other || !parts->inner.empty(), "the name is not empty");
+    require(text.find(parts->inner) != std::string_view::npos, "the name is part of the code");
   }
 }
 
-/// Looks up every type that the text names, read in all three ways.
-void describe(const String& text) {
+/// Looks up all types in the text: as a type code, a signature and a parameter list.
+void checkTypes(const String& text) {
   const bool isCode = readTypeCode(text.view()).has_value();
-  require(isCode || !Introspection::GetInfoFromTypeCode(text), "what is no code has no type");
+  require(isCode || !Introspection::GetInfoFromTypeCode(text), "a malformed code has no type");
 
   MethodRow row;
   row.signature = text;
@@ -61,25 +61,26 @@ std::string lowered(std::string_view text) {
   return all;
 }
 
-/// Whatever is found under a name bears it, and what bears it is found.
-void lookUp(const String& name) {
+/// Lookup finds exactly the classes and properties of that name.
+void checkNames(const String& name) {
   bool isClass = false;
   for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
        record = record->nextClass) {
     isClass = isClass || record->name == name;
     const PropertyRow* const found = FindProperty(*record, name.view());
-    bool borne = false;
+    bool exists = false;
     for (const PropertyRow& row : record->propertyRows) {
-      borne = borne || lowered(row.name.view()) == lowered(name.view());
+      exists = exists || lowered(row.name.view()) == lowered(name.view());
     }
-    require((found != nullptr) == borne, "a property is found by its name");
+    require((found != nullptr) == exists, "FindProperty finds an existing property");
     require(found == nullptr || lowered(found->name.view()) == lowered(name.view()),
-            "the property that is found bears the name");
+            "the property has the wanted name");
   }
   const Ref<Introspection::ClassInfo> info = Introspection::ClassInfo::Lookup(name);
   require(!info || info->QualifiedName() == (isClass ? name : "Object"_s),
-          "a class is found by its name, and the root in the place of others");
-  require(!info || info == Introspection::ClassInfo::Lookup(name), "a class is described once");
+          "Lookup returns the class of that name, else the root");
+  require(!info || info == Introspection::ClassInfo::Lookup(name),
+          "Lookup returns the same description again");
 }
 
 }  // namespace
@@ -87,16 +88,16 @@ void lookUp(const String& name) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace veldrin;
-  fuzz::World::one();
-  const fuzz::NothingStays nothingStays;
+  fuzz::World::instance();
+  const fuzz::ObjectLeakGuard objectLeakGuard;
   const std::string text(data, data + size);
   fuzz::checkGrammar(text);
   try {
-    fuzz::describe(String(text));
-    fuzz::lookUp(String(text));
+    fuzz::checkTypes(String(text));
+    fuzz::checkNames(String(text));
   } catch (const Raised& raised) {
     fuzz::require(RuntimeObjectIsa(raised.exception.get(), StackOverflowException::__Lookup()),
-                  "only depth raises");
+                  "only StackOverflowException is raised");
   }
   Introspection::finalizeReflection();
   return 0;

@@ -15,13 +15,13 @@
 #include "shell/values/ParseDate.h"
 #include "shell/values/Text.h"
 
-// Numbers and dates as text and back, against the C library and the calendar of the standard one.
+// Reading and writing numbers and dates, compared with the C library and with std::chrono.
 
 namespace veldrin::fuzz {
 namespace {
 
-/// The text as the C library has it: with its own minus, and without what it takes for a number
-/// besides.
+/// The text for strtod: "-" for U+2212, cut before anything that only strtod accepts (such as
+/// "inf").
 std::string forStrtod(std::string_view text) {
   constexpr std::string_view Minus = "\u2212";
   std::string all(text);
@@ -38,28 +38,30 @@ bool sameBits(double one, double other) {
 }
 
 void checkVal(const std::string& text) {
-  // A buffer of its own size, so that a sanitizer sees a read behind the end.
+  // A buffer of exact size, so that AddressSanitizer sees a read past the end.
   const std::vector<char> bytes(text.begin(), text.end());
   const auto number = readNumber(std::string_view(bytes.data(), bytes.size()));
   const std::string plain = forStrtod(text);
   char* end = nullptr;
   const double expected = std::strtod(plain.c_str(), &end);
-  require(number.has_value() == (end != plain.c_str()), "a number is read where there is one");
-  require(sameBits(Val(String(text)), number ? expected : 0.0), "the number is the library's");
+  require(number.has_value() == (end != plain.c_str()),
+          "readNumber and strtod agree whether there is a number");
+  require(sameBits(Val(String(text)), number ? expected : 0.0), "Val equals strtod");
   if (!number) return;
-  require(number->length <= text.size(), "a number lies in its text");
+  require(number->length <= text.size(), "the number ends within the text");
   require(forStrtod(text.substr(0, number->length)).size() ==
               static_cast<std::size_t>(end - plain.c_str()),
-          "a number ends where the library's does");
+          "readNumber and strtod end at the same character");
   const auto again = readNumber(text.substr(0, number->length));
-  require(again && sameBits(again->value, expected), "a number needs nothing behind it");
+  require(again && sameBits(again->value, expected),
+          "reading only its own characters gives the same number");
 }
 
 void checkFormat(double value, const std::string& pattern) {
   const String shown = Format(value, String(pattern));
   if (!std::isfinite(value)) {
     const char* const expected = std::isnan(value) ? "nan" : value < 0.0 ? "-inf" : "inf";
-    require(shown == expected, "what is not finite has a text");
+    require(shown == expected, "infinity and NaN have a text");
     return;
   }
   char digits[400];
@@ -69,7 +71,7 @@ void checkFormat(double value, const std::string& pattern) {
   std::string expected(digits);
   if (expected.size() < zeros) expected.insert(0, zeros - expected.size(), '0');
   if (whole < 0.0) expected.insert(0, "-");
-  require(shown == expected, "a number is shown as printf shows it");
+  require(shown == expected, "Format equals printf");
 }
 
 std::chrono::sys_days daysOf(const Date& date) {
@@ -78,44 +80,45 @@ std::chrono::sys_days daysOf(const Date& date) {
                   day(static_cast<unsigned>(date.Day())));
 }
 
-/// Whether the standard calendar has the year, and years around it.
-bool isUsual(const Date& date) {
+/// Whether std::chrono supports the year.
+bool isChronoYear(const Date& date) {
   return std::abs(static_cast<std::int64_t>(date.Year())) < 32000;
 }
 
 void checkDate(const Ref<Date>& date) {
   const bool leap = date->Year() % 4 == 0 && (date->Year() % 100 != 0 || date->Year() % 400 == 0);
   const std::int32_t lengths[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  require(date->Month() >= 1 && date->Month() <= 12, "a month is one of 12");
-  require(date->Day() >= 1 && date->Day() <= lengths[date->Month() - 1], "a day exists");
+  require(date->Month() >= 1 && date->Month() <= 12, "the month is 1 to 12");
+  require(date->Day() >= 1 && date->Day() <= lengths[date->Month() - 1],
+          "the day exists in the month");
   require(date->Hour() >= 0 && date->Hour() < 24 && date->Minute() >= 0 && date->Minute() < 60 &&
               date->Second() >= 0 && date->Second() < 60,
-          "a time of day exists");
-  if (isUsual(*date)) {
+          "the time of day is valid");
+  if (isChronoYear(*date)) {
     const std::chrono::weekday weekday(daysOf(*date));
     require(date->DayOfWeek() == static_cast<std::int32_t>(weekday.c_encoding()) + 1,
-            "a day of the week is the calendar's");
+            "the day of the week equals std::chrono");
   }
   constexpr double Exact = 9007199254740992.0;
   if (std::fabs(date->TotalSeconds()) < Exact) {
     const Ref<Date> other = New<Date>();
     other->TotalSeconds(date->TotalSeconds());
-    require(date->Operator_Compare(other) == 0, "the seconds are the whole date");
+    require(date->Operator_Compare(other) == 0, "TotalSeconds restores the date");
   }
   Ref<Date> read;
-  require(ParseDate(date->ShortDate(), read), "a short date is read");
+  require(ParseDate(date->ShortDate(), read), "ParseDate reads a short date");
   require(
       read->Year() == date->Year() && read->Month() == date->Month() && read->Day() == date->Day(),
-      "a short date is read as its day");
+      "ParseDate reads the same day");
 }
 
-/// Writes a field, which moves the date by what it is from its own beginning.
+/// Sets a field; out-of-range values carry over.
 void writeField(const Ref<Date>& date, FuzzedDataProvider& input) {
   const bool small = input.ConsumeBool();
   const auto value = small ? input.ConsumeIntegralInRange<std::int32_t>(-400, 4000)
                            : input.ConsumeIntegral<std::int32_t>();
-  const bool usual = isUsual(*date) && small;
-  const std::chrono::sys_days before = usual ? daysOf(*date) : std::chrono::sys_days();
+  const bool isChecked = isChronoYear(*date) && small;
+  const std::chrono::sys_days before = isChecked ? daysOf(*date) : std::chrono::sys_days();
   const std::int32_t dayBefore = date->Day();
   const double secondsBefore = date->TotalSeconds();
   const std::int32_t hourBefore = date->Hour();
@@ -128,13 +131,13 @@ void writeField(const Ref<Date>& date, FuzzedDataProvider& input) {
       break;
     case 2:
       date->Day(value);
-      require(!usual || daysOf(*date) - before == std::chrono::days(value - dayBefore),
-              "a day counts on from the first of its month");
+      require(!isChecked || daysOf(*date) - before == std::chrono::days(value - dayBefore),
+              "setting Day moves by whole days");
       break;
     case 3:
       date->Hour(value);
-      require(!usual || date->TotalSeconds() - secondsBefore == (value - hourBefore) * 3600.0,
-              "an hour counts on from midnight");
+      require(!isChecked || date->TotalSeconds() - secondsBefore == (value - hourBefore) * 3600.0,
+              "setting Hour moves by whole hours");
       break;
     case 4:
       date->Minute(value);
@@ -157,14 +160,14 @@ ShortDateForm formOf(FuzzedDataProvider& input) {
   return form;
 }
 
-/// A text that is a date is written and read as the same one, and any other leaves a date alone.
+/// A date text gives a valid date at midnight; any other text gives no date.
 void checkText(const std::string& text) {
   Ref<Date> date;
   if (ParseDate(String(text), date)) {
     checkDate(date);
-    require(date->Hour() + date->Minute() + date->Second() == 0, "a date begins at midnight");
+    require(date->Hour() + date->Minute() + date->Second() == 0, "a parsed date is at midnight");
   } else {
-    require(!date, "what is no date makes none");
+    require(!date, "an invalid text leaves the date nil");
   }
 }
 
@@ -173,8 +176,8 @@ void checkText(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace veldrin;
-  fuzz::World& world = fuzz::World::one();
-  const fuzz::NothingStays nothingStays;
+  fuzz::World& world = fuzz::World::instance();
+  const fuzz::ObjectLeakGuard objectLeakGuard;
   FuzzedDataProvider input(data, size);
   world.host.form = fuzz::formOf(input);
   switch (input.ConsumeIntegralInRange(0, 3)) {

@@ -36,8 +36,8 @@ String ArrayInfo::RankSuffix(std::int32_t rank) {
 
 void ArrayInfo::finalizeArrayMap() {
   if (!mArrayMap) return;
-  // While the map still holds them all: an array of arrays of arrays is then given up one by one,
-  // however deep it goes.
+  // Clear each element type while the map holds all arrays, so that releasing deeply nested arrays
+  // does not recurse.
   const auto values = mArrayMap->Values();
   for (const Variant& value : values->elements) {
     Object* const info = value.object();
@@ -58,7 +58,7 @@ void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
   mHasElementTypeValue = true;
   mIsArrayValue = true;
   if (!mArrayMap) mArrayMap = New<Dictionary>();
-  Journal::enter(mArrayMap, mFullyQualifiedName, Ref<ArrayInfo>(this));
+  Journal::setValue(mArrayMap, mFullyQualifiedName, Ref<ArrayInfo>(this));
 }
 
 }  // namespace veldrin::Introspection

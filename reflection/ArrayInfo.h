@@ -7,8 +7,8 @@
 
 namespace veldrin::Introspection {
 
-/// The type of an array: a rank and what it holds. Its name is that of the elements and a pair of
-/// brackets, "Int32()" for one dimension and "String(,)" for two.
+/// An array type: a rank and an element type. It is named "Int32()" for one dimension, "String(,)"
+/// for two.
 class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ArrayInfo";
@@ -16,22 +16,23 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
 
   void __Exit() { mElementType = nullptr; }
 
-  /// The most dimensions that arrays in arrays can have together. The name of each level holds
-  /// those of all inside it, so 1,000 levels of one dimension cost about 5 MB.
+  /// The maximum total number of dimensions of nested arrays. Each level stores its full name, so
+  /// 1,000 levels of one dimension use about 5 MB.
   static constexpr std::int32_t MaximumDepth = 1000;
 
-  /// The one description of arrays of that rank and type, made now if nobody needed it before.
-  /// Raises `NilObjectException` for a nil type, `OutOfBoundsException` for a rank that is not from
-  /// 1 to `MaximumRank`, and `StackOverflowException` beyond `MaximumDepth`.
+  /// The shared description of this array type, created on first use. Raises `NilObjectException`
+  /// for a nil type, `OutOfBoundsException` for a rank outside 1 to `MaximumRank`,
+  /// `StackOverflowException` beyond `MaximumDepth`.
   static Ref<TypeInfo> Lookup(std::int32_t rank, const Ref<TypeInfo>& element);
-  /// "()", with a comma for each dimension above the first. Raises `OutOfBoundsException` likewise.
+  /// "()", with a comma for each dimension after the first. Raises `OutOfBoundsException` for a
+  /// rank outside 1 to `MaximumRank`.
   static String RankSuffix(std::int32_t rank);
-  /// Releases what `Lookup` has kept.
+  /// Releases the descriptions that `Lookup` keeps.
   static void finalizeArrayMap();
 
   using TypeInfo::Constructor;
-  /// Describes such arrays, and is from now on what `Lookup` finds for them. Raises what `Lookup`
-  /// raises.
+  /// Initialises the description and makes `Lookup` return it from now on. Raises the exceptions of
+  /// `Lookup`.
   void Constructor(std::int32_t rank, const Ref<TypeInfo>& element);
   [[nodiscard]] std::int32_t GetArrayRank() const override { return mArrayRank; }
   [[nodiscard]] Ref<TypeInfo> GetElementType() const override { return mElementType; }
@@ -41,7 +42,7 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
 
   std::int32_t mArrayRank = 0;
   Ref<TypeInfo> mElementType;
-  std::int32_t depth_ = 0;  ///< dimensions of this one and of all arrays in it
+  std::int32_t depth_ = 0;  ///< total dimensions, nested arrays included
 };
 
 }  // namespace veldrin::Introspection

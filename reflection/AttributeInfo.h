@@ -5,20 +5,20 @@
 
 namespace veldrin::Introspection {
 
-/// An attribute of a class or of a member: a name and, where it has one, a value.
+/// An attribute of a class or member: a name and an optional value.
 class AttributeInfo : public Described<AttributeInfo, Object> {
  public:
   static constexpr FixedString FullName = "Introspection.AttributeInfo";
   static void fillTable(ClassTable<AttributeInfo>& table);
 
-  /// Describes a row; nil leaves an attribute with no name.
+  /// Copies the row; nil leaves the name empty.
   void Constructor(const AttributeRow* row);
 
   String Name;
   Variant Value;  ///< a text, or nil
 };
 
-/// An attribute as it is made from a row.
+/// The concrete class, created from rows.
 class AttributeInfoImp final : public Described<AttributeInfoImp, AttributeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.AttributeInfoImp";

@@ -14,12 +14,12 @@
 namespace veldrin::Introspection {
 namespace {
 
-/// A class record as a key or a value of a dictionary.
+/// A class record as a `Dictionary` key or value.
 Variant pointerTo(ClassRecord* record) {
   return static_cast<void*>(record);
 }
 
-/// Whether there is such a class; nil stands for the root.
+/// True for nil, which means the root.
 bool isClass(const ClassRecord* record) {
   const ClassRecord* each = RuntimeGetClassList();
   while (each != nullptr && each != record) each = each->nextClass;
@@ -66,7 +66,7 @@ Ref<ClassInfo> ClassInfo::Lookup(ClassRecord* record) {
   if (!isClass(record)) Raise<TypeMismatchException>();
   Ref<ClassInfo> info = NewInfo<ClassInfo>(record);
   if (!info->CanAccess()) info = nullptr;
-  Journal::enter(sClassRefMap, pointerTo(record), info);
+  Journal::setValue(sClassRefMap, pointerTo(record), info);
   return info;
 }
 
@@ -105,32 +105,32 @@ void ClassInfo::describe(ClassRecord* record) {
     return;
   }
   TypeInfo::Constructor(record->name);
-  // At once, so that a type which refers to itself finds itself.
-  Journal::enter(GetFQNTypeInfoMap(), mFullyQualifiedName, Ref<ClassInfo>(this));
+  // Register before adding members, because a member's type may be this class.
+  Journal::setValue(GetFQNTypeInfoMap(), mFullyQualifiedName, Ref<ClassInfo>(this));
   mIsInterfaceTypeValue = record->isInterface;
   mIsClassTypeValue = !record->isInterface;
-  takeMembers();
+  addMembers();
   if (record->baseClass != nullptr) {
     const Ref<ClassInfo> base = NewInfo<ClassInfo>(record->baseClass);
     if (base->CanAccess()) mBasetype = base;
   }
-  takeAttributes(record->attributeRows);
+  setAttributes(record->attributeRows);
 }
 
-void ClassInfo::takeMembers() {
+void ClassInfo::addMembers() {
   for (const PropertyRow& row : mClassRef->propertyRows) {
     const Ref<PropertyInfo> property = NewInfo<PropertyInfoImp>(&row, mClassRef);
     if (property->CanAccess()) append(mPropertyList, property);
   }
   mMethodList = nullptr;
   mConstructorList = nullptr;
-  for (const MethodRow& row : mClassRef->methodRows) takeMethod(row);
+  for (const MethodRow& row : mClassRef->methodRows) addMethod(row);
   if (mIsClassTypeValue && !mConstructorList) {
     append(mConstructorList, NewInfo<ConstructorInfoImp>(nullptr, mClassRef));
   }
 }
 
-void ClassInfo::takeMethod(const MethodRow& row) {
+void ClassInfo::addMethod(const MethodRow& row) {
   if (row.name == "Constructor") {
     const Ref<ConstructorInfo> constructor = NewInfo<ConstructorInfoImp>(&row, mClassRef);
     if (constructor->CanAccess()) append(mConstructorList, constructor);

@@ -5,8 +5,8 @@
 
 namespace veldrin::Introspection {
 
-/// A class or an interface with all its members, inherited ones first. Nil as a class record stands
-/// for the root, the class "Object", which lists no members.
+/// A class or an interface with all its members, inherited ones first. A nil class record means the
+/// root class "Object", which lists no members.
 class ClassInfo final : public Described<ClassInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ClassInfo";
@@ -15,39 +15,37 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   ClassInfo();
   ~ClassInfo() override;
 
-  /// The one description that is kept of a class; nil for a hidden class. Raises
-  /// `TypeMismatchException` for a pointer to anything else.
+  /// The shared description of a class; nil for a hidden class. Raises `TypeMismatchException` if
+  /// the pointer is no class record.
   static Ref<ClassInfo> Lookup(ClassRecord* record);
-  /// The same by full name. The names are those of the classes that had been built when the first
-  /// name was asked for; any other gives the root.
+  /// The same by full name. The map of names is made at the first call; a name that is not in it
+  /// returns the root.
   static Ref<ClassInfo> Lookup(const String& fullName);
 
   /// Releases the map from full names to class records.
   static void finalizeClassFQNToRefMap();
-  /// Releases the descriptions that `Lookup` has kept.
+  /// Releases the descriptions that `Lookup` keeps.
   static void finalizeClassRefMap();
-  /// Makes every description that lives give up its members. Classes that have properties of each
-  /// other's types hold each other; after this they no longer do.
+  /// Clears the members of all existing descriptions. This breaks reference cycles between classes
+  /// that have properties of each other's types.
   static void breakRings();
 
   using TypeInfo::Constructor;
-  /// Describes a class, and is from now on what its full name stands for in type codes. Where an
-  /// exception ends this half-way, nothing of it can be reached by a name, and the next lookup
-  /// describes the class anew.
-  /// A description is new for each class that is made, that of the base included: compare classes
-  /// by `IsSubclassOf`, not by identity.
+  /// Initialises the description and registers it: type codes with this class name resolve to it
+  /// from now on. If an exception interrupts this, all registrations are undone. Also creates a new
+  /// description of the base class, so compare classes by `IsSubclassOf`, not by identity.
   void Constructor(ClassRecord* record);
-  /// Whether this class is the other or derives from it; everything derives from the root.
+  /// Whether this class is the other one or derives from it; all classes derive from the root.
   [[nodiscard]] bool IsSubclassOf(const Ref<TypeInfo>& other) const override;
 
  private:
-  static inline Ref<Dictionary> sClassFQNToRefMap;  ///< both nil until the first use
+  static inline Ref<Dictionary> sClassFQNToRefMap;  ///< both maps: nil until the first use
   static inline Ref<Dictionary> sClassRefMap;
-  static inline ClassInfo* newest_ = nullptr;  ///< the list of all that live
+  static inline ClassInfo* newest_ = nullptr;  ///< head of the list of existing descriptions
 
   void describe(ClassRecord* record);
-  void takeMembers();
-  void takeMethod(const MethodRow& row);
+  void addMembers();
+  void addMethod(const MethodRow& row);
 
   ClassRecord* mClassRef = nullptr;
   ClassInfo* newer_ = nullptr;

@@ -9,7 +9,7 @@ void ConstructorInfo::fillTable(ClassTable<ConstructorInfo>& table) {
 }
 
 Ref<Object> ConstructorInfo::Invoke(const Ref<Array<Variant>>& arguments) const {
-  // Making a window enters it among the open ones, so the count is checked first.
+  // Check the count first: creating a window has the side effect of adding it to the open windows.
   if (arguments->elements.size() != itemsOf(mParamList).size()) Raise<OutOfBoundsException>();
   const Ref<Array<Variant>> values(arguments.get());
   Ref<Object> made = RuntimeNewObject(mOwnerClassRef);

@@ -4,21 +4,21 @@
 
 namespace veldrin::Introspection {
 
-/// A constructor of a class. A class that lists none has one without a row, which just makes the
+/// A constructor of a class. For a class without one, a constructor without a row only creates the
 /// object.
 class ConstructorInfo : public Described<ConstructorInfo, MethodBase> {
  public:
   static constexpr FixedString FullName = "Introspection.ConstructorInfo";
   static void fillTable(ClassTable<ConstructorInfo>& table);
 
-  /// A new object of the class that was described, on which the constructor has run. Raises
-  /// `NilObjectException` for a nil array and `OutOfBoundsException` for a wrong number of
-  /// arguments before an object is made, what `fromVariant` raises before the constructor is
-  /// called, and `UnsupportedFormatException` for a class of which no object can be made.
+  /// Creates an object and calls the constructor. Before creating the object, raises
+  /// `NilObjectException` for a nil array, `OutOfBoundsException` for a wrong number of arguments
+  /// and `UnsupportedFormatException` for an abstract class. Before calling the constructor, raises
+  /// the exceptions of `fromVariant`.
   [[nodiscard]] Ref<Object> Invoke(const Ref<Array<Variant>>& arguments) const;
 };
 
-/// A constructor as it is made from a row.
+/// The concrete class, created from rows.
 class ConstructorInfoImp final : public Described<ConstructorInfoImp, ConstructorInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ConstructorInfoImp";

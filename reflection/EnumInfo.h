@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// An enumeration, known by its full name alone.
+/// An enumeration. Only its full name is known.
 class EnumInfo final : public Described<EnumInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.EnumInfo";

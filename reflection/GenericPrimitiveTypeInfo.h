@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// A type that is built in and has a name and nothing else, such as "Int32" or "String".
+/// A built-in type, such as "Int32" or "String".
 class GenericPrimitiveTypeInfo : public Described<GenericPrimitiveTypeInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.GenericPrimitiveTypeInfo";

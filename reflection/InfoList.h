@@ -8,24 +8,22 @@
 
 namespace veldrin::Introspection {
 
-/// A list of descriptions as a field keeps it: nil while there is nothing in it.
+/// A list of descriptions; nil if empty.
 template <class Info>
 using InfoList = Ref<Array<Ref<Info>>>;
 
-/// Puts a description behind those that there are.
 template <class Info, class Derived>
 void append(InfoList<Info>& list, const Ref<Derived>& info) {
   if (!list) list = newArray(std::vector<Ref<Info>>());
   list->elements.push_back(info);
 }
 
-/// The descriptions in the list, none for nil.
 template <class Info>
 std::span<const Ref<Info>> itemsOf(const InfoList<Info>& list) {
   return list ? std::span<const Ref<Info>>(list->elements) : std::span<const Ref<Info>>();
 }
 
-/// A new array of the same descriptions, which a caller may change.
+/// A new array, which the caller may change; never nil.
 template <class Info>
 InfoList<Info> copyOf(const InfoList<Info>& list) {
   const auto items = itemsOf(list);

@@ -15,7 +15,7 @@
 namespace veldrin::Introspection {
 namespace {
 
-/// A built-in type: its code, its name, and how its description is made.
+/// A built-in type: type code, name, and the function that creates its description.
 struct Intrinsic {
   StringConstant code;
   StringConstant name;
@@ -74,8 +74,7 @@ Ref<TypeInfo> infoOfName(CodeKind kind, const String& name) {
   }
 }
 
-/// No key begins like an array, so the whole code is made a text only where there is no array
-/// around it: the depth of a code costs no copy of it.
+/// Array codes are never map keys, so only the innermost code is copied into a `String`.
 Ref<TypeInfo> infoOf(std::string_view code) {
   RuntimeStackCheck();
   const auto parts = readTypeCode(code);

@@ -3,44 +3,41 @@
 #include "reflection/TypeInfo.h"
 #include "shell/objects/Dictionary.h"
 
-/// Descriptions of classes, types and members at run time, read from the class tables and the type
-/// codes in them. The program's own logic asks for none of it.
+/// The reflection module. Descriptions of classes, types and members, made from the class tables.
+/// Only tests and a benchmark read them; see docs/names.md.
 ///
-///     GetType(window)->GetMethods();                   // each with its parameters
+///     GetType(window)->GetMethods();                   // all methods of the window's class
 ///     GetInfoFromTypeCode("A1i4"_s)->QualifiedName();  // "Int32()"
 ///
-/// A description is made on first need and kept until the end of the process. What it describes are
-/// the classes that have been built by then.
+/// A description is created on first use and kept until the end of the process. It knows the
+/// classes that are built at that time.
 namespace veldrin::Introspection {
 
-/// The description of the object's class: nil for nil and for an object of a hidden class, the root
-/// for an array.
+/// The description of the object's class: nil for a nil object or a hidden class, the root for an
+/// array.
 Ref<TypeInfo> GetType(const Ref<Object>& object);
 
-/// The type that a code stands for, by the grammar of `shell/objects/TypeCodeGrammar.h`; nil for a
-/// malformed code, an empty name as in "o<>" and a rank that is not from 1 to `MaximumRank`
-/// included, and for a code that no type has. The name of a class that does not exist, or that was
-/// built after the first name was asked for, gives the root, and any name an enumeration or a
-/// structure, new each time. A hidden class has no type when its code is first asked for; the
-/// description that was begun on the way stays under its name, and is what the code gives from then
-/// on. Raises `StackOverflowException` for arrays in arrays that have more dimensions together than
-/// `ArrayInfo::MaximumDepth`.
+/// The type of a type code (grammar: `shell/objects/TypeCodeGrammar.h`).
+/// - A malformed code, an empty name ("o<>") or an unknown code returns nil.
+/// - An unknown class name returns the root (see `ClassInfo::Lookup`).
+/// - A name of an enumeration or a structure returns a new description each time.
+/// - A hidden class returns nil the first time, but its description later, because the first call
+/// registers it.
+/// Raises `StackOverflowException` for nested arrays beyond `ArrayInfo::MaximumDepth`.
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code);
 
-/// The map from full names to the classes that have been described so far. Whatever stands in it
-/// under a name is what any code with that name means.
+/// The map from full names to described classes. Type codes resolve names through it first.
 Ref<Dictionary> GetFQNTypeInfoMap();
 
-/// A new map from the codes of the built-in types to their descriptions.
+/// A new map from type codes of built-in types to descriptions.
 Ref<Dictionary> MakeIntrinsicTypeCodeMap();
 
-/// Releases the two maps that the module keeps. It comes last: after `ArrayInfo::finalizeArrayMap`,
-/// `ClassInfo::finalizeClassFQNToRefMap` and `ClassInfo::finalizeClassRefMap`, in this order, which
-/// `finalizeReflection` calls.
+/// Releases the maps of this module. Call after the finalizers of `ArrayInfo` and `ClassInfo`, or
+/// call `finalizeReflection`.
 void finalizeModule();
 
-/// Releases everything that descriptions are kept in. One that somebody still holds stays valid and
-/// has no members any more.
+/// Calls all finalizers of the module in the right order. A description that is still referenced
+/// stays valid, but has no members.
 void finalizeReflection();
 
 }  // namespace veldrin::Introspection

@@ -9,13 +9,13 @@ namespace {
 struct Entry {
   Ref<Dictionary> map;
   Variant key;
-  std::optional<Variant> before;  ///< nothing where the key was new
+  std::optional<Variant> before;  ///< nullopt if the key was new
 };
 
 std::vector<Entry> entries;
 int journals = 0;
 
-void takeBack(const Entry& entry) {
+void undo(const Entry& entry) {
   if (entry.before) {
     entry.map->Value(entry.key, *entry.before);
   } else if (entry.map->HasKey(entry.key)) {
@@ -31,11 +31,11 @@ std::size_t Journal::begin() {
 }
 
 Journal::~Journal() {
-  for (; !kept_ && entries.size() > start_; entries.pop_back()) takeBack(entries.back());
+  for (; !kept_ && entries.size() > start_; entries.pop_back()) undo(entries.back());
   if (--journals == 0) entries.clear();
 }
 
-void Journal::enter(const Ref<Dictionary>& map, const Variant& key, const Variant& value) {
+void Journal::setValue(const Ref<Dictionary>& map, const Variant& key, const Variant& value) {
   if (journals > 0) {
     entries.push_back({map, key, map->HasKey(key) ? std::optional(map->Value(key)) : std::nullopt});
   }

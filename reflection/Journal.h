@@ -6,24 +6,23 @@
 
 namespace veldrin::Introspection {
 
-/// What is entered in the maps of descriptions while one of them is being made. A class enters
-/// itself before it is complete, so that a type which refers to itself finds itself; where an
-/// exception ends the making, everything that was entered since it began is taken back, and the
-/// next lookup makes it anew. A nested journal is taken back with the outer
-/// one.
+/// An undo log for the maps of descriptions. A class description is registered before it is
+/// complete, so that its members can refer to it. If an exception interrupts this, the destructor
+/// undoes all registrations since the constructor. The outermost journal also undoes nested ones
+/// that were kept.
 class Journal {
  public:
   Journal() : start_(begin()) {}
   Journal(const Journal&) = delete;
   Journal& operator=(const Journal&) = delete;
-  /// Takes everything back, unless it is to be kept.
+  /// Undoes all registrations, unless `keep()` was called.
   ~Journal();
 
-  /// The description is complete.
+  /// Call when the description is complete.
   void keep() { kept_ = true; }
 
-  /// Sets the value of a key, and notes what it was before.
-  static void enter(const Ref<Dictionary>& map, const Variant& key, const Variant& value);
+  /// Sets the value of a key and logs the previous value.
+  static void setValue(const Ref<Dictionary>& map, const Variant& key, const Variant& value);
 
  private:
   static std::size_t begin();

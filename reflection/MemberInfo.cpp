@@ -28,16 +28,16 @@ void MemberInfo::Constructor(const MemberRow* row, ClassRecord* owner) {
   if (row == nullptr) return;
   mNameValue = row->name;
   mAttributes = static_cast<std::int32_t>(row->flags);
-  takeAttributes(row->attributes);
+  setAttributes(row->attributes);
 }
 
-void MemberInfo::takeAttributes(std::span<const AttributeRow> rows) {
+void MemberInfo::setAttributes(std::span<const AttributeRow> rows) {
   mAttributeData = nullptr;
   for (const AttributeRow& row : rows) append(mAttributeData, NewInfo<AttributeInfoImp>(&row));
   if (mAttributeData) FilterAttributes();
 }
 
-bool MemberInfo::takeOut(std::string_view name, Variant* value) {
+bool MemberInfo::removeAttribute(std::string_view name, Variant* value) {
   bool found = false;
   for (auto last = itemsOf(mAttributeData).size(); last-- > 0;) {
     std::vector<Ref<AttributeInfo>>& attributes = mAttributeData->elements;
@@ -52,7 +52,7 @@ bool MemberInfo::takeOut(std::string_view name, Variant* value) {
 
 void MemberInfo::FilterAttributes() {
   Variant scope;
-  if (takeOut("__Scope", &scope)) mScopeData = fromVariant<String>(scope);
+  if (removeAttribute("__Scope", &scope)) mScopeData = fromVariant<String>(scope);
 }
 
 Ref<Array<Ref<AttributeInfo>>> MemberInfo::GetAttributes() const {

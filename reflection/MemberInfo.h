@@ -8,37 +8,36 @@
 
 namespace veldrin::Introspection {
 
-/// What descriptions of types, properties, methods and constructors have in common: a name, the
-/// class it stands in, its attributes, and who may see it.
+/// The base class of descriptions of types, properties, methods and constructors: name, owner
+/// class, attributes and scope.
 class MemberInfo : public Described<MemberInfo, Object> {
  public:
   static constexpr FixedString FullName = "Introspection.MemberInfo";
   static void fillTable(ClassTable<MemberInfo>& table);
 
-  /// False for what is hidden from reflection, which then lists it nowhere.
+  /// False for a hidden class or member, which reflection never lists.
   [[nodiscard]] virtual bool CanAccess() const { return !IsHidden(mAttributeData); }
-  /// Describes a row of the class, of the kind that the description is for; nil is a member without
-  /// one, of which only the class is known.
+  /// Initialises the description from a row of the matching kind; a nil row sets the owner only.
   virtual void Constructor(const MemberRow* row, ClassRecord* owner);
-  /// Takes out the attributes that stand for something else: "__Scope" becomes the member's scope.
+  /// Removes the attribute "__Scope" and stores it as the scope.
   virtual void FilterAttributes();
-  /// A new array with the attributes, in their order; "__Scope" and "__Shared" are not among them.
+  /// A new array with the attributes, without "__Scope" and "__Shared".
   [[nodiscard]] virtual Ref<Array<Ref<AttributeInfo>>> GetAttributes() const;
 
   [[nodiscard]] const String& Name() const { return mNameValue; }
   [[nodiscard]] bool IsGlobal() const { return mScopeData == "Global"; }
   [[nodiscard]] bool IsPrivate() const { return mScopeData == "Private"; }
   [[nodiscard]] bool IsProtected() const { return mScopeData == "Protected"; }
-  /// Also true for a member that says nothing of its scope.
+  /// Also true if the scope is unknown.
   [[nodiscard]] bool IsPublic() const { return mScopeData.isEmpty() || mScopeData == "Public"; }
 
  protected:
-  /// Makes the attributes of these rows and filters them.
-  void takeAttributes(std::span<const AttributeRow> rows);
-  /// Takes all attributes of that name out; whether there was one. `value` gets what the first of
-  /// them holds.
-  bool takeOut(std::string_view name, Variant* value = nullptr);
-  /// Raises `IllegalCastException` for an object that is no instance of the owner; nil passes.
+  /// Replaces the attributes by these rows and filters them.
+  void setAttributes(std::span<const AttributeRow> rows);
+  /// Removes all attributes of that name and returns whether there was one. `value` receives the
+  /// value of the first.
+  bool removeAttribute(std::string_view name, Variant* value = nullptr);
+  /// Raises `IllegalCastException` if the object is no instance of the owner; nil is accepted.
   void requireInstance(const Ref<Object>& object) const;
 
   InfoList<AttributeInfo> mAttributeData;

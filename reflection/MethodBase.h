@@ -4,19 +4,18 @@
 
 namespace veldrin::Introspection {
 
-/// What methods and constructors have in common: parameters, and a function that can be called
-/// through the thunk of its signature.
+/// The base class of method and constructor descriptions: parameters, a function and its thunk.
 class MethodBase : public Described<MethodBase, MemberInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.MethodBase";
   static void fillTable(ClassTable<MethodBase>& table);
 
-  /// Describes a `MethodRow` of the class; nil is a member without one.
+  /// `row` is a `MethodRow` or nil.
   void Constructor(const MemberRow* row, ClassRecord* owner) override;
-  /// A new array with the parameters, from the first to the last.
+  /// A new array with the parameters in order.
   [[nodiscard]] virtual Ref<Array<Ref<ParameterInfo>>> GetParameters() const;
-  /// Reads the parameters off a list of codes, in place of those there are. What is no parameter is
-  /// one without a type.
+  /// Replaces the parameters by those of a list of type codes. A malformed code makes a parameter
+  /// without a type.
   virtual void ParseParameterList(const String& text);
 
  protected:

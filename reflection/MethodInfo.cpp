@@ -16,7 +16,7 @@ void MethodInfo::fillTable(ClassTable<MethodInfo>& table) {
 }
 
 void MethodInfo::FilterAttributes() {
-  if (takeOut("__Shared")) mIsShared = true;
+  if (removeAttribute("__Shared")) mIsShared = true;
   MethodBase::FilterAttributes();
 }
 
@@ -28,7 +28,7 @@ Variant MethodInfo::InvokeForResult(const Ref<Object>& object,
                                     const Ref<Array<Variant>>& arguments) const {
   if (mInvoker == nullptr) Raise<FunctionNotFoundException>();
   if (!mIsShared) requireInstance(object);
-  // Held here, because what is called may give up the caller's references.
+  // Keep both alive: the method may release the caller's references.
   const Ref<Object> receiver(object.get());
   const Ref<Array<Variant>> values(arguments.get());
   return mInvoker(mVector, receiver.get(), values ? &values->elements : nullptr);

@@ -4,38 +4,38 @@
 
 namespace veldrin::Introspection {
 
-/// A method of a class that can be called by its name.
+/// A method of a class, callable at run time:
 ///
 ///     arguments = {47.5, -122.5, day, -8.0, 0.0, 0.0};   // of "%%f8f8o<Date>f8&f8&f8"
 ///     method->Invoke(window, arguments);                 // the last two hold the results
 ///
-/// The arguments are checked against the signature before anything is called: `Invoke` raises
-/// `IllegalCastException` for an object, the receiver included, of another class,
-/// `OutOfBoundsException` for a wrong number of them, `TypeMismatchException` for one that cannot
-/// be converted, and `NilObjectException` for a nil array or, unless the method is shared, a nil
-/// receiver. A method that was made from no row raises `FunctionNotFoundException`.
+/// `Invoke` checks all arguments before the call. It raises `IllegalCastException` if the receiver
+/// or an argument is an object of another class, `OutOfBoundsException` for a wrong number of
+/// arguments, `TypeMismatchException` for an argument that cannot be converted,
+/// `NilObjectException` for a nil array or, unless the method is shared, a nil receiver, and
+/// `FunctionNotFoundException` if the description has no row.
 class MethodInfo : public Described<MethodInfo, MethodBase> {
  public:
   static constexpr FixedString FullName = "Introspection.MethodInfo";
   static void fillTable(ClassTable<MethodInfo>& table);
 
-  /// Takes "__Shared" out as well.
+  /// Removes "__Shared" too and stores it as `IsShared`.
   void FilterAttributes() override;
-  /// Calls the method and drops its result.
+  /// Calls the method and ignores its result.
   void Invoke(const Ref<Object>& object, const Ref<Array<Variant>>& arguments) const;
-  /// Calls the method; nil where it has no result. In the tables this is "Invoke" too.
+  /// Returns the result of the method, nil if it has none. Its name in the tables is "Invoke" too.
   [[nodiscard]] Variant InvokeForResult(const Ref<Object>& object,
                                         const Ref<Array<Variant>>& arguments) const;
 
   [[nodiscard]] bool IsShared() const { return mIsShared; }
-  /// The type of the result, looked up on the first read; nil where there is none.
+  /// The result type, looked up on first use; nil if the method has no result.
   [[nodiscard]] Ref<TypeInfo> ReturnType() const;
 
  private:
   bool mIsShared = false;
 };
 
-/// A method as it is made from a row.
+/// The concrete class, created from rows.
 class MethodInfoImp final : public Described<MethodInfoImp, MethodInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.MethodInfoImp";

@@ -6,7 +6,7 @@
 
 namespace veldrin::Introspection {
 
-/// A new object of the class `Info`, whose `Constructor` has run with these arguments.
+/// Creates a description and calls its `Constructor` with these arguments.
 template <class Info, class... Arguments>
 Ref<Info> NewInfo(Arguments&&... arguments) {
   Ref<Info> info = New<Info>();

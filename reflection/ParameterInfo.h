@@ -4,17 +4,17 @@
 
 namespace veldrin::Introspection {
 
-/// A parameter of a method: its type, and whether the method can write to the caller's variable.
+/// A parameter of a method: its type and whether it is passed by reference.
 class ParameterInfo : public Described<ParameterInfo, Object> {
  public:
   static constexpr FixedString FullName = "Introspection.ParameterInfo";
   static void fillTable(ClassTable<ParameterInfo>& table);
 
-  /// Takes a parameter as a signature writes it, such as "&f8".
+  /// `code` is a parameter of a signature, such as "&f8".
   void Constructor(const String& code);
 
   [[nodiscard]] bool IsByRef() const { return mByRefValue; }
-  /// The type, looked up on the first read; nil where the code names none.
+  /// The type, looked up on first use; nil for a malformed or unknown type code.
   [[nodiscard]] Ref<TypeInfo> ParameterType() const;
 
  private:
@@ -23,7 +23,7 @@ class ParameterInfo : public Described<ParameterInfo, Object> {
   mutable Ref<TypeInfo> mParamTypeValue;
 };
 
-/// A parameter as it is made from a signature.
+/// The concrete class, created from signatures.
 class ParameterInfoImp final : public Described<ParameterInfoImp, ParameterInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.ParameterInfoImp";

@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// A built-in type that points at memory which is not counted, such as "Ptr" or "CString".
+/// A built-in pointer type without reference counting, such as "Ptr" or "CString".
 class PointerTypeInfo final : public Described<PointerTypeInfo, GenericPrimitiveTypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.PointerTypeInfo";

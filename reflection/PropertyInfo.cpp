@@ -19,7 +19,7 @@ void PropertyInfo::fillTable(ClassTable<PropertyInfo>& table) {
   table.readOnlyProperty<&PropertyInfo::CanWrite>("CanWrite"_s);
   table.readOnlyProperty<&PropertyInfo::IsShared>("IsShared"_s);
   table.readOnlyProperty<&PropertyInfo::PropertyType>("PropertyType"_s);
-  // What a call goes by can be read and not written: a wrong one would reach beyond the object.
+  // Fields used to make calls are read-only: a wrong offset would access memory outside the object.
   table.readOnlyField<&PropertyInfo::mGetInvoker>("mGetInvoker"_s, Private);
   table.readOnlyField<&PropertyInfo::mGetterValue>("mGetterValue"_s, Private);
   table.readOnlyField<&PropertyInfo::mIsShared>("mIsShared"_s, Private);
@@ -43,7 +43,7 @@ void PropertyInfo::Constructor(const MemberRow* row, ClassRecord* owner) {
 }
 
 void PropertyInfo::FilterAttributes() {
-  if (takeOut("__Shared")) mIsShared = true;
+  if (removeAttribute("__Shared")) mIsShared = true;
   MemberInfo::FilterAttributes();
 }
 

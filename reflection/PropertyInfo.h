@@ -6,22 +6,22 @@
 
 namespace veldrin::Introspection {
 
-/// A property of a class, which can be read and written by its name.
+/// A property of a class, readable and writable at run time.
 class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.PropertyInfo";
   static void fillTable(ClassTable<PropertyInfo>& table);
 
-  /// Describes a `PropertyRow` of the class; nil is a member without one.
+  /// `row` is a `PropertyRow` or nil.
   void Constructor(const MemberRow* row, ClassRecord* owner) override;
-  /// Takes "__Shared" out as well.
+  /// Removes "__Shared" too and stores it as `IsShared`.
   void FilterAttributes() override;
-  /// The value that the object has, or that all have where it is shared. Raises
-  /// `IllegalCastException` for an object of another class, `RuntimeException` where the property
-  /// cannot be read, `NilObjectException` for nil unless it is shared.
+  /// Reads the property. Raises `IllegalCastException` for an object of another class,
+  /// `RuntimeException` if not readable, `NilObjectException` for nil unless the property is
+  /// shared.
   [[nodiscard]] Variant Value(const Ref<Object>& object) const;
-  /// Sets the value: the assigning operation `=Value`. Raises likewise, and what `fromVariant`
-  /// raises before anything is set.
+  /// Writes the property (the assigning method `=Value`). Raises the exceptions of the getter and
+  /// of `fromVariant`; then nothing is set.
   void Value(const Ref<Object>& object, const Variant& value) const;
 
   [[nodiscard]] bool CanRead() const { return mGetterValue != nullptr; }
@@ -39,7 +39,7 @@ class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
   Ref<TypeInfo> mTypeValue;
 };
 
-/// A property as it is made from a row.
+/// The concrete class, created from rows.
 class PropertyInfoImp final : public Described<PropertyInfoImp, PropertyInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.PropertyInfoImp";

@@ -2,7 +2,7 @@
 
 namespace veldrin {
 
-/// Builds every class of the reflection, bases first.
+/// Builds all reflection classes, bases first.
 void initializeReflectionClasses();
 
 }  // namespace veldrin

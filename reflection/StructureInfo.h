@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// A structure, known by its full name alone: no class table has one.
+/// A structure. Only its full name is known; no class table uses one.
 class StructureInfo final : public Described<StructureInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.StructureInfo";

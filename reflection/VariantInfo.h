@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// The type of a value that can be of any type.
+/// The type `Variant`.
 class VariantInfo final : public Described<VariantInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.VariantInfo";

@@ -1,4 +1,4 @@
-"""Takes a picture of the window with its frame, on a desktop of its own."""
+"""Takes a screenshot of the window with its frame, on a private desktop."""
 
 import argparse
 import subprocess
@@ -6,7 +6,7 @@ from pathlib import Path
 
 from desktop import Desktop, until
 
-# A desktop's settings that Qt reads by itself, with no program of that desktop at hand.
+# Makes Qt read the settings file kdeglobals, without any program of that desktop.
 SETTINGS = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
 DARK = """
 [Colors:Window]
@@ -26,16 +26,16 @@ ForegroundNormal=252,252,252
 
 def options() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/screenshot", description=__doc__)
-    parser.add_argument("--dark", action="store_true", help="on a dark desktop")
-    parser.add_argument("--scale", type=int, default=1, help="screen pixels to one of the form")
-    parser.add_argument("--points", type=int, default=0, help="the size of the desktop's font")
+    parser.add_argument("--dark", action="store_true", help="use a dark desktop")
+    parser.add_argument("--scale", type=int, default=1, help="screen pixels per form pixel")
+    parser.add_argument("--points", type=int, default=0, help="font size of the desktop in points")
     parser.add_argument("file", nargs="?", type=Path, default="docs/screenshot.png")
     parser.add_argument("program", nargs="?", type=Path, default="build/release/veldrin")
     return parser.parse_args()
 
 
-def dress(desktop: Desktop, wanted: argparse.Namespace) -> None:
-    """Gives the desktop the looks that are wanted."""
+def apply_appearance(desktop: Desktop, wanted: argparse.Namespace) -> None:
+    """Applies the appearance options to the desktop."""
     desktop.environment["QT_SCALE_FACTOR"] = str(wanted.scale)
     if not wanted.dark and not wanted.points:
         return
@@ -48,23 +48,23 @@ def dress(desktop: Desktop, wanted: argparse.Namespace) -> None:
 def main() -> None:
     wanted = options()
     if not wanted.program.exists():
-        raise SystemExit(f"there is no {wanted.program}; build it first, with ./run or ./test")
+        raise SystemExit(f"{wanted.program} is missing; build it first with ./run or ./test")
     with Desktop(1024 * wanted.scale, 768 * wanted.scale) as desktop:
-        dress(desktop, wanted)
+        apply_appearance(desktop, wanted)
         desktop.start(str(wanted.program.absolute()))
         picture = ["import", "-silent", "-window", desktop.window("Veldrin")]
 
         def drawn() -> bool:
-            """The picture is whole once the window holds more than its background."""
+            """Whether the window shows more than its background."""
             take = [*picture, "png:-"]
             shown = subprocess.run(take, env=desktop.environment, capture_output=True)
             count = ["identify", "-format", "%k", "-"]
             colours = subprocess.run(count, input=shown.stdout, capture_output=True)
             return int(colours.stdout or 0) > 50
 
-        until(drawn, "a picture in the window")
+        until(drawn, "the content of the window")
         subprocess.run([*picture, "-frame", wanted.file], env=desktop.environment, check=True)
-    print(f"== The picture is in {wanted.file}")
+    print(f"== Wrote {wanted.file}")
 
 
 if __name__ == "__main__":

@@ -11,7 +11,7 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double kRads = kPi / 180.0;
 
-// Integer steps are worked out wide and then wrap around to 32 bits.
+// Wraps a 64-bit result to 32 bits, like the overflow of the application.
 constexpr std::int32_t wrap(std::int64_t value) {
   return static_cast<std::int32_t>(value);
 }
@@ -58,7 +58,7 @@ void append(Line& line, std::int32_t number) {
       static_cast<std::size_t>(std::to_chars(line.text + line.size, end, number).ptr - line.text);
 }
 
-// A whole number with two digits or more.
+// A whole number with at least two digits.
 void appendTwoDigits(Line& line, double number) {
   if (number >= 0.0 && number < 100.0) {
     const int whole = static_cast<int>(number);
@@ -200,7 +200,8 @@ void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, doubl
   const double dx = (0.5 * std::sqrt(dis)) / std::abs(a);
   z1 = xe - dx;
   z2 = xe + dx;
-  // Not "<=": a root that is no number, of three samples on a line, counts as inside.
+  // Written as `!(x > 1)` so that NaN counts as inside: the roots are NaN if the three samples lie
+  // on a line.
   if (!(std::abs(z1) > 1.0)) ++nz;
   if (!(std::abs(z2) > 1.0)) ++nz;
   if (z1 < -1.0) z1 = z2;

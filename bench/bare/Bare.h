@@ -7,8 +7,8 @@
 //   bare::status({47.5, -122.5, -8.0}, off, {2024, 6, 21});
 //   // "6/21/2024\nSunrise = 04:13\nSunset = 20:11"
 //
-// Every real operation ends in a double, in the order and grouping written in Bare.cpp. Compile
-// that file with -ffp-contract=off -fno-builtin-sin -fno-builtin-cos, so that it stays so.
+// Floating-point operations must be done in double, in the order written. Compile Bare.cpp with
+// -ffp-contract=off -fno-builtin-sin -fno-builtin-cos.
 #pragma once
 
 #include <compare>
@@ -26,31 +26,31 @@ struct Place {
   double zone;       // hours, east positive, standard time
 };
 
-// A day of the proleptic Gregorian calendar; there is a year 0. Always a day that exists.
+// An existing day of the proleptic Gregorian calendar with a year 0.
 struct Civil {
   std::int32_t year;
   std::int32_t month;  // [1:12]
   std::int32_t day;    // [1:31]
-  // NOLINTNEXTLINE(modernize-use-nullptr): there is no pointer in it.
+  // NOLINTNEXTLINE(modernize-use-nullptr): no pointer involved.
   friend auto operator<=>(const Civil&, const Civil&) = default;
 };
 
 struct Saving {
   bool on;
-  bool downUnder;                   // saving time holds outside the period, not inside it
-  std::optional<Civil> start, end;  // in either order; nullopt is a bound text that is no date
+  bool downUnder;                   // saving time is outside the period
+  std::optional<Civil> start, end;  // in any order; nullopt: the text is no date
 };
 
 // The second Sunday of March and the first Sunday of November.
 Civil firstBound(std::int32_t year);
 Civil lastBound(std::int32_t year);
 
-// The day after; the year wraps around behind the last 32-bit one.
+// After the last 32-bit year, wraps to the first.
 Civil nextDay(Civil day);
 
 // --- Sun ---------------------------------------------------------------------------------------
 
-// The working state of a search: the whole Modified Julian Date of the day being worked on.
+// The state of a search: the whole Modified Julian Date of its day.
 struct Engine {
   double mjd0;
 };
@@ -65,15 +65,16 @@ void TheSun(double t, double& ra, double& dec);
 // Hours, not normalised. lambda in degrees, west positive. Moves engine.mjd0 to the day of mjd.
 double LocalSiderialTime(Engine& engine, double mjd, double lambda);
 
-// hour counts from the midnight that begins the day engine.mjd0, and may move that day on.
+// hour: since the start of day engine.mjd0; may change engine.mjd0.
 double SineAltitude(Engine& engine, double hour, double lambda, double cphi, double sphi);
 
-// The parabola through (-1, ym), (0, y0), (+1, yp): vertex, roots, roots within [-1:+1]. With no
-// real root z1 and z2 stay as they were; with one root inside, it is z1.
+// The parabola through (-1, ym), (0, y0), (+1, yp). Sets the vertex (xe, ye), the roots z1 and z2,
+// and nz, the number of roots in [-1:+1]. If there is no real root, z1 and z2 are unchanged. If one
+// root is inside, it is z1.
 void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
                   std::int32_t& nz);
 
-// Clock hours of sunrise and sunset, saving time in them; -1.0 is an event that was not found.
+// Local hours of sunrise and sunset, including saving time; -1.0 if not found.
 void DoVeldrin(Place place, Civil day, const Saving& saving, double& rise, double& set);
 
 // --- Text --------------------------------------------------------------------------------------
@@ -86,11 +87,11 @@ std::string status(Place place, const Saving& saving, Civil day);
 
 // --- Year --------------------------------------------------------------------------------------
 
-// Searches January 2 to December 31 and adds up all the times found, -1.0 included.
+// The sum of all times from January 2 to December 31, including each -1.0.
 double computeYear(Place place, const Saving& saving, std::int32_t year);
 
-// Room for one line of the document. The longest holds 26 characters around the hours of a time,
-// and a finite double has at most 309 digits, so nothing that is appended needs a check.
+// A buffer for one line. Appending needs no bounds check: the longest line has 26 characters plus
+// the digits of a double, at most 309.
 struct Line {
   char text[400];
   std::size_t size;
@@ -109,7 +110,7 @@ inline constexpr std::string_view kNoEvent = "SUMMARY: No sunrise or sunset\r\n"
 inline constexpr std::string_view kBeginEvent = "BEGIN:VEVENT\r\n";
 inline constexpr std::string_view kEndEvent = "END:VEVENT\r\n";
 
-// Each overwrites the line and returns it, with its CR LF.
+// Both overwrite `line` and return it with CR LF.
 std::string_view summaryLine(Line& line, std::string_view event, double hours);
 std::string_view startLine(Line& line, Civil day, double hours);
 
@@ -121,8 +122,8 @@ void writeEvent(Line& line, std::string_view event, Civil day, double hours, Sin
   sink(kEndEvent);
 }
 
-// Hands every line of the year's calendar document, with its CR LF, to sink(std::string_view).
-// The view is good until the sink returns.
+// Passes each line of the calendar, with CR LF, to sink(std::string_view). The view is valid during
+// the call only.
 template <class Sink>
 void writeYear(Place place, const Saving& saving, std::int32_t year, Sink&& sink) {
   constexpr double kNoon = 12.0;

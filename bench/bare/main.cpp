@@ -1,6 +1,6 @@
 // bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]
 //
-// Writes the calendar document of a year with the default bounds of that year, one write a line.
+// Writes the calendar of a year with its default daylight-saving dates, one write() per line.
 
 #include <cerrno>
 #include <charconv>

@@ -1,7 +1,6 @@
 // bare-window [WORD]
 //
-// What any Qt program takes to show a window of Veldrin's size, empty or with a word in it: the
-// yardstick of Veldrin's.
+// The baseline for Veldrin's window: a plain Qt window of the same size, empty or with one word.
 
 #include <QLabel>
 #include <QMainWindow>

@@ -1,4 +1,4 @@
-// The moment that both programs are measured by.
+// Shared by both measured programs.
 #pragma once
 
 #include <unistd.h>
@@ -12,8 +12,8 @@
 #include <fstream>
 #include <string>
 
-/// Ends the process once a frame in which an awaited widget has been painted is with the display,
-/// and prints the KiB that are resident by then. Nothing is taken down, since that is not measured.
+/// Waits until a frame with an awaited widget has been sent to the display. Then prints the
+/// resident memory in KiB and exits at once, without destructors, because shutdown is not measured.
 class FirstFrame final : public QObject {
  public:
   using Awaited = bool (*)(const QWidget& painted);
@@ -23,7 +23,7 @@ class FirstFrame final : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* const painted = qobject_cast<QWidget*>(watched);
     if (event->type() == QEvent::Paint && painted != nullptr && awaited_(*painted)) {
-      // The frame goes to the display behind its last paint event, ahead of the next event.
+      // Qt sends the frame after its last paint event and before the next queued event.
       QMetaObject::invokeMethod(this, &FirstFrame::end, Qt::QueuedConnection);
     }
     return false;

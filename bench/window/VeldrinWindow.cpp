@@ -1,4 +1,4 @@
-// Veldrin as it starts on a desktop, up to the first frame that shows a status.
+// Starts Veldrin and ends at the first frame with the status text.
 
 #include <QLabel>
 

@@ -7,8 +7,7 @@
 
 namespace veldrin {
 
-/// An array of one dimension, shared by whoever holds it: an object with no class of its own. `T`
-/// is a type that has a type code.
+/// A one-dimensional array. It is an object without a class record. `T` must have a `TypeCode`.
 template <class T>
 class Array final : public Object {
  public:

@@ -8,25 +8,25 @@
 
 namespace veldrin {
 
-// The attributes that rows can have, as constants: no row owns any. "__Scope" stands first wherever
-// it stands, "Deprecated" ahead of "Hidden", and "__Shared" last.
+// The attributes of class and member rows. They are constants; a row only points at them. Their
+// order in a row is "__Scope", "Deprecated", "Hidden", "__Shared".
 
 inline constexpr AttributeRow ScopePublic{"__Scope"_s, "Public"_s, true};
 inline constexpr AttributeRow ScopePrivate{"__Scope"_s, "Private"_s, true};
 inline constexpr AttributeRow ScopeProtected{"__Scope"_s, "Protected"_s, true};
 inline constexpr AttributeRow Hidden{"Hidden"_s, ""_s, false};
 inline constexpr AttributeRow Shared{"__Shared"_s, ""_s, false};
-/// A member that nothing has replaced, and one that the member of that name replaces.
+/// A deprecated member: without a replacement, or replaced by the member `Newer`.
 inline constexpr AttributeRow Deprecated{"Deprecated"_s, ""_s, false};
 template <FixedString Newer>
 inline constexpr AttributeRow DeprecatedFor{"Deprecated"_s, ConstantText<Newer>, true};
 
-/// Who sees a member: the public, the class and those that derive from it, or the class alone; a
-/// hidden one is not shown by reflection, as one whose arguments nobody could check.
+/// The scope of a member, and whether reflection omits it ("Hidden"). Members whose arguments
+/// cannot be checked are hidden.
 struct Visibility {
   std::uint32_t flags;
   std::span<const AttributeRow> attributes;
-  std::span<const AttributeRow> sharedAttributes;  ///< of a shared member
+  std::span<const AttributeRow> sharedAttributes;  ///< replaces `attributes` for a shared member
 };
 
 namespace detail {

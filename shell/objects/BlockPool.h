@@ -6,14 +6,14 @@
 
 namespace veldrin {
 
-// Small blocks of memory for strings and objects, most of which live for one statement. A block
-// that is given back is kept for the next of its size, up to a few of each; larger ones come from
-// the heap and go there. The program has one thread, so there is nothing to lock. Under
-// AddressSanitizer every block is the heap's, so that it sees what happens to each.
+// A pool of small memory blocks for strings and objects, most of which live for one statement. A
+// freed block is kept for the next request of its size, up to `MostKept` blocks of each size.
+// Larger blocks use the heap directly. Not thread-safe: Veldrin has one thread. Under
+// AddressSanitizer all blocks come from the heap, so that it can check each one.
 
 namespace detail {
 
-// One compiler tells of AddressSanitizer by a macro, another by a feature.
+// GCC defines a macro under AddressSanitizer; Clang has a feature test.
 #if defined(__SANITIZE_ADDRESS__)
 inline constexpr bool Pooled = false;
 #elif defined(__has_feature)
@@ -22,9 +22,9 @@ inline constexpr bool Pooled = !__has_feature(address_sanitizer);
 inline constexpr bool Pooled = true;
 #endif
 
-/// The blocks of one size that are kept.
+/// The free blocks of one size.
 struct Shelf {
-  static constexpr std::size_t Step = 16;  ///< of the sizes
+  static constexpr std::size_t Step = 16;  ///< between block sizes, in bytes
   static constexpr std::size_t LargestKept = 128;
   static constexpr std::size_t MostKept = 64;
 
@@ -32,13 +32,13 @@ struct Shelf {
   std::size_t count;
 };
 
-/// One shelf for the sizes 1 to 16, one for 17 to 32 and so on; never taken down, because the last
-/// objects of the program may go after it.
+/// One shelf for 1 to 16 bytes, one for 17 to 32, and so on. Never destroyed, because objects may
+/// be released after static destructors have run.
 inline constinit std::array<Shelf, Shelf::LargestKept / Shelf::Step> shelves{};
 
 }  // namespace detail
 
-/// A block of at least that many bytes, at least one, aligned for anything. Throws
+/// Returns a block of at least `size` bytes (`size` > 0), aligned for any type. Throws
 /// `std::bad_alloc`.
 inline void* takeBlock(std::size_t size) {
   using detail::Shelf;
@@ -48,7 +48,7 @@ inline void* takeBlock(std::size_t size) {
   return ::operator new((size + Shelf::Step - 1) / Shelf::Step * Shelf::Step);
 }
 
-/// Gives back a block that was taken with that size.
+/// Frees a block from `takeBlock(size)`.
 inline void giveBlock(void* block, std::size_t size) noexcept {
   using detail::Shelf;
   if (detail::Pooled && size - 1 < Shelf::LargestKept) {

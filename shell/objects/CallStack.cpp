@@ -33,7 +33,8 @@ std::string hexadecimal(std::uintptr_t value) {
 
 std::string nameOf(void* frame) {
   Dl_info info{};
-  // A frame is the address that a call returns to, which may lie behind the function's last byte.
+  // A return address may lie just past the end of the calling function, so look up the byte before
+  // it.
   const void* const call = static_cast<const char*>(frame) - 1;
   const auto address = reinterpret_cast<std::uintptr_t>(call);
   if (dladdr(call, &info) == 0) return hexadecimal(address);
@@ -45,8 +46,8 @@ std::string nameOf(void* frame) {
 
 }  // namespace
 
-void CallStack::take() {
-  constexpr int OwnFrames = 2;  // this one and that of the caller
+void CallStack::capture() {
+  constexpr int OwnFrames = 2;  // this function and its caller
   std::array<void*, Most + OwnFrames> frames{};
   const int taken = backtrace(frames.data(), static_cast<int>(frames.size()));
   count_ = static_cast<std::size_t>(std::max(taken - OwnFrames, 0));

@@ -7,16 +7,15 @@
 
 namespace veldrin {
 
-/// The calls that stood on the stack at one moment, by their addresses; to note them costs no
-/// memory, and names are looked up when somebody asks.
+/// A stack trace. Capturing stores addresses only and allocates nothing; `names()` looks up the
+/// names.
 class CallStack {
  public:
-  /// Notes the calls down to the caller of the caller, the innermost first, as many as there is
-  /// room for.
-  void take();
+  /// Captures up to `Most` calls, innermost first, without this function and its caller.
+  void capture();
 
-  /// The calls as texts, the innermost first: the name of the function where the program has it,
-  /// else the program and the place in it, as in "veldrin+0x1f40".
+  /// The calls, innermost first: the function name if known, else module and offset, such as
+  /// "veldrin+0x1f40".
   [[nodiscard]] std::vector<std::string> names() const;
 
  private:

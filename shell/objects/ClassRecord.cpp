@@ -12,17 +12,17 @@
 namespace veldrin {
 namespace {
 
-/// All records. A deque, because records must not move; never destroyed, because objects may be
+/// All records. A deque, so that records never move. Never destroyed, because objects may be
 /// released after static destructors have run.
 std::deque<ClassRecord>& records() {
   static std::deque<ClassRecord>& all = *std::make_unique<std::deque<ClassRecord>>().release();
   return all;
 }
 
-/// The last one that was built.
+/// Head of the list of classes.
 constinit ClassRecord* newest = nullptr;
 
-/// Lower case for ASCII letters, whatever the locale.
+/// Independent of the locale: ASCII only.
 char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }

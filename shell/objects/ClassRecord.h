@@ -12,136 +12,135 @@
 
 namespace veldrin {
 
-/// A function pointer without its type; the caller knows the real type from the signature.
+/// A type-erased function pointer; the row's signature tells the real type.
 using Function = void (*)();
 
-/// A step in the life of an object: `__Init`, `Destructor` or `__Exit`.
+/// A lifecycle hook of an object: `__Init`, `Destructor` or `__Exit`.
 using LifeStep = void (*)(Object& object);
 
-/// A thunk that calls functions of one signature: it takes the arguments from the array in order,
-/// converts each, calls, and puts by-reference results back into the array. Everything is checked
-/// before the call. Raises `NilObjectException` for a nil object or array, `OutOfBoundsException`
-/// for a wrong number of arguments, and what `fromVariant` raises.
+/// A thunk for one signature. It converts the arguments in order, calls the function and writes
+/// by-reference results back into the array. It checks all arguments before the call. Raises
+/// `NilObjectException` for a nil object or array, `OutOfBoundsException` for a wrong number of
+/// arguments, and the exceptions of `fromVariant`.
 using Invoker = Variant (*)(Function function, Object* object, VariantArray* arguments);
 
 /// An attribute of a class or a member: "__Scope", "Hidden", "__Shared" or "Deprecated".
 struct AttributeRow {
-  StringConstant name;   ///< one of those above
-  StringConstant value;  ///< the empty constant where there is none
-  bool hasValue;         ///< told apart from one with the empty text
+  StringConstant name;
+  StringConstant value;  ///< empty if there is none
+  bool hasValue;         ///< distinguishes an empty value from none
 };
 
 /// The bits of a row's `flags`.
 namespace Flags {
 inline constexpr std::uint32_t Public = 1;
-inline constexpr std::uint32_t Shared = 2;  ///< of the class, and of no object
-/// Of a method: its last parameter stands behind an equals sign. Of a property: writable.
+inline constexpr std::uint32_t Shared = 2;  ///< belongs to the class, not to an object
+/// Two meanings of one bit: a method whose last parameter is the assigned value, as in
+/// `x.Value(key) = value`; a writable property.
 inline constexpr std::uint32_t Assigns = 4;
 inline constexpr std::uint32_t Writable = 4;
-/// Of a method: a list of arguments of any length.
+/// A method with any number of arguments.
 inline constexpr std::uint32_t VariableArguments = 8;
 }  // namespace Flags
 
-/// What the rows of methods and of properties begin with.
+/// The common part of `MethodRow` and `PropertyRow`.
 struct MemberRow {
   String name;
   std::uint32_t flags = 0;
   std::span<const AttributeRow> attributes;
 };
 
-/// One method of a class, under which it is listed and by which it is invoked.
+/// One method of a class: for listing and calling it.
 struct MethodRow : MemberRow {
-  String signature;  ///< without the object itself
-  /// Takes the object as its first argument, unless shared: a `Call` of `MethodShape`.
+  String signature;  ///< without the object parameter
+  /// A `MethodShape::Call`, or a `SharedCall` for a shared method.
   Function function = nullptr;
   Invoker invoker = nullptr;
-  std::int32_t slot = -1;  ///< its place in the virtual table, -1 for none
+  std::int32_t slot = -1;  ///< index in the virtual table, or -1
 };
 
-/// One property of a class, with the accessors that decoding and reflection reach its value by.
+/// One property of a class, with the accessors that form decoding and reflection use.
 struct PropertyRow : MemberRow {
-  /// By type: calls the getter and makes a variant of its result, or the other way round.
+  /// Thunks for one property type: call the getter or setter, converting to or from `Variant`.
   using Get = Variant (*)(Function getter, Object* object, std::int32_t offset);
   using Set = void (*)(Function setter, Object* object, std::int32_t offset, const Variant& value);
 
-  String type;  ///< one type code
-  /// Where a stored value lies in the instance; 0, which no field has, for a computed or a shared
-  /// one.
+  String type;  ///< a type code
+  /// Offset of a stored value in the object, in bytes; 0 for a computed or shared property.
   std::int32_t fieldOffset = 0;
-  Function getter = nullptr;  ///< nil for a property that cannot be read
-  Function setter = nullptr;  ///< nil for a read-only one
+  Function getter = nullptr;  ///< nil if not readable
+  Function setter = nullptr;  ///< nil if read-only
   Get reflectionGet = nullptr;
   Set reflectionSet = nullptr;
 };
 
-/// An event that a class or a parent declares. A subclass has its parent's rows in the same places
-/// and its own behind them, so the index of an event never changes down a class tree.
+/// An event that a class or its base declares. A derived class lists the rows of its base first, so
+/// an event has the same index in all derived classes.
 struct EventRow {
   String name;
-  String signature;            ///< of its handlers, without the object
-  Function handler = nullptr;  ///< what the class binds, or nil
+  String signature;            ///< of its handlers, without the object parameter
+  Function handler = nullptr;  ///< the handler of the class, or nil
 };
 
-/// How a class does what an interface asks for.
+/// An interface that a class implements.
 struct InterfaceRow {
   ClassRecord* interface = nullptr;
   std::vector<Function> operations;  ///< in the interface's order
 };
 
-/// The record of one class: how its objects are made and ended, and what members it has. Of the
-/// methods, events and properties the inherited rows come first. A record is built on first need,
-/// lives for the whole run and never moves.
+/// The run-time description of one class: how to create and destroy its objects, and its members.
+/// Method, event and property rows list inherited rows first. A record is built on first use, is
+/// never destroyed and never moves.
 struct ClassRecord {
-  ClassRecord* nextClass = nullptr;  ///< link of the list that `RuntimeGetClassList` starts
-  ClassRecord* baseClass = nullptr;  ///< nil for a class that derives from `Object` alone
-  String name;                       ///< full, with dots: "Veldrin.Veldrin"
+  ClassRecord* nextClass = nullptr;  ///< next in the list of `RuntimeGetClassList`
+  ClassRecord* baseClass = nullptr;  ///< nil if the base is `Object`
+  String name;                       ///< qualified: "Veldrin.Veldrin"
   std::int32_t instanceSize = 0;     ///< bytes, inherited fields included; 0 for an interface
   bool isInterface = false;
-  LifeStep __Init = nullptr;      ///< runs on a new instance before any constructor
-  LifeStep Destructor = nullptr;  ///< the class's declared destructor
-  LifeStep __Exit = nullptr;      ///< releases what the instance holds
+  LifeStep __Init = nullptr;  ///< runs on a new instance before any constructor
+  LifeStep Destructor = nullptr;
+  LifeStep __Exit = nullptr;  ///< releases the fields
   std::vector<Function> virtualTable;
   std::vector<MethodRow> methodRows;
   std::vector<EventRow> eventRows;
   std::vector<PropertyRow> propertyRows;
   std::span<const AttributeRow> attributeRows;
   std::vector<InterfaceRow> interfaceRows;
-  Object* (*allocate)() = nullptr;  ///< a bare instance with one count; nil where none can be made
+  Object* (*allocate)() = nullptr;  ///< an object before `__Init`, count 1; nil if abstract
 
-  /// The rows that the class itself has added.
+  /// The rows without the inherited ones.
   [[nodiscard]] std::span<const MethodRow> ownMethods() const;
   [[nodiscard]] std::span<const PropertyRow> ownProperties() const;
 };
 
-/// Allocates a record and links it into the list of classes. `base` is nil for a class that derives
-/// from `Object` alone; its rows and its virtual table are carried over.
+/// Creates a record, adds it to the list of classes and copies the rows and virtual table of `base`
+/// into it. `base` is nil for a class that derives directly from `Object`.
 ClassRecord* RuntimeNewClass(ClassRecord* base);
 
-/// Takes a record out of the list again: its class could not be built. Its memory stays.
+/// Removes the record of a class that could not be built from the list. Does not free it.
 void RuntimeDropClass(const ClassRecord* record) noexcept;
 
-/// The class that was built last; the others follow by `nextClass`. Nil before the first.
+/// The newest class; follow `nextClass` for the older ones. Nil if there is none.
 ClassRecord* RuntimeGetClassList();
 
-/// The class of an object; nil for nil and for an object of the root.
+/// The class of an object; nil for nil and for an object without a class.
 inline ClassRecord* RuntimeClassOf(const Object* object) {
   return object == nullptr ? nullptr : object->classRecord();
 }
 
-/// A new instance, on which the `__Init` functions have run from the base to the derived, with one
-/// count for the caller. Raises `NilObjectException` for nil, and `UnsupportedFormatException` for
-/// a class of which no instance can be made.
+/// Creates an object and runs its `__Init` functions, base class first. Raises `NilObjectException`
+/// for a nil record, `UnsupportedFormatException` for an abstract class.
 Ref<Object> RuntimeNewObject(ClassRecord* record);
 
-/// Whether the object is an instance of the class or of a subclass; false for nil. The nil record
-/// is the root, of which every object is an instance.
+/// Whether the object is an instance of the class or of a derived class; false for a nil object. A
+/// nil record means `Object`, so it matches every object.
 bool RuntimeObjectIsa(const Object* object, const ClassRecord* record);
 
-/// The object with a fresh count for the caller. Raises `IllegalCastException` where it is no
-/// instance of the class; nil passes every cast.
+/// Casts the object. Nil can be cast to every class. Raises `IllegalCastException` if the object is
+/// no instance of the class.
 Ref<Object> RuntimeCheckCast(Object* object, const ClassRecord* record);
 
-/// The row by which the object's class, or an ancestor, implements the interface; nil for none.
+/// The row by which the object's class or a base implements the interface, or nil.
 const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
                                                  const ClassRecord* interface);
 
@@ -151,7 +150,7 @@ Ref<T> CheckCast(const Ref<Object>& object) {
   return Ref<T>::adopt(static_cast<T*>(RuntimeCheckCast(object.get(), T::__Lookup()).release()));
 }
 
-/// The same for a reference that is given up, whose count goes on to the result.
+/// The same for a temporary; moves its count to the result.
 template <class T>
 Ref<T> CheckCast(Ref<Object>&& object) {
   const bool isOne = object && object.get()->classRecord() == T::__Lookup();
@@ -164,16 +163,16 @@ Ref<T> New() {
   return Ref<T>::adopt(static_cast<T*>(RuntimeNewObject(T::__Lookup()).release()));
 }
 
-/// The entry of the virtual table for the operation of that name, as the class has it; nil where no
-/// virtual operation has the name. Two operations may share a name, where one of them assigns: then
-/// the name alone is the other one, and "=" in front of it the one that assigns.
+/// The virtual method of that name, from the virtual table of the class; nil if there is none. A
+/// method that assigns may share its name with one that does not; prefix the name with "=" to
+/// select the assigning one.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
-/// The index of the event of that name in the class, or -1.
+/// The index of the event in the class, or -1.
 std::int32_t FindEvent(const ClassRecord& record, const String& name);
 
-/// The property of that name in the class or an ancestor, matched without regard to case; nil for
-/// none. The derived class comes first.
+/// The property of that name, ignoring the case of ASCII letters; nil if there is none. A property
+/// of a derived class hides one of its base.
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name);
 
 }  // namespace veldrin

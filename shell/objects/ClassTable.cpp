@@ -21,7 +21,7 @@ MethodRow detail::rowOf(const ClassRecord& record, const String& name, const Str
   const auto isIt = [&](const MethodRow& row) {
     return row.slot >= 0 && row.name == name && row.signature == signature;
   };
-  // From the derived to the base.
+  // Backwards, so that the newest override is found.
   const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
   if (row == record.methodRows.rend()) fault(record, "operation", name, signature);
   return *row;

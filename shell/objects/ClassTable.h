@@ -19,14 +19,13 @@ namespace veldrin {
 
 namespace detail {
 
-/// The row of the virtual operation as the class has it now, however often bases have overridden
-/// it. A table without one is a fault of the build: throws `FatalFault`.
+/// The newest row of a virtual method. Throws `FatalFault` if the class has no such method.
 MethodRow rowOf(const ClassRecord& record, const String& name, const String& signature);
 
-/// The row of an event that the class has. Throws `FatalFault` likewise.
+/// The row of an event. Throws `FatalFault` if the class has no such event.
 EventRow& eventRowOf(ClassRecord& record, const String& name, const String& signature);
 
-/// A property object: a field that is read and written by calling it.
+/// A field that is read and written by calling it, such as `Live`.
 template <class Field>
 concept PropertyObject = requires(Field& field, const typename Field::Type& value) {
   { std::as_const(field)() } -> std::same_as<typename Field::Type>;
@@ -35,9 +34,8 @@ concept PropertyObject = requires(Field& field, const typename Field::Type& valu
 
 }  // namespace detail
 
-/// Writes the rows of the class `Self` into its record. Each call is one row, and the rows stand in
-/// the order of the calls. Types, signatures and thunks are derived from the C++ types; a type
-/// without a code does not compile.
+/// Fills the record of class `Self`: one call per row, in row order. Signatures, type codes and
+/// thunks are deduced from the C++ types. A type without a type code does not compile.
 ///
 ///     void CheckBox::fillTable(ClassTable<CheckBox>& table) {
 ///       table.event(Events::Action);
@@ -49,26 +47,25 @@ class ClassTable {
  public:
   explicit ClassTable(ClassRecord& record) : record_(record) {}
 
-  /// The attributes of the class itself.
   void attributes(std::span<const AttributeRow> rows) { record_.attributeRows = rows; }
 
-  /// A virtual operation: a row, and a slot behind those that there are. With `extraFlags`, one of
-  /// a special form.
+  /// A virtual method: adds a row and a slot of the virtual table. `extraFlags`: `Flags::Assigns`,
+  /// `Flags::VariableArguments`.
   template <auto Method>
   void method(const String& name, const Visibility& visibility = Public,
               std::uint32_t extraFlags = 0) {
     plainMethod<Method>(name, visibility, extraFlags);
-    giveSlot(record_.methodRows.back());
+    addSlot(record_.methodRows.back());
   }
 
-  /// A virtual operation with a slot and no row: one that takes what no type code names.
+  /// A virtual method with a slot but no row, for parameter types that have no type code.
   template <auto Method>
   void slot() {
     record_.virtualTable.push_back(own<Method>());
   }
 
-  /// A virtual operation that takes the place of the base's of the same name and signature, and has
-  /// its special form. Throws `FatalFault` where the base has no such operation.
+  /// Overrides the virtual method of the base with the same name and signature, and keeps its
+  /// `extraFlags`. Throws `FatalFault` if the base has no such method.
   template <auto Method>
   void overriding(const String& name, const Visibility& visibility = Public) {
     constexpr std::uint32_t Forms = Flags::Assigns | Flags::VariableArguments;
@@ -78,7 +75,7 @@ class ClassTable {
     record_.virtualTable[static_cast<std::size_t>(old.slot)] = own<Method>();
   }
 
-  /// A method with a row and no slot. With `extraFlags`, one of a special form.
+  /// A non-virtual method: a row without a slot. `extraFlags` as for `method`.
   template <auto Method>
   void plainMethod(const String& name, const Visibility& visibility = Public,
                    std::uint32_t extraFlags = 0) {
@@ -86,7 +83,7 @@ class ClassTable {
               ShapeOf<Method>::signature(), own<Method>(), ShapeOf<Method>::Invoke);
   }
 
-  /// A shared method: one that is called with no object.
+  /// A shared method, called without an object.
   template <auto Method>
   void sharedMethod(const String& name, const Visibility& visibility = Public) {
     using Shape = SharedShapeOf<Method>;
@@ -94,8 +91,8 @@ class ClassTable {
               Shape::signature(), sharedFunctionOf<Method>(), Shape::InvokeShared);
   }
 
-  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`. Where the field is a property
-  /// object, which does more than to store, the property is a computed one.
+  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`. A field that is a
+  /// `PropertyObject` makes a computed property.
   template <auto Field>
   void property(const String& name, const Visibility& visibility = Public) {
     if constexpr (detail::PropertyObject<TypeOf<Field>>) {
@@ -106,29 +103,29 @@ class ClassTable {
     }
   }
 
-  /// A stored property that is read only.
+  /// A read-only stored property.
   template <auto Field>
   void readOnlyField(const String& name, const Visibility& visibility = Public) {
     using Access = PropertyAccess<TypeOf<Field>>;
     addProperty<Access>(name, visibility, offsetOf(Field), Access::getter(), nullptr);
   }
 
-  /// A computed property by its two accessors, which overload one name. Each is one function: the
-  /// property's row, the method's row and a slot, where there is one, have the same.
+  /// A computed property with two overloaded accessors. Adds the property row and the method rows
+  /// `name.Get` and `name.Set`.
   template <class Type, Type (Self::*Get)() const, void (Self::*Set)(Type)>
   void property(const String& name, const Visibility& visibility = Public) {
     computed<Type, Get, Set>(name, visibility);
   }
 
-  /// A computed property whose two accessors are virtual operations.
+  /// A computed property whose accessors are virtual methods.
   template <class Type, Type (Self::*Get)() const, void (Self::*Set)(Type)>
   void virtualProperty(const String& name) {
     property<Type, Get, Set>(name);
-    giveSlot(record_.methodRows.end()[-2]);
-    giveSlot(record_.methodRows.end()[-1]);
+    addSlot(record_.methodRows.end()[-2]);
+    addSlot(record_.methodRows.end()[-1]);
   }
 
-  /// A computed property that is read only, where the class has no overload for writing.
+  /// A read-only computed property.
   template <auto Get>
   void readOnlyProperty(const String& name, const Visibility& visibility = Public) {
     using Type = detail::Plain<decltype((std::declval<Self&>().*Get)())>;
@@ -137,7 +134,7 @@ class ClassTable {
     plainMethod<getter<Get, Type>>(name + ".Get"_s, PublicHidden);
   }
 
-  /// A shared property with storage: a static variable, as in
+  /// A shared property, stored in a static variable:
   /// `sharedProperty<&ArrayInfo::mArrayMap>("mArrayMap"_s, Private)`.
   template <auto Variable>
   void sharedProperty(const String& name, const Visibility& visibility = Public) {
@@ -146,7 +143,7 @@ class ClassTable {
                             sharedFunctionOf<sharedSetter<Variable, Type>>());
   }
 
-  /// A computed shared property by its two accessors, which are static functions.
+  /// A computed shared property; its accessors are static functions.
   template <class Type, Type (*Get)(), void (*Set)(Type)>
   void sharedProperty(const String& name, const Visibility& visibility = Public) {
     addSharedProperty<Type>(name, visibility, sharedFunctionOf<Get>(), sharedFunctionOf<Set>());
@@ -154,14 +151,14 @@ class ClassTable {
     sharedMethod<Set>(name + ".Set"_s, PublicHidden);
   }
 
-  /// Declares events that this class's objects raise, in this order.
+  /// Declares events of the class, in this order.
   template <class... Signatures>
   void event(const Event<Signatures>&... declared) {
     (record_.eventRows.push_back({declared.name(), declared.signature(), nullptr}), ...);
   }
 
-  /// Binds a method to an event that the class or an ancestor declares. Throws `FatalFault` where
-  /// neither does.
+  /// Makes a method the handler of an event of the class or a base. Throws `FatalFault` if neither
+  /// declares it.
   template <auto Method, class Signature>
   void handles(const Event<Signature>& event) {
     static_assert(std::same_as<ShapeOf<Method>, typename Event<Signature>::Shape>,
@@ -169,7 +166,7 @@ class ClassTable {
     detail::eventRowOf(record_, event.name(), event.signature()).handler = own<Method>();
   }
 
-  /// Implements an interface by its operations, in the interface's order.
+  /// Implements an interface; `Operations` in the order of the interface.
   template <class Interface, auto... Operations>
   void implements() {
     static_assert(std::same_as<typename Interface::Operations, std::tuple<ShapeOf<Operations>...>>,
@@ -181,7 +178,7 @@ class ClassTable {
   template <auto Field>
   using TypeOf = std::remove_cvref_t<decltype(std::declval<Self&>().*Field)>;
 
-  /// The function of a method of this class or a base.
+  /// The function of a method that `Self` declares or inherits.
   template <auto Method>
   static Function own() {
     using Declaring = typename detail::Member<decltype(Method)>::Declaring;
@@ -189,8 +186,7 @@ class ClassTable {
     return functionOf<Method>();
   }
 
-  /// A slot of its own for the operation of the row, behind those that there are.
-  void giveSlot(MethodRow& row) {
+  void addSlot(MethodRow& row) {
     row.slot = static_cast<std::int32_t>(record_.virtualTable.size());
     record_.virtualTable.push_back(row.function);
   }
@@ -215,7 +211,7 @@ class ClassTable {
     *Variable = value;
   }
 
-  /// Where the field lies from the object's start, which is what a pointer to a member holds.
+  /// In the ABIs of GCC and Clang, a pointer to a data member holds the offset.
   template <class Class, class Type>
   static std::int32_t offsetOf(Type Class::*field) {
     return static_cast<std::int32_t>(

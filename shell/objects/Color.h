@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// A colour by its red, green and blue, 0 to 255 each.
+/// An RGB colour, 0 to 255 each.
 struct Color {
   std::uint8_t red = 0;
   std::uint8_t green = 0;

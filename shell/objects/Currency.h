@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// An amount of money, in ten-thousandths of its unit.
+/// An amount of money. No class table uses this type; see docs/names.md.
 struct Currency {
   std::int64_t tenThousandths = 0;
 

@@ -17,13 +17,13 @@ void Delegate::require(Invoking invoking) const {
 
 void Delegate::Invoke() {
   require(&Delegate::Invoke);
-  const Ref<Delegate> held(this);  // the target may give it up
+  const Ref<Delegate> held(this);  // the target may release this delegate
   target_();
 }
 
 void Delegate::IM_Invoke() {
   require(&Delegate::IM_Invoke);
-  const Ref<Delegate> held(this);  // the target may give it up
+  const Ref<Delegate> held(this);  // the target may release this delegate
   reinterpret_cast<void (*)(Object*)>(target_)(boundObject_.get());
 }
 

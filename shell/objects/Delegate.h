@@ -4,25 +4,26 @@
 
 namespace veldrin {
 
-/// A callable: a function without parameters or result, and the object that it is bound to, or nil.
+/// A function without result or own parameters, and the object it is bound to (or nil).
 class Delegate final : public Described<Delegate, Object> {
  public:
   static constexpr FixedString FullName = "Delegate";
   static void fillTable(ClassTable<Delegate>& table);
 
-  /// How a delegate calls its target: `Invoke` or `IM_Invoke`.
+  /// The way to call the target: `Invoke` or `IM_Invoke`.
   using Invoking = void (Delegate::*)();
 
-  /// Calls the target without arguments. Raises `FunctionNotFoundException` where there is none,
-  /// `TypeMismatchException` for a delegate that was made for the other way of calling, and
-  /// `StackOverflowException` where delegates call each other without end; so does the other.
+  /// Calls the target without arguments. Both this and `IM_Invoke` raise
+  /// `FunctionNotFoundException` if there is no target, `TypeMismatchException` if the delegate was
+  /// made for the other way of calling, and `StackOverflowException` if delegates call each other
+  /// endlessly.
   void Invoke();
-  /// Calls the target with the bound object as its one argument.
+  /// Calls the target with the bound object as its only argument.
   void IM_Invoke();
-  /// Calls the target in the way that the delegate was made for.
+  /// Calls the target in the way the delegate was made for.
   void call() { (this->*invoking_)(); }
 
-  /// The target function, a `void (*)()` or a `void (*)(Object*)` by the way of calling.
+  /// The target: a `void (*)()` for `Invoke`, a `void (*)(Object*)` for `IM_Invoke`.
   [[nodiscard]] Function target() const { return target_; }
 
  private:
@@ -37,12 +38,12 @@ class Delegate final : public Described<Delegate, Object> {
   Ref<Object> boundObject_;
 };
 
-/// A delegate of the target. Every delegate of the program has the signature "(  )"; any other
-/// raises `UnsupportedFormatException`.
+/// Creates a delegate. Raises `UnsupportedFormatException` unless the signature is
+/// `DelegateSignature`.
 Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoker, Function target,
                                     const Ref<Object>& boundObject, const String& signature);
 
-/// The signature of a function without parameters or result, as delegates write it.
+/// The delegate signature of a function without parameters or result.
 inline constexpr StringConstant DelegateSignature = "(  )"_ascii;
 
 }  // namespace veldrin

@@ -3,7 +3,6 @@
 #include <concepts>
 #include <cstdint>
 #include <memory>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -23,8 +22,8 @@ struct MemberPointer<Type Class::*> {
   using Declared = Type;
 };
 
-/// The step as a record keeps it, or nil where `Self` does not declare it but a base does. One that
-/// is private or overloaded has no address here, and does not compile.
+/// The hook as stored in a record; nil if `Self` only inherits it. A private or overloaded hook
+/// does not compile.
 template <class Self, auto Step>
 LifeStep lifeStepOf() {
   using Pointer = MemberPointer<decltype(Step)>;
@@ -39,7 +38,7 @@ LifeStep lifeStepOf() {
   return nullptr;
 }
 
-/// Lets `Self` fill its table where it declares how; that of a base has filled the base's.
+/// Calls `Self::fillTable` unless it is inherited, because then the base has called it already.
 template <class Self, auto Fill, auto FillOfBase>
 void fillTable(ClassRecord& record) {
   if constexpr (std::same_as<decltype(Fill), void (*)(ClassTable<Self>&)>) {
@@ -55,30 +54,31 @@ void fillTable(ClassRecord& record) {
 
 }  // namespace detail
 
-/// Gives the class `Self` its record. A class of the system derives from this in place of its base:
+/// Provides the `ClassRecord` of class `Self`. A framework class derives from this instead of from
+/// its base directly:
 ///
 ///     class CheckBox final : public Described<CheckBox, RectControl> {
 ///      public:
 ///       static constexpr FixedString FullName = "CheckBox";
 ///
-/// and declares, where it has them, `static void fillTable(ClassTable<CheckBox>&)` for its rows and
-/// the steps `void __Init()`, `void Destructor()` and `void __Exit()` of its objects' life, all of
-/// them public. One of these that is private, `noexcept` or of another type does not compile.
+/// `Self` may declare `static void fillTable(ClassTable<CheckBox>&)` for its rows, and the hooks
+/// `void __Init()`, `void Destructor()` and `void __Exit()`. They must be public, not `noexcept`,
+/// and of exactly these types; anything else does not compile.
 template <class Self, class Base>
 class Described : public Base {
  public:
-  /// The class's global: nil until the class has been built.
+  /// Nil until the class has been built.
   static inline ClassRecord* __ctbl = nullptr;
 
-  /// The record, built now if nobody needed it before. Never nil.
+  /// The record, built on first use. Never nil.
   static ClassRecord* __Lookup() {
     if (__ctbl == nullptr) __ctblinit();
     return __ctbl;
   }
 
-  /// Builds the record, its base's first; does nothing the second time. Raises
-  /// `StackOverflowException` where the bases go too deep, and throws `FatalFault` where the table
-  /// overrides or binds what there is not.
+  /// Builds the record, after the records of its bases; does nothing if it exists. Raises
+  /// `StackOverflowException` if there are too many levels of bases. Throws `FatalFault` if the
+  /// table overrides a method or binds an event that does not exist.
   static void __ctblinit();
 
   [[nodiscard]] ClassRecord* classRecord() const override { return __Lookup(); }
@@ -100,7 +100,7 @@ void Described<Self, Base>::__ctblinit() {
   try {
     describe(*__ctbl);
   } catch (...) {
-    // What is half built is found by nobody; the next need builds it anew.
+    // Remove the incomplete record; the next use builds a new one.
     RuntimeDropClass(std::exchange(__ctbl, nullptr));
     throw;
   }
@@ -119,7 +119,7 @@ void Described<Self, Base>::describe(ClassRecord& record) {
   detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(record);
 }
 
-/// Gives an interface its record: a name and the mark of an interface, and nothing else.
+/// Provides the record of an interface, which holds only its name.
 ///
 ///     struct Writeable : DescribedInterface<Writeable> {
 ///       static constexpr FixedString FullName = "Writeable";
@@ -127,19 +127,19 @@ void Described<Self, Base>::describe(ClassRecord& record) {
 ///                                     MethodShape<bool>>;
 ///     };
 ///
-/// `Operations` are the shapes of the interface's operations in their order.
+/// `Operations` are the shapes of its operations, in order.
 template <class Self>
 struct DescribedInterface {
-  /// As that of a class.
+  /// Nil until the record has been built.
   static inline ClassRecord* __ctbl = nullptr;
 
-  /// The record, built now if nobody needed it before. Never nil.
+  /// The record, built on first use. Never nil.
   static ClassRecord* __Lookup() {
     if (__ctbl == nullptr) __ctblinit();
     return __ctbl;
   }
 
-  /// Builds the record; does nothing the second time.
+  /// Builds the record; does nothing if it exists.
   static void __ctblinit() {
     RuntimeStackCheck();
     if (__ctbl != nullptr) return;

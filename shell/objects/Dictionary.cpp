@@ -45,7 +45,7 @@ Variant Dictionary::Value(const Variant& key) const {
 }
 
 void Dictionary::Value(const Variant& key, const Variant& value) {
-  // The old value goes last: its end may ask this very dictionary something.
+  // Release the old value last: its destructor may use this dictionary.
   const Variant old = std::exchange(entries_[key], value);
 }
 
@@ -59,7 +59,7 @@ Variant Dictionary::Lookup(const Variant& key, const Variant& otherwise) const {
 }
 
 void Dictionary::Remove(const Variant& key) {
-  // As above: the value goes when the entry has gone.
+  // Extract, then release, for the same reason.
   if (entries_.extract(key).empty()) Raise<KeyNotFoundException>();
 }
 

@@ -7,16 +7,15 @@
 
 namespace veldrin {
 
-/// Two values that belong together.
+/// Two values.
 class Pair final : public Described<Pair, Object> {
  public:
   static constexpr FixedString FullName = "Pair";
   static void fillTable(ClassTable<Pair>& table);
 
-  /// The two values, nil before `Constructor` has run.
+  /// Nil before `Constructor` has run.
   [[nodiscard]] Variant Left() const { return left_; }
   [[nodiscard]] Variant Right() const { return right_; }
-  /// Takes the two values.
   void Constructor(const Variant& left, const Variant& right);
 
  private:
@@ -24,31 +23,28 @@ class Pair final : public Described<Pair, Object> {
   Variant right_;
 };
 
-/// A map from values to values. Texts are told apart letter by letter, numbers by type and value,
-/// objects by identity. The order of the keys is not fixed.
+/// A map of variants, in no particular order. Keys: texts compare by bytes, numbers by type and
+/// value, objects by identity.
 class Dictionary final : public Described<Dictionary, Object> {
  public:
   static constexpr FixedString FullName = "Dictionary";
   static void fillTable(ClassTable<Dictionary>& table);
 
-  /// Fills a new dictionary with the pairs, the left values the keys.
+  /// Adds the pairs; the left values are the keys.
   void Constructor(const Ref<Array<Ref<Pair>>>& pairs);
 
-  /// The value of a key. Raises `KeyNotFoundException` where there is none.
+  /// The value of a key. Raises `KeyNotFoundException` if the key is absent.
   [[nodiscard]] Variant Value(const Variant& key) const;
-  /// Sets the value of a key.
   void Value(const Variant& key, const Variant& value);
-  /// The value of a key, or the default.
+  /// The value of a key, or `otherwise` if the key is absent.
   [[nodiscard]] Variant Lookup(const Variant& key, const Variant& otherwise) const;
-  /// Whether there is a value of the key, be it nil.
+  /// Whether the key is present, even with a nil value.
   [[nodiscard]] bool HasKey(const Variant& key) const { return entries_.contains(key); }
-  /// Takes a key away. Raises `KeyNotFoundException` where there is none.
+  /// Removes a key. Raises `KeyNotFoundException` if the key is absent.
   void Remove(const Variant& key);
-  /// Takes all keys away.
   void Clear();
-  /// The number of keys.
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
-  /// A new array with all keys, and one with all values in the same order.
+  /// New arrays with all keys, and with all values in the order of the keys.
   [[nodiscard]] Ref<Array<Variant>> Keys() const;
   [[nodiscard]] Ref<Array<Variant>> Values() const;
 

@@ -7,6 +7,20 @@
 #include "shell/objects/NewArray.h"
 
 namespace veldrin {
+namespace {
+
+template <class... Exceptions>
+void build() {
+  (Exceptions::__ctblinit(), ...);
+}
+
+Ref<RuntimeException> outOfMemory;
+
+void raiseOutOfMemory() {
+  throw RaisedOutOfMemory(outOfMemory);
+}
+
+}  // namespace
 
 void RuntimeException::fillTable(ClassTable<RuntimeException>& table) {
   table.method<&RuntimeException::Stack>("Stack"_s);
@@ -17,15 +31,6 @@ void RuntimeException::fillTable(ClassTable<RuntimeException>& table) {
 void ObjCException::fillTable(ClassTable<ObjCException>& table) {
   table.property<&ObjCException::handle>("handle"_s);
 }
-
-namespace {
-
-template <class... Exceptions>
-void build() {
-  (Exceptions::__ctblinit(), ...);
-}
-
-}  // namespace
 
 void buildExceptionClasses() {
   build<RuntimeException, NilObjectException, IllegalCastException, IOException, EndException,
@@ -40,16 +45,6 @@ Ref<Array<String>> RuntimeException::Stack() const {
   for (const std::string& name : calls_.names()) names.emplace_back(name);
   return newArray(std::move(names));
 }
-
-namespace {
-
-Ref<RuntimeException> outOfMemory;
-
-void raiseOutOfMemory() {
-  throw RaisedOutOfMemory(outOfMemory);
-}
-
-}  // namespace
 
 OutOfMemoryRaiser::OutOfMemoryRaiser() {
   outOfMemory = New<OutOfMemoryException>();
@@ -66,7 +61,7 @@ void RaiseNilObjectException() {
 }
 
 void RuntimeRaiseException(Ref<RuntimeException> exception) {
-  exception->calls_.take();
+  exception->calls_.capture();
   throw Raised{std::move(exception)};
 }
 

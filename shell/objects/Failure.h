@@ -14,33 +14,32 @@ namespace veldrin {
 
 class RuntimeException;
 
-/// Raises the exception, and notes in it the calls that it comes from. A nil one is a
+/// Raises the exception and records the call stack in it. A nil argument raises
 /// `NilObjectException`.
 [[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
 
-/// The root of the family of exception objects. Whoever raises one sets at most `ErrorNumber`; the
-/// words that a person reads come from the report of an exception that nothing caught.
+/// The base class of all exception objects. The program sets `ErrorNumber` at most; the report of
+/// an uncaught exception writes the text for the user.
 class RuntimeException : public Described<RuntimeException, Object> {
  public:
   static constexpr FixedString FullName = "RuntimeException";
   static void fillTable(ClassTable<RuntimeException>& table);
 
-  /// `RuntimeExceptionInitializer`: no message, no number.
+  /// The framework name is `RuntimeExceptionInitializer`.
   void __Init() { ErrorNumber = 0; }
-  /// `RuntimeExceptionFinalizer`: gives up the texts.
+  /// The framework name is `RuntimeExceptionFinalizer`.
   void __Exit() {
     Message = String();
     incompleteFile = String();
   }
 
-  /// A new array with the calls in which it was raised, the innermost first, up to 30: names of
-  /// functions where the program has them, else places as in "veldrin+0x1f40". Empty for one that
-  /// has not been raised, and for the one of exhausted memory.
+  /// The call stack at the raise, as of `CallStack::names()`, in a new array. Empty if the
+  /// exception was not raised, or was raised by `OutOfMemoryRaiser`.
   [[nodiscard]] Ref<Array<String>> Stack() const;
 
   String Message;
-  std::int32_t ErrorNumber = 0;  ///< of a failed file operation: the host's `errno`
-  String incompleteFile;  ///< the path of the file whose writing it has ended, for the report
+  std::int32_t ErrorNumber = 0;  ///< `errno` of a failed file operation, else 0
+  String incompleteFile;         ///< path of the file that this exception left incomplete
 
  private:
   friend void RuntimeRaiseException(Ref<RuntimeException> exception);
@@ -48,13 +47,15 @@ class RuntimeException : public Described<RuntimeException, Object> {
   CallStack calls_;
 };
 
-/// A child of the family: told apart by its class alone, it adds nothing.
+/// A derived exception class that adds no members.
 template <FixedString Name>
 class ExceptionOf final : public Described<ExceptionOf<Name>, RuntimeException> {
  public:
   static constexpr FixedString FullName = Name;
 };
 
+// Nothing in Veldrin raises `ServiceNotAvailableException`, `ThreadEndException`,
+// `ThreadAlreadyRunningException` or `InvalidParentException`; see docs/names.md.
 using NilObjectException = ExceptionOf<"NilObjectException">;
 using IllegalCastException = ExceptionOf<"IllegalCastException">;
 using IOException = ExceptionOf<"IOException">;
@@ -71,35 +72,33 @@ using ThreadEndException = ExceptionOf<"ThreadEndException">;
 using ThreadAlreadyRunningException = ExceptionOf<"ThreadAlreadyRunningException">;
 using InvalidParentException = ExceptionOf<"InvalidParentException">;
 
-/// The child for an exception of a foreign runtime, of which it holds the handle.
+/// Wraps an exception of a foreign runtime. Nothing in Veldrin raises it; see docs/names.md.
 class ObjCException final : public Described<ObjCException, RuntimeException> {
  public:
   static constexpr FixedString FullName = "ObjCException";
   static void fillTable(ClassTable<ObjCException>& table);
 
-  /// Lets go of the handle, which is not counted.
+  /// The handle is not reference-counted, so it is only cleared.
   void __Exit() { handle = nullptr; }
 
   void* handle = nullptr;
 };
 
-/// Builds the classes of the whole family.
+/// Builds all exception classes.
 void buildExceptionClasses();
 
-/// The one C++ exception in which an exception object travels. Frames on the way give up what they
-/// hold by their destructors; who catches it owns the object's count.
+/// The C++ exception that carries an exception object.
 struct Raised {
   Ref<RuntimeException> exception;
 };
 
-/// The same for exhausted memory. The library lets what finds memory for it throw this and no
-/// other, so it is a `std::bad_alloc` as well.
+/// Also a `std::bad_alloc`, because the C++ standard allows a new-handler to throw only that.
 struct RaisedOutOfMemory : Raised, std::bad_alloc {
   explicit RaisedOutOfMemory(Ref<RuntimeException> raised) : Raised{std::move(raised)} {}
 };
 
-/// While one of these lives, memory that cannot be had raises `OutOfMemoryException`, whoever in
-/// the process asks for it. The exception object has been made ahead, because then it could not be.
+/// During its lifetime, a failed allocation anywhere in the process raises `OutOfMemoryException`.
+/// It creates the exception object in advance, while there is memory.
 class OutOfMemoryRaiser {
  public:
   OutOfMemoryRaiser();
@@ -111,17 +110,18 @@ class OutOfMemoryRaiser {
   std::new_handler before_;
 };
 
-/// An error in the program itself, such as a table that does not match its base. No handler catches
-/// it; it is reported and the run ends.
+/// A bug in Veldrin, such as a class table that does not match its base. It is never handled: it is
+/// reported, then Veldrin exits.
 class FatalFault : public std::logic_error {
  public:
   using std::logic_error::logic_error;
 };
 
-/// Goes on raising an exception that a frame has taken; nil likewise.
+/// Raises a caught exception again and keeps its call stack. A nil argument raises
+/// `NilObjectException`. Nothing in Veldrin calls it; see docs/names.md.
 [[noreturn]] void RuntimeReraiseException(Ref<RuntimeException> exception);
 
-/// Makes an exception of the class and raises it.
+/// Creates an exception object and raises it.
 template <class Exception>
 [[noreturn]] void Raise(std::int32_t errorNumber = 0) {
   const Ref<Exception> exception = New<Exception>();

@@ -13,7 +13,7 @@ namespace veldrin {
 
 namespace detail {
 
-/// How a plain type is handed to a function: what is cheap to copy by value, the rest by reference.
+/// How an argument is passed: trivially copyable types by value, others by const reference.
 template <class T>
 using Handed =
     std::conditional_t<std::is_reference_v<T> || std::is_trivially_copyable_v<T>, T, const T&>;
@@ -22,18 +22,18 @@ using Handed =
 
 }  // namespace detail
 
-/// All methods of one signature: the type that their functions have once the object is an argument,
-/// and the one thunk that calls them. `Result` and `Parameters` are plain types.
+/// All methods of one signature: their function type and the thunk that calls them. `Result` and
+/// `Parameters` are `detail::Plain` types.
 template <class Result, class... Parameters>
 struct MethodShape {
-  /// The function of a method, and that of a shared one.
+  /// The function of a method, and of a shared method.
   using Call = Result (*)(Object* object, detail::Handed<Parameters>... arguments);
   using SharedCall = Result (*)(detail::Handed<Parameters>... arguments);
 
-  /// As rows and delegates keep it, without the object: "%i4%s" takes a text and gives an integer.
+  /// As stored in rows, without the object: "%i4%s" takes a text and returns an integer.
   static constexpr StringConstant signature() { return signatureOf<Result, Parameters...>(); }
 
-  /// `Introspection.Invoke` of this signature.
+  /// The `Invoker` for methods.
   static Variant Invoke(Function function, Object* object, VariantArray* arguments) {
     if (object == nullptr) RaiseNilObjectException();
     return apply(arguments, [&](auto&... values) -> Result {
@@ -41,7 +41,7 @@ struct MethodShape {
     });
   }
 
-  /// `Introspection.InvokeShared` of this signature.
+  /// The `Invoker` for shared methods.
   static Variant InvokeShared(Function function, Object* /*object*/, VariantArray* arguments) {
     return apply(arguments, [&](auto&... values) -> Result {
       return reinterpret_cast<SharedCall>(function)(values...);
@@ -59,23 +59,23 @@ struct MethodShape {
   template <class Calling, std::size_t... Index>
   static Variant applyInOrder(VariantArray& arguments, const Calling& calling,
                               std::index_sequence<Index...> /*order*/) {
-    // The braces convert from the first to the last, all of them before the call.
+    // Braced initialisation converts the arguments from first to last, all before the call.
     [[maybe_unused]] std::tuple<std::remove_reference_t<Parameters>...> values{
         fromVariant<std::remove_reference_t<Parameters>>(arguments[Index])...};
     if constexpr (std::is_void_v<Result>) {
       calling(std::get<Index>(values)...);
-      (giveBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
+      (writeBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
       return {};
     } else {
       Variant result(calling(std::get<Index>(values)...));
-      (giveBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
+      (writeBack<Parameters>(arguments, Index, std::get<Index>(values)), ...);
       return result;
     }
   }
 
   template <class Parameter, class Value>
-  static void giveBack(VariantArray& arguments, std::size_t place, Value& value) {
-    // What was called may have changed the array itself.
+  static void writeBack(VariantArray& arguments, std::size_t place, Value& value) {
+    // The called method may have shortened the array.
     if constexpr (std::is_reference_v<Parameter>) {
       if (place < arguments.size()) arguments[place] = Variant(std::move(value));
     }
@@ -92,9 +92,9 @@ struct Member<Result (Class::*)(Parameters...)> {
   using Declaring = Class;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
-  /// The member as a function with the object as its first argument. Every call of a method through
-  /// a table comes by here: as a handler, a delegate's target, a virtual operation or by
-  /// description. So this is where the stack is checked, and no method's body has to.
+  /// The member as a function with the object as its first argument. Every call through a table
+  /// passes here: event handlers, delegates, virtual methods, reflection. So the stack is checked
+  /// here and not in each method.
   template <auto Method>
   static Plain<Result> call(Object* object, Handed<Plain<Parameters>>... arguments) {
     RuntimeStackCheck();
@@ -113,7 +113,7 @@ template <class Class, class Result, class... Parameters>
 struct Member<Result (Class::*)(Parameters...) const noexcept>
     : Member<Result (Class::*)(Parameters...)> {};
 
-/// A function that takes the object as its first argument already.
+/// A function whose first parameter already is the object.
 template <class Result, class... Parameters>
 struct Member<Result (*)(Object*, Parameters...)> {
   using Declaring = Object;
@@ -142,18 +142,16 @@ struct SharedFunction<Result (*)(Parameters...)> {
 
 }  // namespace detail
 
-/// The function of a method, with the object as its first argument, without its type. It is the
-/// same for the same method wherever it stands.
+/// The type-erased function of a method; its first argument is the object. Each method has one.
 template <auto Method>
 Function functionOf() {
   return reinterpret_cast<Function>(&detail::Member<decltype(Method)>::template call<Method>);
 }
 
-/// The shape of a method.
 template <auto Method>
 using ShapeOf = typename detail::Member<decltype(Method)>::Shape;
 
-/// The function of a shared method, which has no object, and its shape.
+/// The same for a shared method, without the object argument.
 template <auto Method>
 Function sharedFunctionOf() {
   return reinterpret_cast<Function>(

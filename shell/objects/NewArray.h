@@ -9,7 +9,6 @@
 
 namespace veldrin {
 
-/// A new array of these elements.
 template <class T>
 Ref<Array<T>> newArray(std::vector<T> elements) {
   return Ref<Array<T>>::adopt(std::make_unique<Array<T>>(std::move(elements)).release());

@@ -12,8 +12,32 @@ namespace {
 
 std::int64_t liveObjects = 0;
 
-/// Far from 0 on both sides, so that a step of an object's end may lock and unlock the object.
-constexpr std::int32_t CountOfTheDying = std::numeric_limits<std::int32_t>::max() / 2;
+/// Far from 0 and from overflow, so that `Destructor` and `__Exit` may lock and unlock the object.
+constexpr std::int32_t CountDuringDestruction = std::numeric_limits<std::int32_t>::max() / 2;
+
+/// Objects whose destruction is postponed; nil until the first. Never destroyed, because objects
+/// may be released after static destructors have run.
+constinit std::vector<Object*>* waiting = nullptr;
+
+void runStep(LifeStep step, Object& object) noexcept {
+  if (step == nullptr) return;
+  try {
+    step(object);
+  } catch (...) {  // NOLINT(bugprone-empty-catch): no caller could handle it
+  }
+}
+
+/// Returns whether the destruction was postponed.
+bool postponeIfStackIsLow(Object* object) noexcept {
+  if (!RuntimeStackIsLow()) return false;
+  try {
+    if (waiting == nullptr) waiting = std::make_unique<std::vector<Object*>>().release();
+    waiting->push_back(object);
+    return true;
+  } catch (...) {
+    return false;  // out of memory: destroy the object now, in the stack reserve
+  }
+}
 
 }  // namespace
 
@@ -29,36 +53,9 @@ std::int64_t liveObjectCount() {
   return liveObjects;
 }
 
-namespace {
-
-/// Objects whose end waits for the stack to come back; nil until the first. Never destroyed,
-/// because objects may be released after static destructors have run.
-constinit std::vector<Object*>* waiting = nullptr;
-
-void runStep(LifeStep step, Object& object) noexcept {
-  if (step == nullptr) return;
-  try {
-    step(object);
-  } catch (...) {  // NOLINT(bugprone-empty-catch): there is no caller to pass it to
-  }
-}
-
-bool waits(Object* object) noexcept {
-  if (!RuntimeStackIsLow()) return false;
-  try {
-    if (waiting == nullptr) waiting = std::make_unique<std::vector<Object*>>().release();
-    waiting->push_back(object);
-    return true;
-  } catch (...) {
-    return false;  // without memory to note it down, the object is ended in the reserve
-  }
-}
-
-}  // namespace
-
 void destroyObject(Object* object) noexcept {
-  object->count_ = CountOfTheDying;
-  if (waits(object)) return;
+  object->count_ = CountDuringDestruction;
+  if (postponeIfStackIsLow(object)) return;
   endObject(object);
   endObjectsThatWait();
 }

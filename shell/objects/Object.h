@@ -11,29 +11,27 @@ struct ClassRecord;
 template <class Self>
 class ClassTable;
 
-/// The root of all classes. An object lives exactly as long as somebody holds a count of it: it
-/// starts with one, which belongs to whoever made it. The program has one thread, so the count is a
-/// plain integer.
+/// The root class. Objects are reference-counted; a new object has the count 1, owned by its
+/// creator. Not thread-safe: Veldrin has one thread.
 class Object {
  public:
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 
-  // NOLINTNEXTLINE(misc-new-delete-overloads): the delete below is the one that knows the size.
+  // NOLINTNEXTLINE(misc-new-delete-overloads): the matching delete is the sized one.
   static void* operator new(std::size_t size) { return takeBlock(size); }
   static void operator delete(void* object, std::size_t size) noexcept { giveBlock(object, size); }
 
-  /// The record of the object's class; nil only for the root, which has none.
+  /// The record of the object's class; nil for `Object` itself and for arrays.
   [[nodiscard]] virtual ClassRecord* classRecord() const { return nullptr; }
 
-  /// What a class may declare again for itself: rows for its table, and steps of its objects' life.
-  /// These do nothing and stand in no record.
+  /// Defaults for a class that does not declare its own; see `Described`.
   static void fillTable(ClassTable<Object>& /*table*/) {}
   void __Init() {}
   void Destructor() {}
   void __Exit() {}
 
-  /// The number of counts held, for tests.
+  /// For tests.
   [[nodiscard]] std::int32_t referenceCount() const { return count_; }
 
  protected:
@@ -49,29 +47,29 @@ class Object {
   std::int32_t count_ = 1;
 };
 
-/// How many objects exist at this moment; 0 when everything has been given up.
+/// The number of existing objects.
 std::int64_t liveObjectCount();
 
-/// Runs the object's `Destructor` and `__Exit`, class by class from the derived to the base, and
-/// frees it; only `RuntimeUnlockObject` calls it. What a step raises is dropped, since there is
-/// no caller to pass it to. Objects that hold each other in a chain of any length are freed without
-/// overflowing the stack: where it runs low, the next one waits until those in hand are done.
+/// Runs `Destructor` and `__Exit` of each class, derived class first, then frees the object. Only
+/// `RuntimeUnlockObject` calls it. Exceptions from the hooks are ignored, since no caller could
+/// handle them. If little stack is left, the destruction is postponed, so a long chain of objects
+/// cannot overflow the stack.
 void destroyObject(Object* object) noexcept;
 
-/// Ends the objects that wait, unless the stack is low still.
+/// Destroys the postponed objects, unless the stack is still low.
 void endObjectsThatWait() noexcept;
 
-/// Adds a count. Nil is allowed.
+/// Increments the count. Nil is allowed.
 inline void RuntimeLockObject(Object* object) noexcept {
   if (object != nullptr) ++object->count_;
 }
 
-/// Takes a count; at 0 the object is destroyed. Nil is allowed.
+/// Decrements the count and destroys the object at 0. Nil is allowed.
 inline void RuntimeUnlockObject(Object* object) noexcept {
   if (object != nullptr && --object->count_ == 0) destroyObject(object);
 }
 
-/// One assignment: locks the new value first, so that assigning a variable to itself is safe.
+/// Locks `added`, then unlocks `removed`, so self-assignment is safe.
 inline void RuntimeLockUnlockObjects(Object* added, Object* removed) noexcept {
   RuntimeLockObject(added);
   RuntimeUnlockObject(removed);

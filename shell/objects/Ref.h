@@ -8,11 +8,9 @@
 
 namespace veldrin {
 
-/// Makes a `NilObjectException` and raises it.
 [[noreturn]] void RaiseNilObjectException();
 
-/// A variable, field or result that holds one count of an object, or nil. Using nil as a receiver
-/// raises `NilObjectException`: this is the one place where that test stands.
+/// A counted reference to an object, or nil. Dereferencing nil raises `NilObjectException`.
 ///
 ///     Ref<Date> day = New<Date>();
 ///     day->Month(1);
@@ -22,9 +20,9 @@ class Ref {
   Ref() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): nil is a value of every reference.
   Ref(std::nullptr_t) {}
-  /// Shares an object that somebody else holds: adds a count.
+  /// Adds a count.
   explicit Ref(T* object) noexcept : object_(object) { RuntimeLockObject(object); }
-  /// Takes over the one count of a new object.
+  /// Takes over the count of a new object, without adding one.
   [[nodiscard]] static Ref adopt(T* object) noexcept {
     Ref taken;
     taken.object_ = object;
@@ -34,7 +32,7 @@ class Ref {
   Ref(const Ref& other) noexcept : object_(other.object_) { RuntimeLockObject(object_); }
   Ref(Ref&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <std::derived_from<T> U>
-  // NOLINTNEXTLINE(google-explicit-constructor): a derived object is one of its base.
+  // NOLINTNEXTLINE(google-explicit-constructor): converts to a base.
   Ref(Ref<U> other) noexcept : object_(other.release()) {}
   Ref& operator=(const Ref& other) noexcept {
     T* const old = std::exchange(object_, other.object_);
@@ -55,7 +53,7 @@ class Ref {
   }
   explicit operator bool() const { return object_ != nullptr; }
   [[nodiscard]] T* get() const { return object_; }
-  /// Hands the count to the caller and leaves nil.
+  /// Hands the count to the caller and becomes nil.
   [[nodiscard]] T* release() noexcept { return std::exchange(object_, nullptr); }
 
   template <class U>

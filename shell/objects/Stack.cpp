@@ -12,9 +12,8 @@
 namespace veldrin {
 namespace {
 
-/// The highest address of the stack that can be seen: the end of the environment's last text, since
-/// the texts lie above the first frame. A text that was set since then lies elsewhere and is passed
-/// over.
+/// The highest known address of the stack: the end of the last environment variable, since the OS
+/// puts the environment above the first frame. Variables set later lie on the heap and are skipped.
 std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
   std::uintptr_t top = frame;
   for (char** text = environ; text != nullptr && *text != nullptr; ++text) {
@@ -29,8 +28,7 @@ std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
 void measureStack() {
   rlimit limit{};
   if (getrlimit(RLIMIT_STACK, &limit) != 0) return;
-  // A stack without a limit still ends somewhere: what is far more than anything needs is the
-  // limit.
+  // An unlimited stack is treated as one of 256 MiB.
   constexpr rlim_t Ample = rlim_t{1} << 28;
   if (limit.rlim_cur == RLIM_INFINITY) limit.rlim_cur = Ample;
   const auto frame = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
@@ -39,7 +37,7 @@ void measureStack() {
 }
 
 void detail::raiseStackOverflow() {
-  // The exception is made within the reserve, where its class may have to be built first.
+  // Suspends the check: creating the exception uses the reserve and may build its class.
   struct Suspension {
     const std::uintptr_t limit = std::exchange(stackLimit, 0);
     ~Suspension() { stackLimit = limit; }

@@ -11,12 +11,12 @@
 namespace veldrin {
 namespace {
 
-/// The least room of a sum, in bytes of text.
-constexpr std::size_t ShortSum = 32;
+/// The minimum capacity of a concatenation, in bytes of text.
+constexpr std::size_t LeastCapacity = 32;
 
 constexpr std::size_t LargestAllocation = std::numeric_limits<std::int32_t>::max();
 
-/// Record and text block in one piece of memory, which starts at the record.
+/// One memory block: the record, then the text block.
 inline StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
   if (allocation > LargestAllocation) Raise<OutOfMemoryException>();
   auto* const memory = static_cast<char*>(takeBlock(sizeof(StringRecord) + allocation));
@@ -42,8 +42,8 @@ String detail::addToNew(const String& left, const String& right) {
   if (tail.empty()) return left;
   if (left.isEmpty()) return right;
   const std::size_t length = left.view().size() + tail.size();
-  // Room for as much again, so that a sum of many terms is not copied once a term.
-  const std::size_t roomy = std::max(2 * length, ShortSum) + StringRecord::Overhead;
+  // Doubles the capacity, so that repeated appending copies rarely.
+  const std::size_t roomy = std::max(2 * length, LeastCapacity) + StringRecord::Overhead;
   const std::size_t allocation =
       roomy <= LargestAllocation ? roomy : length + StringRecord::Overhead;
   StringRecord* const sum =

@@ -15,7 +15,6 @@ constexpr std::size_t DataOffset = 4;
 constexpr std::size_t AllocationOffset = 8;
 constexpr std::size_t LengthOffset = 12;
 constexpr std::size_t EncodingOffset = 16;
-constexpr std::size_t TerminatorSize = 4;
 
 bool isKnownEncoding(std::uint32_t encoding) {
   return encoding == Encoding::UTF8 || encoding == Encoding::ASCII;
@@ -28,7 +27,8 @@ void putWord(std::vector<std::uint8_t>& image, std::size_t value) {
   }
 }
 
-/// Walks an image and throws the first damage; only `readStringImage` sees it.
+/// Reads an image and throws `StringImageDamage` at the first error; only `readStringImage` catches
+/// it.
 class Reader {
  public:
   Reader(std::span<const std::uint8_t> image, std::uint32_t address)
@@ -60,7 +60,7 @@ class Reader {
     return value;
   }
 
-  /// The records end where the first text block begins, and the first record tells where that is.
+  /// The first text block follows the last record, and the first record holds its address.
   [[nodiscard]] std::size_t recordCount() const {
     const std::uint32_t records = word(DataOffset) - address_;
     require(image_.size() <= std::numeric_limits<std::uint32_t>::max() - address_, DataOffset,
@@ -70,7 +70,7 @@ class Reader {
     return records / StringRecordSize;
   }
 
-  /// The string of the record at `record`, whose text block is the next one.
+  /// `record` is an offset; its text block must be the next one.
   String string(std::size_t record) {
     require(word(record + CountOffset) == 1, record + CountOffset, "a count other than 1");
     require(word(record + DataOffset) - address_ == block_, record + DataOffset,
@@ -85,7 +85,8 @@ class Reader {
     require(isKnownEncoding(encoding), record + EncodingOffset, "an unknown encoding");
     require(image_[block_] == lengthPrefix(length), block_, "a prefix other than the length");
     const std::size_t text = block_ + 1;
-    for (std::size_t zero = text + length; zero < text + length + TerminatorSize; ++zero) {
+    for (std::size_t zero = text + length; zero < text + length + StringRecord::TerminatorSize;
+         ++zero) {
       require(image_[zero] == 0, zero, "a terminator that is not zero");
     }
     block_ += length + StringRecord::Overhead;
@@ -94,7 +95,7 @@ class Reader {
 
   std::span<const std::uint8_t> image_;
   std::uint32_t address_;
-  std::size_t block_ = 0;  ///< where the next text block is due
+  std::size_t block_ = 0;  ///< offset of the next text block
 };
 
 }  // namespace
@@ -117,7 +118,7 @@ std::vector<std::uint8_t> writeStringImage(std::span<const String> strings, std:
     const std::string_view text = string.view();
     image.push_back(lengthPrefix(text.size()));
     image.insert(image.end(), text.begin(), text.end());
-    image.insert(image.end(), TerminatorSize, 0);
+    image.insert(image.end(), StringRecord::TerminatorSize, 0);
   }
   return image;
 }

@@ -15,12 +15,12 @@ namespace veldrin {
 
 class Variant;
 
-/// The full name of an enumeration, specialised beside each that stands in a class table.
+/// The full name of an enumeration. Specialise it for each enumeration used in a class table.
 template <class E>
 inline constexpr int EnumFullName = 0;
 
-/// The type code of a C++ type, worked out by the compiler: `TypeCode<double>::code` is "f8". A
-/// type that has none is one for which this does not compile.
+/// The type code of a C++ type: `TypeCode<double>::code` is "f8". A type without a code does not
+/// compile.
 template <class T>
 struct TypeCode;
 
@@ -87,8 +87,8 @@ struct TypeCode<E> {
 
 namespace detail {
 
-/// A parameter or a result as the tables know it: by value, or by reference where the method can
-/// write to it.
+/// A parameter or result type as the tables see it: a non-const reference stays, anything else
+/// becomes a value.
 template <class T>
 using Plain = std::conditional_t<std::is_lvalue_reference_v<T> &&
                                      !std::is_const_v<std::remove_reference_t<T>>,
@@ -112,7 +112,7 @@ constexpr auto resultCode() {
   }
 }
 
-/// Whether the codes name numbers and nothing else, and at least one.
+/// Whether the signature contains numeric codes only, at least one.
 constexpr bool holdsOnlyNumbers(std::string_view signature) {
   return signature.find_first_not_of("%&if0123456789") == std::string_view::npos &&
          signature.find_first_of("if") != std::string_view::npos;
@@ -120,14 +120,13 @@ constexpr bool holdsOnlyNumbers(std::string_view signature) {
 
 }  // namespace detail
 
-/// The signature of a method with these plain types, such as "%f8%i4i4i4f8".
+/// The signature of a method with these `Plain` types, such as "%f8%i4i4i4f8".
 template <class Result, class... Parameters>
 inline constexpr auto SignatureText = ((FixedString("%") + detail::resultCode<Result>() +
                                         FixedString("%")) +
                                        ... + detail::parameterCode<Parameters>());
 
-/// The signature as a constant text: of plain ASCII where it holds nothing but numbers, else of
-/// UTF-8.
+/// Encoded as ASCII if it contains numeric codes only, else as UTF-8.
 template <class Result, class... Parameters>
 constexpr StringConstant signatureOf() {
   constexpr auto Text = SignatureText<Result, Parameters...>;
@@ -136,7 +135,6 @@ constexpr StringConstant signatureOf() {
   return ConstantText<Text, Word>;
 }
 
-/// The type code as a constant text.
 template <class T>
 constexpr StringConstant typeCodeOf() {
   return ConstantText<TypeCode<T>::code>;

@@ -12,7 +12,7 @@ bool isLetter(char character) {
          character == '?';
 }
 
-/// A place in a text, which never leaves it.
+/// A position in a text; never passes the end.
 class Cursor {
  public:
   explicit Cursor(std::string_view text) : text_(text) {}
@@ -21,14 +21,14 @@ class Cursor {
   [[nodiscard]] std::string_view passed() const { return text_.substr(0, place_); }
   [[nodiscard]] std::string_view rest() const { return text_.substr(place_); }
 
-  /// Goes past the character if it stands here.
+  /// Skips the character if it is next.
   bool take(char character) {
     const bool here = !atEnd() && text_[place_] == character;
     if (here) ++place_;
     return here;
   }
 
-  /// Goes past one character, if there is one; a zero byte stands for none.
+  /// Returns and skips one character; a zero byte at the end.
   char takeAny() { return atEnd() ? '\0' : text_[place_++]; }
 
   std::string_view takeDigits() {
@@ -37,8 +37,7 @@ class Cursor {
     return text_.substr(start, place_ - start);
   }
 
-  /// Goes past a name's end from behind its first bracket; the text between them, or nothing where
-  /// the name never ends.
+  /// After "<": returns the name and skips its closing ">"; nullopt if that is missing.
   std::optional<std::string_view> takeName() {
     const std::size_t start = place_;
     for (std::size_t open = 1; !atEnd();) {

@@ -26,8 +26,8 @@ inline constexpr bool IsAlternative<T, std::variant<Alternatives...>> =
     (std::same_as<T, Alternatives> || ...);
 }  // namespace detail
 
-/// A value of any type that has a type code. Arrays and objects are held by a counted reference;
-/// nil stands for no value and for a nil reference alike. An enumeration is held as its number.
+/// A value of any type that has a type code. Arrays and objects are counted references; a nil
+/// reference becomes nil. An enumeration becomes its number.
 class Variant {
  public:
   using Storage =
@@ -38,7 +38,7 @@ class Variant {
   Variant() = default;
   template <class T>
   requires detail::IsAlternative<T, Storage>
-  // NOLINTNEXTLINE(google-explicit-constructor): every value is a variant.
+  // NOLINTNEXTLINE(google-explicit-constructor): every value converts.
   Variant(T value) : storage_(std::in_place_type<T>, std::move(value)) {}
   template <std::derived_from<Object> T>
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
@@ -52,28 +52,28 @@ class Variant {
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
   Variant(StringConstant text) : storage_(String(text)) {}
 
-  /// Whether it holds no value at all; a zero and an empty text are values.
+  /// Zero and an empty text are values, not nil.
   [[nodiscard]] bool isNil() const { return std::holds_alternative<std::monostate>(storage_); }
-  /// What it holds, for `std::visit`.
+  /// For `std::visit`.
   [[nodiscard]] const Storage& storage() const { return storage_; }
 
-  /// The held object, uncounted; nil where no object is held.
+  /// The held object, uncounted; nil if it holds none.
   [[nodiscard]] Object* object() const {
     const auto* const held = std::get_if<Ref<Object>>(&storage_);
     return held == nullptr ? nullptr : held->get();
   }
 
-  /// Equal are two values of one type; numbers of different types differ.
+  /// Values of different types differ, even equal numbers.
   bool operator==(const Variant& other) const { return storage_ == other.storage_; }
 
  private:
   Storage storage_;
 };
 
-/// The arguments of an invocation, which come back changed where a parameter is by reference.
+/// The arguments of a call; the call updates by-reference arguments.
 using VariantArray = std::vector<Variant>;
 
-/// What a dictionary tells keys apart by.
+/// Hash for dictionary keys.
 struct VariantHash {
   std::size_t operator()(const Variant& value) const;
 };
@@ -83,15 +83,15 @@ namespace detail {
 template <class T>
 concept Number = std::is_arithmetic_v<T> && !std::same_as<T, bool>;
 
-/// The number, if the type `To` holds it without loss: any integer that fits, a single as a
-/// double, an integer as a real that has it exactly. A real is never made an integer.
+/// Lossless conversion: an integer to any integer or real type that represents it exactly, a single
+/// to a double, but never a real to an integer. Otherwise nullopt.
 template <Number To, Number From>
 std::optional<To> widened(From value) {
   if constexpr (std::integral<To> && std::integral<From>) {
     if (!std::in_range<To>(value)) return std::nullopt;
     return static_cast<To>(value);
   } else if constexpr (std::integral<From>) {
-    // Beyond the digits of the mantissa only some integers are held; none of them is needed.
+    // Larger integers are exact only sometimes; they are rejected.
     constexpr std::int64_t Exact = std::int64_t{1} << std::numeric_limits<To>::digits;
     if (std::cmp_greater(value, Exact) || std::cmp_less(value, -Exact)) return std::nullopt;
     return static_cast<To>(value);
@@ -131,7 +131,7 @@ struct FromVariant<T> {
   }
 };
 
-/// The types that only their own values become; nil is the empty value where there is one.
+/// Types without conversions; nil becomes an empty text or a null pointer.
 template <class T>
 requires(std::same_as<T, bool> || std::same_as<T, Currency> || std::same_as<T, Color> ||
          std::same_as<T, String> || std::same_as<T, void*>) struct FromVariant<T> {
@@ -182,9 +182,9 @@ struct FromVariant<Ref<Array<T>>> {
 
 }  // namespace detail
 
-/// The value as a `T`. A number becomes any number type that holds it without loss, nil becomes a
-/// nil reference or an empty text, and everything else only what it is. Raises
-/// `IllegalCastException` for an object of another class, `TypeMismatchException` otherwise.
+/// Converts to `T`. Numbers convert if lossless; nil converts to a nil reference, null pointer or
+/// empty text. Anything else must already be a `T`. Raises `IllegalCastException` for an object of
+/// another class, `TypeMismatchException` for other mismatches.
 template <class T>
 T fromVariant(const Variant& value) {
   return detail::FromVariant<T>::convert(value);

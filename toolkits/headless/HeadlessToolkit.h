@@ -9,21 +9,21 @@
 
 namespace veldrin {
 
-/// A toolkit with no screen: it answers dialogs from a script, keeps what was said, and runs a
-/// given job as its event loop. The job presses what a person would press, through the controls.
+/// A toolkit without a display. It answers dialogs from a script, stores messages, and runs a given
+/// job instead of an event loop. The job acts as the user, through the controls.
 class HeadlessToolkit final : public Toolkit {
  public:
-  /// What the event loop does, once. It ends when the job does.
+  /// Called once by `run()`.
   std::function<void()> job;
-  /// The answers of the save dialogs to come, nil for cancelled; with none left a dialog cancels.
+  /// The answers of the next save dialogs; nil, or no answer left, means cancelled.
   std::deque<Ref<FolderItem>> saveAnswers;
 
-  /// Whether the desktop that this stands for has a menu bar of its own.
+  /// Whether the simulated desktop has a global menu bar.
   bool ownMenuBar = false;
 
-  /// What the message boxes said, in order.
+  /// The texts of all message boxes and faults, in order.
   [[nodiscard]] const std::vector<String>& messages() const { return messages_; }
-  /// What the exceptions that nothing caught were reported as, in order.
+  /// The reports of uncaught exceptions, in order.
   [[nodiscard]] const std::vector<String>& reports() const { return reports_; }
 
   /// Whether a report could not even be made, for lack of memory.

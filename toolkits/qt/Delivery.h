@@ -9,60 +9,60 @@
 
 namespace veldrin {
 
-/// Brings what a person does to the controls. Qt's own frames carry no exception: one that leaves a
-/// handler is kept here, ends the event loop, and is raised again behind it.
+/// Delivers user input to the controls. Exceptions must not pass through stack frames of Qt. So
+/// this class stores an exception that leaves a handler and ends the event loop; `raiseAgain()`
+/// throws it after the loop.
 class Delivery {
  public:
-  /// Runs what comes of an act. Nothing runs inside a handler, nor after one that has failed, nor
-  /// when the runtime has gone.
+  /// Calls `act` unless another handler is running, a handler has failed, or the runtime is gone.
   template <class Act>
   void deliver(Act&& act) {
-    if (held_ || raised_ || !InForce<Session>::exists()) return;
+    if (isHeld_ || raised_ || !InForce<Session>::exists()) return;
     const Hold hold(*this);
-    guard(std::forward<Act>(act));
+    runStoringException(std::forward<Act>(act));
   }
 
-  /// The same for an act on a control. One that has left its window hears of nothing more, though
-  /// its widget may live a little longer.
+  /// The same for an act on a control; does nothing if the control has left its window. Its widget
+  /// may exist a little longer.
   template <class Act>
   void deliver(const Control& control, Act&& act) {
     if (control.Window()) deliver(std::forward<Act>(act));
   }
 
-  /// Runs what may come at any time and calls no handler, such as a note of what was typed.
+  /// Calls `act` at any time; for acts that run no handler, such as storing a typed text.
   template <class Act>
-  void guard(Act&& act) {
+  void runStoringException(Act&& act) {
     try {
       act();
     } catch (...) {
       raised_ = std::current_exception();
-      QCoreApplication::exit();  // unlike quit(), it asks no window
+      QCoreApplication::exit();  // quit() would ask the windows first
     }
   }
 
-  /// Nothing is delivered while one of these lives.
+  /// Suspends delivery during its lifetime.
   class Hold {
    public:
     explicit Hold(Delivery& delivery)
-        : delivery_(delivery), before_(std::exchange(delivery.held_, true)) {}
+        : delivery_(delivery), wasHeld_(std::exchange(delivery.isHeld_, true)) {}
     Hold(const Hold&) = delete;
     Hold& operator=(const Hold&) = delete;
-    ~Hold() { delivery_.held_ = before_; }
+    ~Hold() { delivery_.isHeld_ = wasHeld_; }
 
    private:
     Delivery& delivery_;
-    bool before_;
+    bool wasHeld_;
   };
 
-  [[nodiscard]] bool isHeld() const { return held_; }
+  [[nodiscard]] bool isHeld() const { return isHeld_; }
 
-  /// Raises what a handler has raised, if one has.
+  /// Throws the stored exception, if there is one.
   void raiseAgain() {
     if (raised_) std::rethrow_exception(std::exchange(raised_, nullptr));
   }
 
  private:
-  bool held_ = false;
+  bool isHeld_ = false;
   std::exception_ptr raised_;
 };
 

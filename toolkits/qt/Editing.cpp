@@ -52,16 +52,16 @@ Editing::Editing() {
                    [this](QWidget* /*before*/, QWidget* now) { focusMoved(now); });
 }
 
-bool Editing::possible(const EditingCommand& command) const {
-  return field_ != nullptr && command.possible(*field_);
+bool Editing::isPossible(const EditingCommand& command) const {
+  return field_ != nullptr && command.isPossible(*field_);
 }
 
 void Editing::carryOut(const EditingCommand& command) const {
-  if (possible(command)) command.carryOut(*field_);
+  if (isPossible(command)) command.carryOut(*field_);
 }
 
 void Editing::focusMoved(QWidget* widget) {
-  // Without a focus another program has it; a menu has only borrowed it.
+  // Nil: another program has the focus. A menu: it returns the focus soon.
   if (widget == nullptr || isMenu(widget)) return;
   field_ = qobject_cast<QLineEdit*>(widget);
 }

@@ -8,33 +8,32 @@
 
 namespace veldrin {
 
-/// An editing command of the menus, which goes by the name of its item.
+/// An editing command, identified by the name of its menu item.
 struct EditingCommand {
   StringConstant item;
-  bool (*possible)(const QLineEdit& field);
+  bool (*isPossible)(const QLineEdit& field);
   void (*carryOut)(QLineEdit& field);
 };
 
-/// The command of the item of that name, or nil.
+/// The command of the menu item, or nil.
 const EditingCommand* editingCommand(const String& item);
 
-/// Whether the widget is a menu or a menu bar, which borrow the focus and give it back.
+/// Whether the widget is a menu or a menu bar, which takes the focus temporarily.
 bool isMenu(const QWidget* widget);
 
-/// Knows the field that the editing commands act on: the one with the focus, also while a menu has
-/// taken the focus from it.
+/// Applies editing commands to the field that has the focus, or had it before a menu took it.
 class Editing {
  public:
   Editing();
 
-  [[nodiscard]] bool possible(const EditingCommand& command) const;
+  [[nodiscard]] bool isPossible(const EditingCommand& command) const;
   void carryOut(const EditingCommand& command) const;
 
  private:
   void focusMoved(QWidget* widget);
 
   QPointer<QLineEdit> field_;
-  QObject context_;  ///< ends the connection with this object
+  QObject context_;  ///< disconnects when this object is destroyed
 };
 
 }  // namespace veldrin

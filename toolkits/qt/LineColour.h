@@ -4,19 +4,19 @@
 
 namespace veldrin {
 
-/// The colour of a line that frames something: three times as bright as a dark background, or as
-/// dark as a light one, whatever the desktop's colours are. It is opaque, as Qt would start threads
-/// of its own to mix a transparent one on the screen.
+/// The colour of frame lines: 45% text colour on the background, for a contrast of about 3 to 1.
+/// Opaque, because Qt would start threads to blend a transparent colour.
 inline QColor lineColour(const QPalette& palette) {
   constexpr float Share = 0.45F;
   const QColor text = palette.color(QPalette::WindowText);
-  const QColor ground = palette.color(QPalette::Window);
+  const QColor background = palette.color(QPalette::Window);
   const auto mixed = [](float of, float with) { return of * Share + with * (1.0F - Share); };
-  return QColor::fromRgbF(mixed(text.redF(), ground.redF()), mixed(text.greenF(), ground.greenF()),
-                          mixed(text.blueF(), ground.blueF()));
+  return QColor::fromRgbF(mixed(text.redF(), background.redF()),
+                          mixed(text.greenF(), background.greenF()),
+                          mixed(text.blueF(), background.blueF()));
 }
 
-/// Whether the desktop writes in a bright colour on a dark one.
+/// Whether the desktop has light text on a dark background.
 inline bool isDark(const QPalette& palette) {
   return palette.color(QPalette::WindowText).lightness() >
          palette.color(QPalette::Window).lightness();

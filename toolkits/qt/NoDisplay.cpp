@@ -7,43 +7,44 @@
 namespace veldrin {
 namespace {
 
-/// Qt calls a bare function, which finds its object here.
-NoDisplay* listening = nullptr;
+/// For the message handler, a plain function without a context argument.
+DisplayErrorGuard* current = nullptr;
 
-void write(const QString& line) {
+void writeLine(const QString& line) {
   static_cast<void>(std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData()));
 }
 
-/// Why each platform that was tried has no display, which the one sentence says for all of them.
-/// A platform whose plugin is not even installed is another matter.
-bool isOfAPlatform(QtMsgType type, std::string_view category) {
+/// Whether the message tells why one tried platform has no display. The guard's own sentence
+/// replaces these. Messages about missing plugins (qt.qpa.plugin) are not held back.
+bool isPlatformMessage(QtMsgType type, std::string_view category) {
   return type == QtInfoMsg || (category.starts_with("qt.qpa.") && category != "qt.qpa.plugin");
 }
 
 }  // namespace
 
-NoDisplay::NoDisplay() : before_(qInstallMessageHandler(&hear)) {
-  listening = this;
+DisplayErrorGuard::DisplayErrorGuard() : before_(qInstallMessageHandler(&handleMessage)) {
+  current = this;
 }
 
-NoDisplay::~NoDisplay() {
+DisplayErrorGuard::~DisplayErrorGuard() {
   qInstallMessageHandler(before_);
-  listening = nullptr;
-  for (const QString& line : keptBack_) write(line);
+  current = nullptr;
+  for (const QString& line : heldBack_) writeLine(line);
 }
 
-void NoDisplay::hear(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+void DisplayErrorGuard::handleMessage(QtMsgType type, const QMessageLogContext& context,
+                                      const QString& text) {
   if (type == QtFatalMsg) {
-    write(
+    writeLine(
         "veldrin: there is no display to show a window on; "
         "veldrin-calendar writes a calendar without one");
-    // The application object is half made: nothing may be taken down.
+    // No destructors: the application object is only partly constructed.
     std::_Exit(EXIT_FAILURE);
   }
-  if (isOfAPlatform(type, context.category == nullptr ? "" : context.category)) {
-    listening->keptBack_.push_back(qFormatLogMessage(type, context, text));
+  if (isPlatformMessage(type, context.category == nullptr ? "" : context.category)) {
+    current->heldBack_.push_back(qFormatLogMessage(type, context, text));
   } else {
-    listening->before_(type, context, text);
+    current->before_(type, context, text);
   }
 }
 

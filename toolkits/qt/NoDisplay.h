@@ -6,21 +6,21 @@
 
 namespace veldrin {
 
-/// What Qt does where it finds no display is to abort. While one of these lives, one sentence on
-/// the error stream and exit status 1 stand in for that. There can be one at a time.
-class NoDisplay {
+/// Qt aborts when it finds no display. During the lifetime of this guard Veldrin instead writes one
+/// sentence to standard error and exits with status 1. Only one guard may exist at a time.
+class DisplayErrorGuard {
  public:
-  NoDisplay();
-  NoDisplay(const NoDisplay&) = delete;
-  NoDisplay& operator=(const NoDisplay&) = delete;
-  /// There is a display: lets Qt say what was kept back until that was known.
-  ~NoDisplay();
+  DisplayErrorGuard();
+  DisplayErrorGuard(const DisplayErrorGuard&) = delete;
+  DisplayErrorGuard& operator=(const DisplayErrorGuard&) = delete;
+  /// Qt has found a display: prints the messages held back so far.
+  ~DisplayErrorGuard();
 
  private:
-  static void hear(QtMsgType type, const QMessageLogContext& context, const QString& text);
+  static void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
   QtMessageHandler before_;
-  std::vector<QString> keptBack_;
+  std::vector<QString> heldBack_;
 };
 
 }  // namespace veldrin

@@ -28,10 +28,10 @@ bool QtButton::showsWhole(const QFont& font) const {
 }
 
 void QtButton::keyPressEvent(QKeyEvent* event) {
-  // Some desktops press a button by Return; this form has none that Return presses, so the key goes
-  // to what every widget does with it.
+  // On some desktops Return presses a focused button. Not in this form: use the behaviour of a
+  // plain widget.
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  // NOLINTNEXTLINE(bugprone-parent-virtual-call): the button's own way is what is left out.
+  // NOLINTNEXTLINE(bugprone-parent-virtual-call): skips QPushButton on purpose.
   if (isReturn) return QWidget::keyPressEvent(event);
   QPushButton::keyPressEvent(event);
 }

@@ -7,7 +7,7 @@
 
 namespace veldrin {
 
-/// A button. The blank presses it where it has the focus, Return and Escape do not.
+/// A button. The space bar presses it if it has the focus; Return and Escape do not.
 class QtButton final : public QPushButton, public QtControl {
  public:
   QtButton(Ref<PushButton> button, Delivery& delivery, QWidget& parent);

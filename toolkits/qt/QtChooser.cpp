@@ -14,12 +14,12 @@ QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::currentIndexChanged, this, [this, &delivery](int row) {
     delivery.deliver(*chooser_, [&] { chooser_->userChose(row); });
-    followKind();  // what was not delivered is taken back
+    followKind();  // undoes a choice that was not delivered
   });
 }
 
-void QtChooser::call(const QString& name) {
-  QtControl::call(name);
+void QtChooser::setSpokenName(const QString& name) {
+  QtControl::setSpokenName(name);
   setAccessibleDescription(name);
 }
 
@@ -51,7 +51,8 @@ bool QtChooser::showsWhole(const QFont& font) const {
 }
 
 void QtChooser::wheelEvent(QWheelEvent* event) {
-  // To scroll past the list is no choice, and would wipe dates that somebody has typed.
+  // Without focus, scrolling over the list must not change the choice: that would overwrite typed
+  // dates.
   if (hasFocus()) return QComboBox::wheelEvent(event);
   event->ignore();
 }

@@ -13,9 +13,8 @@ class QtChooser final : public QComboBox, public QtControl {
   QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  /// The name that is said of a list is its selected row on some desktops, whatever it is called:
-  /// so it is what the list is described by as well.
-  void call(const QString& name) override;
+  /// Also sets the description: some screen readers read the selected row instead of the name.
+  void setSpokenName(const QString& name) override;
 
  protected:
   void followKind() override;

@@ -58,18 +58,18 @@ void QtControl::follow() {
     shown.setFocusPolicy(rect.TabStop() ? Qt::StrongFocus : Qt::ClickFocus);
   }
   followKind();
-  colour();
-  const bool isSized = sized_ || ownPoints() > 0.0;
-  if (written_ && (isSized || styled(shared_) != styled_)) write(shared_);
+  applyColours();
+  const bool hasOwnSize = hasOwnSize_ || ownSizeInPoints() > 0.0;
+  if (hasFont_ && (hasOwnSize || styledFont(windowFont_) != styledFont_)) applyFont(windowFont_);
   shown.setEnabled(rect.Enabled());
   shown.setVisible(rect.Visible());
 }
 
-void QtControl::leave(Delivery& delivery) {
+void QtControl::reportFocusLoss(Delivery& delivery) {
   delivery.deliver(*control_, [this] { control_->userLeft(); });
 }
 
-double QtControl::ownPoints() {
+double QtControl::ownSizeInPoints() {
   constexpr double PointsAnInch = 72.0;
   constexpr double MillimetersAnInch = 25.4;
   if (style_ == nullptr || style_->TextSize() <= 0.0F) return 0.0;
@@ -86,11 +86,11 @@ double QtControl::ownPoints() {
   }
 }
 
-QFont QtControl::styled(const QFont& font) const {
+QFont QtControl::styledFont(const QFont& font) const {
   QFont own = font;
   if (style_ == nullptr) return own;
   const String family = style_->TextFont();
-  // "System" is the desktop's own, whatever that is called.
+  // "System" means the font of the desktop.
   if (!family.isEmpty() && !(family == "System")) own.setFamily(toQt(family));
   if (style_->Bold()) own.setBold(true);
   if (style_->Italic()) own.setItalic(true);
@@ -99,34 +99,35 @@ QFont QtControl::styled(const QFont& font) const {
 }
 
 bool QtControl::fits(const QFont& font) {
-  return ownPoints() > 0.0 || showsWhole(styled(font));
+  return ownSizeInPoints() > 0.0 || showsWhole(styledFont(font));
 }
 
-void QtControl::write(const QFont& font) {
+void QtControl::applyFont(const QFont& font) {
   constexpr double Step = 0.25;  // points
   constexpr double Largest = 200.0;
-  written_ = true;
-  shared_ = font;
-  styled_ = styled(font);
-  QFont own = styled_;
-  double points = std::min(ownPoints(), Largest);
-  sized_ = points > 0.0;
-  if (sized_) {
+  hasFont_ = true;
+  windowFont_ = font;
+  styledFont_ = styledFont(font);
+  QFont own = styledFont_;
+  double points = std::min(ownSizeInPoints(), Largest);
+  hasOwnSize_ = points > 0.0;
+  if (hasOwnSize_) {
     own.setPointSizeF(points);
     while (points > Step && !showsWhole(own)) own.setPointSizeF(points -= Step);
   }
   widget().setFont(own);
 }
 
-void QtControl::colour() {
-  // Some styles darken the background to frame a field or a box, which nobody sees on a dark one.
-  constexpr int AsTheyDarken = 140;  // percent
+void QtControl::applyColours() {
+  // Some styles draw frames in a darkened background colour, which is invisible on a dark desktop.
+  // There, set a background that `lineColour` results from when darkened.
+  constexpr int DarkeningPercent = 140;
   const QPalette desktop = QApplication::palette();
   QPalette own;
   if (isFramed() && isDark(desktop)) {
-    own.setColor(QPalette::Window, lineColour(desktop).lighter(AsTheyDarken));
+    own.setColor(QPalette::Window, lineColour(desktop).lighter(DarkeningPercent));
   }
-  colourKind(own);
+  addOwnColours(own);
   if (own == colours_ && own.resolveMask() == colours_.resolveMask()) return;
   colours_ = own;
   widget().setPalette(own);
@@ -135,7 +136,7 @@ void QtControl::colour() {
 bool textFits(const QFont& font, const QString& text, const QSize& box) {
   const QFontMetricsF metrics(font);
   const QSizeF needed = metrics.size(0, text);
-  // The blank lines above the tallest and below the deepest letter may go.
+  // The empty space above the tallest and below the lowest letter may be cut off.
   const double slack = metrics.height() - metrics.tightBoundingRect("Åg").height();
   return needed.width() <= box.width() && needed.height() - slack <= box.height();
 }

@@ -10,9 +10,9 @@
 
 namespace veldrin {
 
-/// A control of a window as Qt shows it. The widget is the window's; it goes with it.
+/// The Qt side of a control. The Qt window owns the widget.
 ///
-/// The widget follows the properties of its control, but for those that `QtWindow` lists.
+/// The widget mirrors the properties of its control, except those listed at `QtWindow`.
 class QtControl {
  public:
   QtControl(const QtControl&) = delete;
@@ -22,69 +22,67 @@ class QtControl {
   [[nodiscard]] virtual QWidget& widget() = 0;
   [[nodiscard]] const RectControl& control() const { return *control_; }
 
-  /// Shows what the program has changed.
+  /// Updates the widget from the control.
   void follow();
 
-  /// Whether every text of the control shows whole in the font, or has a size of its own.
+  /// Whether the texts of the control fit in this font, or the control has its own font size.
   [[nodiscard]] bool fits(const QFont& font);
 
-  /// Writes in the font, in the control's style. A size of its own is made smaller until the text
-  /// shows whole: no other control has to follow it.
-  void write(const QFont& font);
+  /// Applies the font of the window, in the style of the control. A control's own size is reduced
+  /// until its text fits.
+  void applyFont(const QFont& font);
 
-  /// Shows the colours of the control on the desktop's own.
-  void colour();
+  /// Applies the colours of the control over those of the desktop.
+  void applyColours();
 
-  /// Gives the control the name that a screen reader says.
-  virtual void call(const QString& name) { widget().setAccessibleName(name); }
+  /// Sets the name that a screen reader speaks.
+  virtual void setSpokenName(const QString& name) { widget().setAccessibleName(name); }
 
-  /// The focus has gone elsewhere for good.
-  virtual void leave(Delivery& delivery);
+  /// Tells the control that it has lost the focus (not to a menu).
+  virtual void reportFocusLoss(Delivery& delivery);
 
-  /// Makes the control the name of the field, if it is a label that stands beside it.
+  /// If this is a label beside the field, makes it the spoken name of the field.
   virtual void nameField(QtControl& /*field*/) {}
-  /// Whether it is its label that names the control.
+  /// Whether the label beside it is its spoken name.
   [[nodiscard]] virtual bool isNamedByLabel() const { return false; }
 
-  /// Takes the focus of the window that has just been opened.
+  /// Takes the focus when the window opens.
   virtual void takeFirstFocus() { widget().setFocus(Qt::TabFocusReason); }
 
  protected:
-  /// `style` is the control's, nil for one with no text.
+  /// `style` is nil for a control without text.
   QtControl(Ref<RectControl> control, const TextStyle* style)
       : control_(std::move(control)), style_(style) {}
 
-  /// Shows what only this kind of control has.
+  /// Updates what is specific to this kind of control.
   virtual void followKind() {}
-  /// Whether every text of the control shows whole in the font.
+  /// Whether the texts of the control fit in this font.
   [[nodiscard]] virtual bool showsWhole(const QFont& /*font*/) const { return true; }
-  /// Whether the desktop's style frames the control in a darker background.
+  /// Whether desktop styles frame this control in a darkened background colour.
   [[nodiscard]] virtual bool isFramed() const { return false; }
-  /// Enters the colours that are the control's own.
-  virtual void colourKind(QPalette& /*palette*/) const {}
+  /// Adds the colours that the control sets itself.
+  virtual void addOwnColours(QPalette& /*palette*/) const {}
 
  private:
-  /// The size of its own in points; 0 for none.
-  [[nodiscard]] double ownPoints();
-  [[nodiscard]] QFont styled(const QFont& font) const;
+  /// 0 if the control has no own size.
+  [[nodiscard]] double ownSizeInPoints();
+  [[nodiscard]] QFont styledFont(const QFont& font) const;
 
   Ref<RectControl> control_;
   const TextStyle* style_;
-  bool written_ = false;  ///< in a font of the window
-  bool sized_ = false;    ///< in a size of its own by then
-  QFont shared_;          ///< that font
-  QFont styled_;          ///< it in the control's style
+  bool hasFont_ = false;     ///< `applyFont` has been called
+  bool hasOwnSize_ = false;  ///< at the last `applyFont`
+  QFont windowFont_;         ///< argument of the last `applyFont`
+  QFont styledFont_;         ///< the same, in the control's style
   QPalette colours_;
 };
 
-/// The widget for a control, made inside `parent` at the control's place; nil for a class of
-/// control that has nothing to show.
+/// Creates the widget of a control inside `parent`; nil for a class without a widget.
 QtControl* makeQtControl(const Ref<Control>& control, Delivery& delivery, QWidget& parent);
 
-/// Whether the text, with its line breaks, shows whole in a box of that size.
+/// Whether the text, with its line breaks, fits in the box.
 bool textFits(const QFont& font, const QString& text, const QSize& box);
 
-/// A colour of a control, as Qt has it.
 inline QColor toQt(const Color& colour) {
   return {colour.red, colour.green, colour.blue};
 }

@@ -15,8 +15,8 @@
 namespace veldrin {
 namespace {
 
-/// A type's entry in the dialog, such as "Calendar files (*.ics)". A type that declares no
-/// extension has that of the file's own name.
+/// The filter entry of a file type, such as "Calendar files (*.ics)". For a type without
+/// extensions, uses that of `fileName`.
 QString entryOf(const QString& typeName, const QString& fileName) {
   const RegisteredFileType* const type = findRegisteredFileType(fromQt(typeName));
   QString extension = type == nullptr ? QString() : toQt(type->extensions);
@@ -24,8 +24,8 @@ QString entryOf(const QString& typeName, const QString& fileName) {
   return typeName.left(1).toUpper() + typeName.mid(1) + " files (*." + extension + ")";
 }
 
-/// The text with its words and lines shortened in the middle, and with its middle lines left out,
-/// to what has room in a box on the screen. A box breaks lines at blanks, so a path is a word.
+/// Shortens the text to fit the screen: drops middle lines and elides words and lines in the
+/// middle. The box wraps at spaces, so a path is one word.
 QString shortened(const QMessageBox& box, const QString& text) {
   constexpr qsizetype MostLines = 20;
   const int widest = box.screen()->availableGeometry().width() / 2;
@@ -45,9 +45,9 @@ QString shortened(const QMessageBox& box, const QString& text) {
   return lines.join('\n');
 }
 
-/// Says the text and the reason, if there is one. The box is never larger than the screen: what has
-/// no room stands in its details, and is said to a screen reader all the same.
-void sayIn(QMessageBox& box, const QString& text, const QString& reason) {
+/// Shows the text and an optional reason. If they were shortened to fit the screen, the details and
+/// the screen reader still get the full text.
+void showIn(QMessageBox& box, const QString& text, const QString& reason) {
   box.setWindowTitle("Veldrin");
   box.setTextFormat(Qt::PlainText);
   box.setText(shortened(box, text));
@@ -77,15 +77,15 @@ Ref<FolderItem> askWhereToSave(QWidget* parent, const String& filter, const Stri
   return FolderItem::atPath(String(QFile::encodeName(chosen).toStdString()));
 }
 
-void sayInBox(QWidget* parent, const QString& text) {
+void showMessage(QWidget* parent, const QString& text) {
   QMessageBox box(parent);
-  sayIn(box, text, {});
+  showIn(box, text, {});
 }
 
-void sayFailure(QWidget* parent, const QString& reason) {
+void showFailure(QWidget* parent, const QString& reason) {
   QMessageBox box(parent);
   box.setIcon(QMessageBox::Critical);
-  sayIn(box, "Veldrin has to end because something went wrong.", reason);
+  showIn(box, "Veldrin has to end because something went wrong.", reason);
 }
 
 }  // namespace veldrin

@@ -6,14 +6,14 @@
 
 namespace veldrin {
 
-/// Asks where to save: the place, or nil if the person cancels. An existing file is confirmed
-/// there, and nothing is added to the name. `filter` names registered file types, joined by ";".
+/// Shows the save dialog; returns nil if the user cancels. The dialog asks before replacing a file.
+/// It adds no extension to the name. `filter`: names of registered file types, separated by ";".
 Ref<FolderItem> askWhereToSave(QWidget* parent, const String& filter, const String& defaultName);
 
-/// Says a text, which is shown as it stands, and waits until it has been dismissed.
-void sayInBox(QWidget* parent, const QString& text);
+/// Shows a plain text in a message box and waits until the user closes it.
+void showMessage(QWidget* parent, const QString& text);
 
-/// Says that the program cannot go on, and why.
-void sayFailure(QWidget* parent, const QString& reason);
+/// Shows that Veldrin has to end, and why; waits until the user closes the box.
+void showFailure(QWidget* parent, const QString& reason);
 
 }  // namespace veldrin

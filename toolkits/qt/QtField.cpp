@@ -33,7 +33,7 @@ QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
   connect(qApp, &QApplication::focusChanged, &context_,
           [this](const QWidget* /*before*/, const QWidget* now) { focusMoved(now); });
   connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
-    delivery_.guard([&] {
+    delivery_.runStoringException([&] {
       String typed = fromQt(shown);
       if (!(typed == field_->Text())) field_->userTyped(std::move(typed));
     });
@@ -46,11 +46,11 @@ void QtField::takeFirstFocus() {
 }
 
 void QtField::followKind() {
-  // To set a text or its limit is to forget what could be undone, so the same is not set again.
+  // Setting the text or the limit clears the undo history, so set them only if they change.
   const QString wanted = toQt(field_->Text());
   const int asked = field_->LimitText() > 0 ? field_->LimitText() : std::numeric_limits<int>::max();
   const int limit = std::max(asked, static_cast<int>(wanted.size()));
-  // What the program writes is kept as it is, also where it shows as something else.
+  // The control keeps the program's text even if Qt changes it for display.
   const QSignalBlocker nothingIsTyped(this);
   if (limit != maxLength()) setMaxLength(limit);
   setReadOnly(field_->ReadOnly());
@@ -62,7 +62,7 @@ void QtField::followKind() {
   if (!hasFocus()) setCursorPosition(0);
 }
 
-void QtField::colourKind(QPalette& palette) const {
+void QtField::addOwnColours(QPalette& palette) const {
   if (!(field_->TextColor() == Black)) palette.setColor(QPalette::Text, toQt(field_->TextColor()));
   if (!(field_->BackColor() == White)) palette.setColor(QPalette::Base, toQt(field_->BackColor()));
 }
@@ -76,15 +76,15 @@ bool QtField::showsWhole(const QFont& font) const {
 }
 
 void QtField::focusInEvent(QFocusEvent* event) {
-  lent_ = false;
+  isFocusLent_ = false;
   QLineEdit::focusInEvent(event);
 }
 
 void QtField::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
   if (reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason) {
-    // The field is still the one being edited: a menu acts on its selection, which it would lose.
-    lent_ = true;
+    // The field keeps its selection for the menu; Qt clears it for other reasons.
+    isFocusLent_ = true;
     QFocusEvent toPopup(QEvent::FocusOut, Qt::PopupFocusReason);
     QLineEdit::focusOutEvent(&toPopup);
     return;
@@ -93,15 +93,15 @@ void QtField::focusOutEvent(QFocusEvent* event) {
 }
 
 void QtField::focusMoved(const QWidget* widget) {
-  // A menu that keeps the focus, or hands it on to another, has taken it for good.
-  if (!lent_ || widget == this || isMenu(widget)) return;
-  lent_ = false;
-  leave(delivery_);
+  // The focus went elsewhere after the menu, so now the field has lost it.
+  if (!isFocusLent_ || widget == this || isMenu(widget)) return;
+  isFocusLent_ = false;
+  reportFocusLoss(delivery_);
 }
 
 void QtField::dropEvent(QDropEvent* event) {
   QLineEdit::dropEvent(event);
-  // What was dropped counts once the field is left, as what is typed does.
+  // Take the focus, so that losing it later processes the dropped text like typed text.
   setFocus(Qt::MouseFocusReason);
 }
 

@@ -7,9 +7,8 @@
 
 namespace veldrin {
 
-/// A line of text with the desktop's own editing. The control is told of every text that is not its
-/// own already; black on white means the desktop's colours of text. What the program writes is
-/// shown whole, however few letters a person can type.
+/// A one-line text field. Reports every typed text to the control. Black on white means the text
+/// colours of the desktop. `LimitText` limits typing only, not texts set by the program.
 class QtField final : public QLineEdit, public QtControl {
  public:
   QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent);
@@ -22,7 +21,7 @@ class QtField final : public QLineEdit, public QtControl {
   void followKind() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   [[nodiscard]] bool isFramed() const override { return true; }
-  void colourKind(QPalette& palette) const override;
+  void addOwnColours(QPalette& palette) const override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -32,8 +31,8 @@ class QtField final : public QLineEdit, public QtControl {
 
   Ref<TextField> field_;
   Delivery& delivery_;
-  bool lent_ = false;  ///< a menu has the focus, and is to give it back
-  QObject context_;    ///< ends a connection ahead of the widget, which loses its focus as it goes
+  bool isFocusLent_ = false;  ///< a menu has the focus temporarily
+  QObject context_;           ///< disconnects before the destructor of the widget changes the focus
 };
 
 }  // namespace veldrin

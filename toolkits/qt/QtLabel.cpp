@@ -37,14 +37,14 @@ QString QtLabel::lines() const {
   return toQt(text_->Text()).replace('\r', '\n');
 }
 
-void QtLabel::colourKind(QPalette& palette) const {
+void QtLabel::addOwnColours(QPalette& palette) const {
   if (text_->TextColor() == Black) return;
   palette.setColor(QPalette::WindowText, toQt(text_->TextColor()));
 }
 
 void QtLabel::followKind() {
   setAlignment(alignmentOf(*text_));
-  // Beside a field a "&" would mark a letter to reach it by.
+  // In a label with a buddy, "&" would mark a shortcut letter.
   const QString shown = buddy() == nullptr ? lines() : lines().replace('&', "&&");
   if (shown == this->text()) return;
   [[maybe_unused]] const bool isNews = !this->text().isEmpty();

@@ -7,22 +7,22 @@
 
 namespace veldrin {
 
-/// A text that stands in the window. A screen reader is told when it changes.
+/// A static text. Announces changes to screen readers.
 class QtLabel final : public QLabel, public QtControl {
  public:
   QtLabel(Ref<StaticText> text, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  /// A label stands to the left of its field, in one row of one panel.
+  /// A label belongs to the field to its right, in the same row and panel.
   void nameField(QtControl& field) override;
 
  protected:
   void followKind() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
-  void colourKind(QPalette& palette) const override;
+  void addOwnColours(QPalette& palette) const override;
 
  private:
-  /// The text, with lines as Qt breaks them.
+  /// The text with "\n" line ends.
   [[nodiscard]] QString lines() const;
 
   Ref<StaticText> text_;

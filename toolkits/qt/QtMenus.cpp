@@ -12,7 +12,7 @@
 namespace veldrin {
 namespace {
 
-/// "Cmd" is the platform's command key, which Qt calls Ctrl everywhere.
+/// "Cmd" is the command key of the platform; Qt calls it Ctrl on all platforms.
 QKeySequence shortcutOf(const MenuItem& item) {
   return {toQt(item.KeyboardShortcut()).replace("Cmd+", "Ctrl+")};
 }
@@ -21,22 +21,22 @@ QKeySequence shortcutOf(const MenuItem& item) {
 
 void QtMenus::follow(const Ref<MenuBar>& root) {
   std::vector<Place> places;
-  if (root) gather(*root, 0, places);
+  if (root) addPlaces(*root, 0, places);
   if (places != places_) {
     clear();
     if (root) fill(nullptr, *root);
     places_ = std::move(places);
   }
   bar_.setVisible(static_cast<bool>(root));
-  for (const Entry& entry : entries_) show(entry);
+  for (const Entry& entry : entries_) update(entry);
 }
 
-void QtMenus::gather(const MenuItem& menu, int depth, std::vector<Place>& places) {
+void QtMenus::addPlaces(const MenuItem& menu, int depth, std::vector<Place>& places) {
   RuntimeStackCheck();
   for (const Ref<MenuItem>& item : menu.children()) {
     const bool isMenu = depth == 0 || !item->children().empty();
     places.push_back({item, depth, isMenu, !isMenu && item->isSeparator()});
-    gather(*item, depth + 1, places);
+    addPlaces(*item, depth + 1, places);
   }
 }
 
@@ -44,7 +44,7 @@ void QtMenus::clear() {
   entries_.clear();
   for (QAction* const action : bar_.actions()) {
     bar_.removeAction(action);
-    // One of its items may be the one that is being chosen.
+    // Delete later: one of its items may be the sender of the current event.
     action->menu()->setObjectName({});
     for (QAction* const inside : action->menu()->findChildren<QAction*>()) inside->setShortcut({});
     for (QObject* const inside : action->menu()->findChildren<QObject*>())
@@ -59,7 +59,7 @@ void QtMenus::fill(QMenu* menu, const MenuItem& items) {
       QMenu* const made = menu == nullptr ? bar_.addMenu(QString()) : menu->addMenu(QString());
       made->setObjectName(toQt(item->Name));
       entries_.push_back({item, made->menuAction()});
-      QObject::connect(made, &QMenu::aboutToShow, made, [this] { enable(); });
+      QObject::connect(made, &QMenu::aboutToShow, made, [this] { refresh(); });
       fill(made, *item);
     } else if (item->isSeparator()) {
       menu->addSeparator()->setObjectName(toQt(item->Name));
@@ -73,29 +73,29 @@ void QtMenus::fill(QMenu* menu, const MenuItem& items) {
   }
 }
 
-void QtMenus::show(const Entry& entry) const {
+void QtMenus::update(const Entry& entry) const {
   const MenuItem& item = *entry.item;
   const EditingCommand* const command = editingCommand(item.Name);
   const Ref<Window> window = frontWindow();
   const bool isBound = window && window->hasMenuHandler(item.Name);
-  const bool possible = command == nullptr || isBound || editing_.possible(*command);
+  const bool isPossible = command == nullptr || isBound || editing_.isPossible(*command);
   entry.action->setText(toQt(item.Text()));
   entry.action->setShortcut(shortcutOf(item));
   entry.action->setCheckable(item.Checked());
   entry.action->setChecked(item.Checked());
-  entry.action->setEnabled(item.Enabled() && possible);
+  entry.action->setEnabled(item.Enabled() && isPossible);
 }
 
-void QtMenus::enable() const {
+void QtMenus::refresh() const {
   delivery_.deliver([] { EnableMenuItems(); });
-  for (const Entry& entry : entries_) show(entry);
+  for (const Entry& entry : entries_) update(entry);
 }
 
 bool QtMenus::hasShortcut(const QKeySequence& keys) const {
   const bool has = std::ranges::any_of(
       entries_, [&](const Entry& entry) { return entry.action->shortcut() == keys; });
-  // What is possible may have changed since a menu was opened.
-  if (has) enable();
+  // Enabled states may be outdated, since menus refresh only when opened.
+  if (has) refresh();
   return has;
 }
 
@@ -104,7 +104,7 @@ void QtMenus::choose(const Entry& entry) const {
     const EditingCommand* const command = editingCommand(entry.item->Name);
     if (!entry.item->userChose() && command != nullptr) editing_.carryOut(*command);
   });
-  entry.action->setChecked(entry.item->Checked());  // Qt has turned the tick round
+  entry.action->setChecked(entry.item->Checked());  // Qt has toggled it
 }
 
 }  // namespace veldrin

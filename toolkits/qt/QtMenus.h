@@ -9,22 +9,20 @@
 
 namespace veldrin {
 
-/// The menus of a window. An item that no handler takes does what its name says to the field that
-/// is being edited.
+/// The menus of a window. An item without a handler performs the editing command of its name.
 class QtMenus {
  public:
   QtMenus(QMenuBar& bar, Delivery& delivery, const Editing& editing)
       : bar_(bar), delivery_(delivery), editing_(editing) {}
 
-  /// Shows the menus of that tree: which there are, their texts and ticks, and which items can be
-  /// chosen now. With nil, no bar.
+  /// Updates the menus from the tree; nil hides the bar.
   void follow(const Ref<MenuBar>& root);
 
-  /// Whether an item has the shortcut; whether that can be chosen is worked out afresh.
+  /// Whether an item has the shortcut. If so, refreshes which items are enabled.
   [[nodiscard]] bool hasShortcut(const QKeySequence& keys) const;
 
  private:
-  /// An item, in the place that it has in the tree.
+  /// An item and its position in the tree.
   struct Place {
     Ref<MenuItem> item;
     int depth;
@@ -37,12 +35,12 @@ class QtMenus {
     QAction* action;
   };
 
-  static void gather(const MenuItem& menu, int depth, std::vector<Place>& places);
+  static void addPlaces(const MenuItem& menu, int depth, std::vector<Place>& places);
   void clear();
-  /// Adds the items to the menu, or their menus to the bar where it is nil.
+  /// Adds the items to the menu, or their menus to the bar if `menu` is nil.
   void fill(QMenu* menu, const MenuItem& items);
-  void show(const Entry& entry) const;
-  void enable() const;
+  void update(const Entry& entry) const;
+  void refresh() const;
   void choose(const Entry& entry) const;
 
   QMenuBar& bar_;

@@ -11,7 +11,7 @@ QtPanel::QtPanel(const Ref<Placard>& panel, Delivery& /*delivery*/, QWidget& par
     : QWidget(&parent), QtControl(panel, nullptr) {}
 
 void QtPanel::paintEvent(QPaintEvent* /*event*/) {
-  // Whole pixels of the screen, or the four sides would differ where a pixel is scaled by a half.
+  // Whole device pixels, so that all four sides look equal at fractional scaling.
   const double ratio = devicePixelRatioF();
   const double line = std::floor(ratio) / ratio;
   const QColor colour = lineColour(palette());

@@ -7,7 +7,7 @@
 
 namespace veldrin {
 
-/// A framed panel, which stands behind the controls that it groups.
+/// A framed panel behind the controls that it groups.
 class QtPanel final : public QWidget, public QtControl {
  public:
   QtPanel(const Ref<Placard>& panel, Delivery& delivery, QWidget& parent);

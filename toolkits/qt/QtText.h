@@ -6,7 +6,7 @@
 
 namespace veldrin {
 
-/// A text of the system as Qt has it, and back.
+/// Conversions between framework texts and Qt texts.
 inline QString toQt(const String& text) {
   const std::string_view bytes = text.view();
   return QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -17,7 +17,7 @@ inline String fromQt(const QString& text) {
   return String(std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
 }
 
-/// A text that Qt draws as it stands: its "&" marks no mnemonic, its carriage returns break lines.
+/// A caption for Qt: "&" is not a mnemonic, and carriage returns break lines.
 inline QString plainCaption(const String& text) {
   return toQt(text).replace('&', "&&").replace('\r', '\n');
 }

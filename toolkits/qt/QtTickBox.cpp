@@ -9,9 +9,9 @@ QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
     : QCheckBox(&parent), QtControl(box, box.get()), box_(std::move(box)) {
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
-    if (ticked == box_->Value()) return;  // the program's own change, come back
+    if (ticked == box_->Value()) return;  // the program made the change
     delivery.deliver(*box_, [&] { box_->userTicked(ticked); });
-    followKind();  // what was not delivered is taken back
+    followKind();  // undoes a tick that was not delivered
   });
 }
 

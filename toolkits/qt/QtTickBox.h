@@ -8,13 +8,13 @@
 
 namespace veldrin {
 
-/// A check box with its caption, which is pressed anywhere in its place.
+/// A check box. Clicking anywhere in its rectangle toggles it.
 class QtTickBox final : public QCheckBox, public QtControl {
  public:
   QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent);
 
   QWidget& widget() override { return *this; }
-  /// The caption as it is said.
+  /// The caption, without the escaping of "&".
   [[nodiscard]] QString spokenName() const { return toQt(box_->Caption()); }
 
  protected:

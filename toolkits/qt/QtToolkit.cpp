@@ -24,41 +24,42 @@ char programName[] = "veldrin";
 char* programArguments[] = {programName, nullptr};
 int argumentCount = 1;
 
-/// The desktop's theme is not asked: what is installed there is the same picture, and the search
-/// for it costs a start three milliseconds.
-QIcon iconOfTheProgram() {
+/// Not from the icon theme: that has the same picture, and searching it costs 3 ms at start.
+QIcon programIcon() {
   QIcon icon;
   for (const QFileInfo& picture : QDir(":/icons").entryInfoList()) icon.addFile(picture.filePath());
   return icon;
 }
 
-void complain(const QString& reason) {
+void writeToStandardError(const QString& reason) {
   static_cast<void>(std::fprintf(stderr, "veldrin: %s\n", reason.toLocal8Bit().constData()));
 }
 
 }  // namespace
 
-QtToolkit::Application::Application(const NoDisplay& /*watch*/)
+QtToolkit::QtApplication::QtApplication(const DisplayErrorGuard& /*watch*/)
     : QApplication(argumentCount, programArguments) {
-  // Qt has just set the whole locale of the C library; a number has its point everywhere.
+  // QApplication has set the locale of the C library; numbers need a decimal point.
   std::setlocale(LC_NUMERIC, "C");
   setDesktopFileName("org.veldrin.Veldrin");
-  setWindowIcon(iconOfTheProgram());
+  setWindowIcon(programIcon());
   setQuitOnLastWindowClosed(false);
-  QAccessible::installFactory(&spokenTickBox);
-  // Qt's save dialog would keep a file of its own about where it was; this program keeps nothing.
+  QAccessible::installFactory(&makeAccessibleTickBox);
+  // Prevents Qt's save dialog from writing a settings file.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
-QtToolkit::QtToolkit(std::span<const SpokenName> names) : names_(names), application_(NoDisplay()) {
-  QObject::connect(&application_, &QGuiApplication::applicationStateChanged,
-                   [this](Qt::ApplicationState state) { turnTo(state == Qt::ApplicationActive); });
+QtToolkit::QtToolkit(std::span<const SpokenName> names)
+    : names_(names), application_(DisplayErrorGuard()) {
+  QObject::connect(
+      &application_, &QGuiApplication::applicationStateChanged,
+      [this](Qt::ApplicationState state) { reportActivation(state == Qt::ApplicationActive); });
 }
 
 QtToolkit::~QtToolkit() = default;
 
 void QtToolkit::windowOpened(Window& window) {
-  ended_ = false;
+  hasQuit_ = false;
   windows_.push_back(std::make_unique<QtWindow>(window, delivery_, editing_, names_));
   windows_.back()->follow();
 }
@@ -67,13 +68,13 @@ void QtToolkit::windowClosed(Window& window) {
   const auto found =
       std::ranges::find_if(windows_, [&](const auto& shown) { return shown->shown() == &window; });
   if (found == windows_.end()) return;
-  const bool insideOfIt = delivery_.isHeld();
-  // A widget that goes loses the focus, which nobody has to hear of any more.
+  const bool isInsideHandler = delivery_.isHeld();
+  // Do not deliver focus changes caused by destroying the widgets.
   const Delivery::Hold hold(delivery_);
   std::unique_ptr<QtWindow> closed = std::move(*found);
   windows_.erase(found);
-  closed->letGo();
-  if (insideOfIt) closed.release()->deleteLater();
+  closed->forgetWindow();
+  if (isInsideHandler) closed.release()->deleteLater();
 }
 
 void QtToolkit::controlChanged(Control& control) {
@@ -99,31 +100,31 @@ Ref<FolderItem> QtToolkit::getSaveFolderItem(const String& filter, const String&
 }
 
 void QtToolkit::messageBox(const String& text) {
-  sayInBox(front(), toQt(text));
+  showMessage(front(), toQt(text));
 }
 
 void QtToolkit::run() {
-  running_ = true;
+  isRunning_ = true;
   const int stop = stopSignalDescriptor();
   std::optional<QSocketNotifier> notifier;
   if (stop >= 0) {
     notifier.emplace(stop, QSocketNotifier::Read);
-    // The loops of open dialogs end with it: a dialog counts as cancelled.
+    // Also ends the loops of open dialogs, which then count as cancelled.
     QObject::connect(&*notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
   }
-  if (!ended_) QApplication::exec();
-  running_ = false;
+  if (!hasQuit_) QApplication::exec();
+  isRunning_ = false;
   delivery_.raiseAgain();
 }
 
 void QtToolkit::quit() {
-  ended_ = true;
-  // Outside of the loop it would end the next dialog, whenever that comes.
-  if (running_) QCoreApplication::exit();
+  hasQuit_ = true;
+  // Without a running loop, exit() would end the next dialog.
+  if (isRunning_) QCoreApplication::exit();
 }
 
 void QtToolkit::backgroundTask() {
-  // Only what has to be painted again: no input, so that no handler runs inside another.
+  // Repaints only; no input events, so that no handler runs inside another.
   for (const auto& window : windows_) {
     QCoreApplication::sendPostedEvents(window.get(), QEvent::UpdateRequest);
   }
@@ -131,7 +132,8 @@ void QtToolkit::backgroundTask() {
 
 void QtToolkit::reportUnhandledException(const RuntimeException& exception,
                                          const String& sentence) {
-  if (RuntimeObjectIsa(&exception, EndException::__Lookup())) return complain(toQt(sentence));
+  if (RuntimeObjectIsa(&exception, EndException::__Lookup()))
+    return writeToStandardError(toQt(sentence));
   report(toQt(sentence));
 }
 
@@ -143,16 +145,17 @@ void QtToolkit::reportLost() noexcept {
   static_cast<void>(std::fputs("veldrin: There is not enough memory.\n", stderr));
 }
 
-void QtToolkit::turnTo(bool active) {
-  const Ref<veldrin::Application> application = registeredApplication();
+void QtToolkit::reportActivation(bool active) {
+  const Ref<Application> application = registeredApplication();
   if (application) delivery_.deliver([&] { application->userTurnedTo(active); });
 }
 
 void QtToolkit::report(const QString& reason) {
-  complain(reason);
-  // The box takes the focus from a field, whose handler may be the one that has failed.
+  writeToStandardError(reason);
+  // The box takes the focus from a field, whose focus handler must not run again: it may have
+  // failed.
   const Delivery::Hold hold(delivery_);
-  sayFailure(front(), reason);
+  showFailure(front(), reason);
 }
 
 QWidget* QtToolkit::front() const {

@@ -13,7 +13,7 @@
 
 namespace veldrin {
 
-/// The toolkit of a desktop. There can be one at a time, as there can be one `QApplication`.
+/// The toolkit for Qt Widgets. Only one may exist at a time, like `QApplication`.
 class QtToolkit final : public Toolkit {
  public:
   /// The names must outlive the toolkit.
@@ -36,23 +36,23 @@ class QtToolkit final : public Toolkit {
   void reportLost() noexcept override;
 
  private:
-  /// Qt's application object, with the C library's numbers left as they were.
-  class Application : public QApplication {
+  /// Keeps the C library's numeric locale "C", which `QApplication` changes.
+  class QtApplication : public QApplication {
    public:
-    explicit Application(const NoDisplay& watch);
+    explicit QtApplication(const DisplayErrorGuard& watch);
   };
 
   [[nodiscard]] QWidget* front() const;
-  void turnTo(bool active);
+  void reportActivation(bool active);
   void report(const QString& reason);
 
   std::span<const SpokenName> names_;
-  Application application_;
+  QtApplication application_;
   Delivery delivery_;
   Editing editing_;
   std::vector<std::unique_ptr<QtWindow>> windows_;
-  bool running_ = false;  ///< the event loop is
-  bool ended_ = false;
+  bool isRunning_ = false;  ///< the event loop is running
+  bool hasQuit_ = false;
 };
 
 }  // namespace veldrin

@@ -33,14 +33,14 @@ QtWindow::QtWindow(Window& window, Delivery& delivery, const Editing& editing,
       editing_(editing),
       content_(new QWidget(this)) {
   setCentralWidget(content_);
-  // The window takes the size that its content and its menu bar come to, whatever the bar's height.
+  // The window size follows from the content and the menu bar.
   if (!window.Resizeable()) layout()->setSizeConstraint(QLayout::SetFixedSize);
   makeControls();
   nameControls(names);
   fitFont();
-  for (const auto& each : controls_) each.second->colour();
+  for (const auto& each : controls_) each.second->applyColours();
   chainFocus();
-  if (!focusOrder_.empty()) shownAs(*focusOrder_.front())->takeFirstFocus();
+  if (!focusOrder_.empty()) qtControlOf(*focusOrder_.front())->takeFirstFocus();
 }
 
 void QtWindow::follow() {
@@ -58,7 +58,7 @@ void QtWindow::followMenus() {
 
 void QtWindow::makeControls() {
   for (const Ref<Control>& control : window_->controls()) {
-    if (shownAs(*control) != nullptr) continue;  // it has been entered under two names
+    if (qtControlOf(*control) != nullptr) continue;  // a control may have two names
     QtControl* const made = makeQtControl(control, delivery_, *content_);
     if (made == nullptr) continue;
     controls_.emplace_back(control.get(), made);
@@ -69,7 +69,8 @@ void QtWindow::makeControls() {
 void QtWindow::nameControls(std::span<const SpokenName> names) {
   for (const SpokenName& spoken : names) {
     const Ref<Object> control = RuntimeWindowControlByName(*window_, String(spoken.control));
-    if (control) shownAs(*CheckCast<Control>(control))->call(toQt(String(spoken.name)));
+    if (control)
+      qtControlOf(*CheckCast<Control>(control))->setSpokenName(toQt(String(spoken.name)));
   }
   for (const auto& label : controls_) {
     for (const auto& field : controls_) {
@@ -81,18 +82,18 @@ void QtWindow::nameControls(std::span<const SpokenName> names) {
 void QtWindow::chainFocus() {
   std::vector<const RectControl*> order;
   for (const Ref<RectControl>& control : focusOrder(*window_)) {
-    if (shownAs(*control) != nullptr) order.push_back(control.get());
+    if (qtControlOf(*control) != nullptr) order.push_back(control.get());
   }
   if (order == focusOrder_) return;
   for (std::size_t next = 1; next < order.size(); ++next) {
-    setTabOrder(&shownAs(*order[next - 1])->widget(), &shownAs(*order[next])->widget());
+    setTabOrder(&qtControlOf(*order[next - 1])->widget(), &qtControlOf(*order[next])->widget());
   }
   focusOrder_ = std::move(order);
 }
 
 void QtWindow::fitFont() {
   constexpr double Step = 0.25;     // pixels
-  constexpr double Smallest = 8.0;  // pixels; below that nobody reads
+  constexpr double Smallest = 8.0;  // pixels; smaller is unreadable
   QFont font = QApplication::font();
   double pixels = QFontInfo(font).pixelSize();
   const auto allFit = [&] {
@@ -104,34 +105,34 @@ void QtWindow::fitFont() {
     pixels -= Step;
     font.setPointSizeF(pixels * pointsAPixel);
   }
-  for (const auto& [control, made] : controls_) made->write(font);
+  for (const auto& [control, made] : controls_) made->applyFont(font);
 }
 
-QtControl* QtWindow::shownAs(const Control& control) const {
+QtControl* QtWindow::qtControlOf(const Control& control) const {
   const auto found = std::ranges::find(controls_, &control, [](const auto& c) { return c.first; });
   return found == controls_.end() ? nullptr : found->second;
 }
 
 void QtWindow::follow(const Control& control) {
-  QtControl* const shown = shownAs(control);
+  QtControl* const shown = qtControlOf(control);
   if (shown == nullptr) return;
   if (control.Window().get() == window_) {
     shown->follow();
   } else {
     std::erase_if(controls_, [&](const auto& each) { return each.second == shown; });
     shown->widget().hide();
-    shown->widget().deleteLater();  // it may be the one that somebody uses
+    shown->widget().deleteLater();  // it may be handling an event
   }
   chainFocus();
 }
 
-void QtWindow::letGo() {
+void QtWindow::forgetWindow() {
   hide();
   window_ = nullptr;
 }
 
 void QtWindow::closeEvent(QCloseEvent* event) {
-  // The window goes when the system says that it does.
+  // The framework decides whether the window closes; see windowClosed().
   event->ignore();
   if (window_ != nullptr) delivery_.deliver([this] { window_->Close(); });
 }
@@ -142,27 +143,27 @@ bool QtWindow::eventFilter(QObject* watched, QEvent* event) {
   if (type == QEvent::FocusOut) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
     const bool isLent = reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason;
-    if (!isLent) leave(*watched);
+    if (!isLent) reportFocusLoss(*watched);
     return false;
   }
   if (type != QEvent::ShortcutOverride && type != QEvent::KeyPress) return false;
   auto& key = *static_cast<QKeyEvent*>(event);
   if (!menus_ || !menus_->hasShortcut(key.keyCombination())) return false;
-  // A key of the menus is theirs, also where the field would know what to do with it.
+  // Menu shortcuts take precedence over keys of the focused field.
   key.setAccepted(type == QEvent::KeyPress);
   return true;
 }
 
-void QtWindow::leave(const QObject& widget) {
+void QtWindow::reportFocusLoss(const QObject& widget) {
   for (const auto& each : controls_) {
-    if (&each.second->widget() == &widget) each.second->leave(delivery_);
+    if (&each.second->widget() == &widget) each.second->reportFocusLoss(delivery_);
   }
 }
 
 bool QtWindow::event(QEvent* event) {
   const QEvent::Type type = event->type();
   const bool done = QMainWindow::event(event);
-  // Behind a deferred deletion there is no window left to look into.
+  // After DeferredDelete this object no longer exists.
   if (type == QEvent::DeferredDelete || window_ == nullptr) return done;
   switch (type) {
     case QEvent::WindowActivate:
@@ -183,7 +184,7 @@ bool QtWindow::event(QEvent* event) {
       fitFont();
       break;
     case QEvent::ApplicationPaletteChange:
-      for (const auto& each : controls_) each.second->colour();
+      for (const auto& each : controls_) each.second->applyColours();
       break;
     default:
       break;
@@ -192,7 +193,7 @@ bool QtWindow::event(QEvent* event) {
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {
-  // It comes here where no control has taken it.
+  // Only keys that no control has handled arrive here.
   const String letters = fromQt(event->text());
   bool taken = false;
   if (window_ != nullptr && !letters.isEmpty()) {

@@ -19,7 +19,8 @@ SaveDialog::SaveDialog(QWidget* parent, const QStringList& filters, const QStrin
   selectFile(fileName);
   typed_ = findChild<QLineEdit*>("fileNameEdit");
   if (typed_ == nullptr) return;
-  // Behind Qt's own connection, which greys the button out where it could say what is wrong.
+  // Runs after Qt's own connection, which disables the button for a bad name. Keep it enabled, so
+  // that accept() can tell the user what is wrong.
   auto* const buttons = findChild<QDialogButtonBox*>("buttonBox");
   connect(typed_, &QLineEdit::textChanged, this,
           [buttons] { buttons->button(QDialogButtonBox::Save)->setEnabled(true); });
@@ -34,7 +35,8 @@ QString SaveDialog::ask() {
 void SaveDialog::accept() {
   if (typed_ == nullptr) return QFileDialog::accept();
   const QString path = typedPath();
-  if (const QString reason = reasonAgainst(path); !reason.isEmpty()) return sayInBox(this, reason);
+  if (const QString reason = reasonAgainst(path); !reason.isEmpty())
+    return showMessage(this, reason);
   if (QFileInfo(path).isDir()) {
     setDirectory(path);
     typed_->clear();
@@ -43,7 +45,8 @@ void SaveDialog::accept() {
   const bool asks = !testOption(DontConfirmOverwrite) && QFileInfo::exists(path);
   if (asks && !mayReplace(path)) return;
   chosen_ = path;
-  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): Qt's own reads the name again
+  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): QFileDialog would parse the name
+                      // again
 }
 
 QString SaveDialog::typedPath() const {

@@ -5,25 +5,26 @@
 
 namespace veldrin {
 
-/// A save dialog in which the name that is typed is the file that is written. Qt's own takes a
-/// quotation mark for the end of a name, leaves blanks out, and is silent on a name that is too
-/// long for the system. Where the desktop shows a dialog of its own, that one decides.
+/// A save dialog that takes the typed file name literally. Qt's dialog ends names at quotation
+/// marks, drops spaces and does not report names that are too long. If the desktop provides a
+/// native dialog, that one is used unchanged.
 class SaveDialog final : public QFileDialog {
  public:
   SaveDialog(QWidget* parent, const QStringList& filters, const QString& fileName);
 
-  /// Asks: the path, or nothing if the person cancels. An existing file is confirmed here.
+  /// Shows the dialog. Returns the path, or an empty text if the user cancels. Asks before
+  /// replacing a file.
   QString ask();
 
   void accept() override;
 
  private:
   [[nodiscard]] QString typedPath() const;
-  /// Why no file can have that path, for a person to read; empty where one can.
+  /// The reason, for the user, why the path is invalid; empty if it is valid.
   [[nodiscard]] static QString reasonAgainst(const QString& path);
   bool mayReplace(const QString& path);
 
-  QLineEdit* typed_;  ///< nil in a dialog of the desktop's own
+  QLineEdit* typed_;  ///< nil in a native dialog
   QString chosen_;
 };
 

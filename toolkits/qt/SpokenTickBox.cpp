@@ -7,9 +7,9 @@
 namespace veldrin {
 namespace {
 
-class SpokenTickBox final : public QAccessibleWidget {
+class AccessibleTickBox final : public QAccessibleWidget {
  public:
-  explicit SpokenTickBox(QtTickBox& box)
+  explicit AccessibleTickBox(QtTickBox& box)
       : QAccessibleWidget(&box, QAccessible::CheckBox, box.spokenName()) {}
 
   [[nodiscard]] QAccessible::State state() const override {
@@ -29,15 +29,15 @@ class SpokenTickBox final : public QAccessibleWidget {
   }
 
  private:
-  /// Nil while the widget is being taken down.
+  /// Nil while the widget is being destroyed.
   [[nodiscard]] QCheckBox* box() const { return qobject_cast<QCheckBox*>(widget()); }
 };
 
 }  // namespace
 
-QAccessibleInterface* spokenTickBox(const QString& /*kind*/, QObject* object) {
+QAccessibleInterface* makeAccessibleTickBox(const QString& /*kind*/, QObject* object) {
   auto* const box = dynamic_cast<QtTickBox*>(object);
-  return box == nullptr ? nullptr : new SpokenTickBox(*box);
+  return box == nullptr ? nullptr : new AccessibleTickBox(*box);
 }
 
 }  // namespace veldrin

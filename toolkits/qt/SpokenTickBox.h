@@ -4,9 +4,8 @@
 
 namespace veldrin {
 
-/// Makes what a screen reader meets of a tick box; nil for any other object. Qt's own gives the
-/// place of the mark and the text alone, which goes by the font: this one gives that of the
-/// control, all of which can be pressed.
-QAccessibleInterface* spokenTickBox(const QString& kind, QObject* object);
+/// Creates the accessible object of a tick box; nil for other objects. Qt reports the rectangle of
+/// mark and text only; this one reports the whole control, since a click anywhere in it works.
+QAccessibleInterface* makeAccessibleTickBox(const QString& kind, QObject* object);
 
 }  // namespace veldrin
