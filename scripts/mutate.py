@@ -1,217 +1,219 @@
-"""Puts small faults into copies of the sources and tells which of them the tests do not notice.
+"""Puts small faults into copies of the sources, one at a time, and tells what catches them.
 
-The faults stand in scripts/mutations, which says how. One that the tests do not notice survives; one
-that stops them for good, or that does not compile, is caught as well.
+The faults are drawn by a seed from the lines of the product. A fault that no test notices survives.
 """
 
 import argparse
+import fcntl
+import json
 import os
-import queue
-import shutil
 import signal
-import subprocess
 import sys
-import tempfile
 import threading
 import time
 from dataclasses import dataclass
-from pathlib import Path
 
-ROOT = Path(__file__).resolve().parent.parent
-LIST = ROOT / "scripts" / "mutations"
-ALLOWED = 0.05  # of the faults may survive without an excuse
-PATIENCE = 5  # times what the tests take without a fault
-
-UNIT_TARGETS = ["veldrin-tests"]
-WINDOW_TARGETS = ["veldrin-qt-tests", "veldrin"]
-
-
-@dataclass
-class Mutation:
-    """A fault: in `file`, `old` stands where `new` is put in its place."""
-
-    number: int
-    file: str
-    what: str
-    old: str = ""
-    new: str = ""
-    excuse: str = ""
-
-    def __str__(self) -> str:
-        return f"{self.number}. {self.file}: {self.what}"
-
-    def is_stale(self) -> bool:
-        """Whether the text that it replaces does not stand in its file, or not just once."""
-        path = ROOT / self.file
-        return not path.exists() or path.read_text().count(self.old) != 1
-
-
-def read_list() -> list[Mutation]:
-    """All faults. A line of a text begins behind its mark and a blank."""
-    mutations = []
-    for paragraph in LIST.read_text().split("\n\n"):
-        lines = [line for line in paragraph.strip("\n").split("\n") if not line.startswith("#")]
-        if not lines or not lines[0]:
-            continue
-        file, what = lines[0].split(": ", 1)
-        texts: dict[str, list[str]] = {"-": [], "+": [], "=": []}
-        for line in lines[1:]:
-            texts[line[0]].append(line[2:])
-        old, new, excuse = ("\n".join(texts[mark]) for mark in "-+=")
-        mutations.append(Mutation(len(mutations) + 1, file, what, old, new, excuse))
-    return mutations
+from mutation.draw import FOLDER, ROOT, Fault, all_faults, draw, fingerprint
+from mutation.edits import KINDS
+from mutation.excuses import excuse_for, read_excuses
+from mutation.processes import Runner
+from mutation.report import ALLOWED, Table, heading, survival, verdict
+from mutation.tokens import spelling
+from mutation.tree import Tree, TreeFault
 
 
 def arguments() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/mutate", description=__doc__.split("\n")[0])
-    parser.add_argument("--check", action="store_true", help="only whether every fault still fits")
-    parser.add_argument("--only", metavar="FROM-TO", help="those numbers alone")
-    parser.add_argument("--folder", help="those of a folder alone")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="so many at once")
+    parser.add_argument("--sample", type=int, default=100, metavar="N",
+                        help="try so many faults that compile (default: %(default)s)")
+    parser.add_argument("--seed", default="1", metavar="S", help="draw other faults")
+    parser.add_argument("--folder", default="", help="draw from this folder alone")
+    parser.add_argument("--only", type=int, metavar="K", help="try the fault of this number again")
+    parser.add_argument("--list", action="store_true", help="print the draw and try nothing")
+    parser.add_argument("--check", action="store_true", help="check the draw and the excuses alone")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="try so many at once")
     return parser.parse_args()
 
 
-def wanted(mutations: list[Mutation], options: argparse.Namespace) -> list[Mutation]:
-    first, last = 1, len(mutations)
-    if options.only:
-        ends = options.only.split("-")
-        first, last = int(ends[0]), int(ends[-1])
-    folder = options.folder.rstrip("/") + "/" if options.folder else ""
-    return [each for each in mutations
-            if first <= each.number <= last and each.file.startswith(folder)]
+def check(seed: str) -> list[str]:
+    """What is wrong with the draw or the excuses."""
+    drawn, possible = draw(seed), list(all_faults())
+    complaints = []
+    if drawn != draw(seed):
+        complaints.append("the same seed draws different faults")
+    for kind in KINDS:
+        if all(fault.edit.kind != kind for fault in drawn):
+            complaints.append(f"no edit of the kind {kind} is drawn")
+    texts: dict[str, str] = {}
+    for fault in drawn:
+        text = texts.setdefault(fault.file, (ROOT / fault.file).read_text())
+        if spelling(text[fault.edit.start: fault.edit.end]) == spelling(fault.edit.new):
+            complaints.append(f"this edit changes nothing: {fault.key()}")
+    for excuse in read_excuses():
+        files = {fault.file for fault in possible if excuse.fits(fault)}
+        if len(files) != 1:
+            complaints.append(f'an excuse fits {len(files)} files, not one: "{excuse.before}"')
+    return complaints
 
 
-class Tree:
-    """A copy of the sources with a build of its own."""
+@dataclass
+class Result:
+    """What came of a fault."""
 
-    def __init__(self, folder: Path):
-        self.folder = folder
-        self.build = folder / "build" / "mutated"
-        # What one copy has compiled need not be compiled for the next, where there is a cache.
-        self.environment = os.environ | {"CCACHE_BASEDIR": str(folder), "CCACHE_NOHASHDIR": "1"}
-        names = subprocess.run(["git", "ls-files", "-z"], cwd=ROOT, check=True,
-                               capture_output=True, text=True).stdout.split("\0")
-        for name in filter(None, names):
-            (folder / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy2(ROOT / name, folder / name)
-        self.run(["cmake", "-S", folder, "-B", self.build, "-G", "Ninja", "-DVELDRIN_TESTS=ON",
-                  "-DCMAKE_BUILD_TYPE=None", "-DCMAKE_CXX_FLAGS=-O0 -w"], None)
-        if not self.make(UNIT_TARGETS + WINDOW_TARGETS):
-            sys.exit("mutate: the sources cannot be built")
-        self.patience: dict[str, float] = {}
-        for name, steps in (("unit", self.unit_steps()), ("window", self.window_steps())):
-            start = time.monotonic()
-            if not self.passes(steps, None):
-                sys.exit(f"mutate: the {name} tests fail without any fault")
-            self.patience[name] = PATIENCE * (time.monotonic() - start) + 30
+    outcome: str
+    by: str
+    seconds: float
 
-    def run(self, command: list, limit: float | None) -> bool:
-        """Whether the command succeeds within so many seconds. All that it started ends with it."""
-        with subprocess.Popen(command, cwd=self.folder, env=self.environment,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL, start_new_session=True) as process:
+
+class Log:
+    """The results of a seed on disk, so that a run goes on where another was interrupted."""
+
+    def __init__(self, seed: str, mark: str):
+        self._path = FOLDER / f"log-{seed}.jsonl"
+        self._mark = mark
+        self.results: dict[str, Result] = {}
+        if not self._path.exists():
+            return
+        for line in self._path.read_text().splitlines():
             try:
-                return process.wait(limit) == 0
-            except subprocess.TimeoutExpired:
-                return False
-            finally:
-                try:
-                    os.killpg(process.pid, signal.SIGKILL)
-                except ProcessLookupError:
-                    pass
+                entry = json.loads(line)
+            except ValueError:
+                continue  # The end of a run that was killed.
+            if entry["sources"] == mark:
+                self.results[entry["fault"]] = Result(entry["outcome"], entry["by"],
+                                                      entry["seconds"])
 
-    def make(self, targets: list[str]) -> bool:
-        return self.run(["cmake", "--build", self.build, "--parallel", "1", "--target", *targets],
-                        None)
-
-    def unit_steps(self) -> list[list]:
-        # The one test that takes as long as all others comes behind them.
-        slow = "*MemoryThatRunsOut*"
-        tests = [self.build / "tests" / "veldrin-tests", "--gtest_fail_fast"]
-        return [[*tests, f"--gtest_filter=-{slow}"], [*tests, f"--gtest_filter={slow}"]]
-
-    def window_steps(self) -> list[list]:
-        return [[self.build / "tests" / "qt" / "veldrin-qt-tests", "--gtest_fail_fast"],
-                ["ctest", "--test-dir", self.build, "--stop-on-failure", "-R",
-                 "^(Screen|CalendarReaders|MustNotCompile)"]]
-
-    def passes(self, steps: list[list], limit: float | None) -> bool:
-        return all(self.run(step, limit) for step in steps)
-
-    def survives(self, mutation: Mutation) -> bool:
-        """Whether all tests pass with the fault in the sources."""
-        path = self.folder / mutation.file
-        sound = path.read_text()
-        path.write_text(sound.replace(mutation.old, mutation.new))
-        try:
-            return self.unnoticed(mutation.file.startswith("toolkits/qt/"))
-        finally:
-            path.write_text(sound)
-
-    def unnoticed(self, in_window: bool) -> bool:
-        if not in_window:
-            built = self.make(UNIT_TARGETS)
-            if not built or not self.passes(self.unit_steps(), self.patience["unit"]):
-                return False
-        return self.make(WINDOW_TARGETS) and self.passes(self.window_steps(),
-                                                        self.patience["window"])
+    def add(self, fault: Fault, result: Result) -> None:
+        self.results[fault.key()] = result
+        entry = {"sources": self._mark, "fault": fault.key(), **vars(result)}
+        with open(self._path, "a") as file:
+            file.write(json.dumps(entry) + "\n")
 
 
-def survivors_of(mutations: list[Mutation], jobs: int) -> list[Mutation]:
-    """Tries the faults, so many at once, and gives those that no test notices."""
-    todo: queue.SimpleQueue[Mutation] = queue.SimpleQueue()
-    for mutation in mutations:
-        todo.put(mutation)
-    survivors: list[Mutation] = []
-    failures: list[str] = []
-    start = time.monotonic()
+class Trials:
+    """Tries the faults of a draw in order until so many have compiled."""
 
-    def work(folder: Path) -> None:
-        try:
-            tree = Tree(folder)
-            while not failures:
-                mutation = todo.get_nowait()
-                survived = tree.survives(mutation)
-                if survived:
-                    survivors.append(mutation)
-                seconds = time.monotonic() - start
-                print(f"{seconds:6.0f} s  {'SURVIVED' if survived else 'caught  '}  {mutation}",
-                      flush=True)
-        except queue.Empty:
-            pass
-        except SystemExit as failure:
-            failures.append(str(failure))
+    def __init__(self, faults: list[tuple[int, Fault]], wanted: int, log: Log):
+        self._todo = iter(faults)
+        self._wanted = wanted
+        self._log = log
+        self._changed = threading.Condition()
+        self._compiled = 0
+        self._in_work = 0
+        self.excuses = read_excuses()
+        self.table = Table()
+        self.survivors: list[tuple[int, Fault]] = []
+        self.failures: list[str] = []
 
-    with tempfile.TemporaryDirectory(prefix="veldrin-mutate-") as scratch:
-        threads = [threading.Thread(target=work, args=(Path(scratch) / str(job),))
-                   for job in range(jobs)]
+    def next(self) -> tuple[int, Fault] | None:
+        """The next fault to try; waits while those in work may be the last ones."""
+        with self._changed:
+            while not self.failures and self._compiled < self._wanted:
+                if self._compiled + self._in_work >= self._wanted:
+                    self._changed.wait()
+                    continue
+                number, fault = next(self._todo, (0, None))
+                if fault is None:
+                    return None
+                if (known := self._log.results.get(fault.key())) is None:
+                    self._in_work += 1
+                    return number, fault
+                self._count(number, fault, known)
+            return None
+
+    def finish(self, number: int, fault: Fault, result: Result) -> None:
+        with self._changed:
+            self._in_work -= 1
+            self._log.add(fault, result)
+            self._count(number, fault, result)
+            self._changed.notify_all()
+
+    def fail(self, failure: str) -> None:
+        with self._changed:
+            self.failures.append(failure)
+            self._changed.notify_all()
+
+    def _count(self, number: int, fault: Fault, result: Result) -> None:
+        excuse = excuse_for(fault, self.excuses)
+        outcome = "excused" if excuse and result.outcome == "survived" else result.outcome
+        self._compiled += outcome != "uncompiled"
+        self.table.add(fault, outcome)
+        if outcome == "survived":
+            self.survivors.append((number, fault))
+        said = verdict(outcome, result.by, excuse.reason if excuse else "")
+        print(f"{heading(number, fault)}, {result.seconds:.0f} s: {said}\n{fault.diff()}",
+              flush=True)
+
+
+def work(tree: Tree, mark: str, trials: Trials) -> None:
+    """Tries faults in one copy of the sources."""
+    try:
+        tree.prepare(mark)
+        while (drawn := trials.next()) is not None:
+            begin = time.monotonic()
+            outcome, by = tree.trial(drawn[1])
+            trials.finish(*drawn, Result(outcome, by, round(time.monotonic() - begin, 1)))
+    except KeyboardInterrupt:
+        pass  # The main thread knows.
+    except (TreeFault, OSError) as failure:
+        trials.fail(str(failure))
+
+
+def run(trials: Trials, jobs: int, mark: str) -> None:
+    runner = Runner()
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, signal.default_int_handler)
+    threads = [threading.Thread(target=work, args=(Tree(number, runner, 1), mark, trials))
+               for number in range(jobs)]
+    try:
         for thread in threads:
             thread.start()
         for thread in threads:
             thread.join()
-    if failures:
-        sys.exit(failures[0])
-    return sorted(survivors, key=lambda each: each.number)
+    except KeyboardInterrupt:
+        trials.fail("interrupted; the same command goes on from here")
+        runner.stop()
+        for thread in threads:
+            thread.join()
 
 
 def main() -> int:
     options = arguments()
-    mutations = read_list()
-    stale = [each for each in mutations if each.is_stale()]
-    for each in stale:
-        print(f"mutate: this fault no longer fits: {each}", file=sys.stderr)
-    if stale or options.check:
-        return 1 if stale else 0
-    tried = wanted(mutations, options)
-    survivors = survivors_of(tried, max(1, options.jobs))
-    for each in survivors:
-        print(f"Survived: {each}{' (' + each.excuse + ')' if each.excuse else ''}")
-    for each in tried:
-        if each.excuse and each not in survivors:
-            print(f"Excused, but caught: {each}")
-    unexcused = sum(not each.excuse for each in survivors)
-    print(f"{len(tried)} faults, {len(survivors)} survived, {unexcused} of them without an excuse")
-    return 1 if unexcused > ALLOWED * len(tried) else 0
+    if options.check:
+        complaints = check(options.seed)
+        for complaint in complaints:
+            print(f"mutate: {complaint}", file=sys.stderr)
+        return 1 if complaints else 0
+    faults = list(enumerate(draw(options.seed, options.folder), 1))
+    if options.only:
+        faults = faults[options.only - 1: options.only]
+    if options.list:
+        for number, fault in faults[: options.sample]:
+            print(f"{heading(number, fault)}\n{fault.diff()}")
+        return 0
+    FOLDER.mkdir(parents=True, exist_ok=True)
+    with open(FOLDER / "lock", "w") as lock:
+        try:
+            fcntl.flock(lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            sys.exit("mutate: another run uses build/mutate")
+        return try_all(options, faults)
+
+
+def try_all(options: argparse.Namespace, faults: list[tuple[int, Fault]]) -> int:
+    """Tries the faults and reports; the exit status."""
+    mark = fingerprint()
+    log = Log(options.seed, mark)
+    if options.only:
+        log.results.clear()
+    trials = Trials(faults, options.sample, log)
+    run(trials, max(1, min(options.jobs, options.sample, len(faults))), mark)
+    print(f"\n{trials.table}")
+    for number, fault in trials.survivors:
+        print(f"{heading(number, fault)}: SURVIVED\n{fault.diff()}")
+    if trials.failures:
+        sys.exit(f"mutate: {trials.failures[0]}")
+    return 1 if survival(trials.table.total()) > ALLOWED else 0
 
 
 if __name__ == "__main__":

@@ -1,0 +1,242 @@
+"""A copy of the sources with a build of its own, in which faults are tried."""
+
+import json
+import os
+import shlex
+import shutil
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+from mutation.draw import FOLDER, NO_PRODUCT, ROOT, Fault, tracked_files
+from mutation.processes import LIMITS, Runner
+from mutation.suite import Step, failure_in, steps_of
+
+OBJECT = 3.0  # seconds that compiling one takes, about
+COMPILING = 900.0  # seconds that a build with a fault may take
+
+
+class TreeFault(Exception):
+    """The sources without a fault cannot be built, or fail a test."""
+
+
+class Tree:
+    """A copy in build/mutate/NUMBER. A build without a fault is kept beside the used one."""
+
+    def __init__(self, number: int, runner: Runner, jobs: int):
+        self.folder = FOLDER / str(number)
+        self.source = self.folder / "source"
+        self.build = self.folder / "build"
+        self._sound = self.folder / "sound"
+        self._log = self.folder / "output"
+        self._runner = runner
+        self._jobs = str(jobs)
+        # The cache knows what another copy has compiled.
+        self._environment = os.environ | {"CCACHE_BASEDIR": str(self.folder),
+                                          "CCACHE_NOHASHDIR": "1"}
+        self._object_code: dict[str, bytes] = {}
+        self.steps: list[Step] = []
+
+    def prepare(self, mark: str) -> None:
+        """Builds the sources and tries the tests. `mark` is the fingerprint of the sources."""
+        self._copy_sources()
+        self._configure()
+        if not self._makes(["all"], None):
+            raise TreeFault(f"the sources cannot be built; see {self._log}")
+        self._environment["CCACHE_DISABLE"] = "1"
+        self._learn()
+        self._try_without_fault(mark)
+        copy_changed(self.build, self._sound)
+
+    def _copy_sources(self) -> None:
+        wanted = set(tracked_files())
+        for name in wanted:
+            sound, copy = (ROOT / name).read_bytes(), self.source / name
+            if not copy.exists() or copy.read_bytes() != sound:
+                copy.parent.mkdir(parents=True, exist_ok=True)
+                copy.write_bytes(sound)
+                shutil.copymode(ROOT / name, copy)
+        for path in self.source.rglob("*"):
+            if path.is_file() and str(path.relative_to(self.source)) not in wanted:
+                path.unlink()
+
+    def _configure(self) -> None:
+        options = ["-DVELDRIN_TESTS=ON", "-DCMAKE_BUILD_TYPE=Debug",
+                   "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
+                   # A build starts no test program, which a fault may keep from ending.
+                   "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"]
+        if shutil.which("ccache"):
+            options.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
+        command = ["cmake", "-S", str(self.source), "-B", str(self.build), "-G", "Ninja", *options]
+        if self._run(command, None) != 0:
+            raise TreeFault(f"the build cannot be configured; see {self._log}")
+
+    def _makes(self, targets: list[str], limit: float | None) -> bool:
+        command = ["ninja", "-C", str(self.build), "-j", self._jobs, *targets]
+        return self._run(command, limit) == 0
+
+    def _run(self, command: list[str], limit: float | None) -> int | None:
+        return self._runner.run(command, self.folder, self._environment, self._log, limit)
+
+    def _said(self, *command: str) -> str:
+        return subprocess.run(command, cwd=self.build, env=self._environment, check=True,
+                              capture_output=True, text=True).stdout
+
+    def _learn(self) -> None:
+        """Learns the tests, what they need, and what depends on which file."""
+        outputs = {line.rsplit(":", 1)[0]
+                   for line in self._said("ninja", "-t", "targets", "all").splitlines()}
+        self.steps = steps_of(json.loads(self._said("ctest", "--show-only=json-v1")), self.build,
+                              outputs)
+        self._inputs = {target: {self._name(line.strip()) for line in self._said(
+                            "ninja", "-t", "inputs", target).splitlines()}
+                        for step in self.steps for target in step.targets}
+        self._dependents: dict[str, set[str]] = {}
+        made = ""
+        for line in self._said("ninja", "-t", "deps").splitlines():
+            if line.startswith(" "):
+                self._dependents.setdefault(self._name(line.strip()), set()).add(made)
+            else:
+                made = line.split(": ", 1)[0]
+        self._commands = {}
+        for entry in json.loads((self.build / "compile_commands.json").read_text()):
+            command = shlex.split(entry["command"])
+            self._commands[command[command.index("-o") + 1]] = command
+
+    def _name(self, path: str) -> str:
+        """A path of the build, from the folder of the sources if it is there."""
+        whole = os.path.normpath(self.build / path)
+        inside = whole.startswith(str(self.source) + "/")
+        return os.path.relpath(whole, self.source) if inside else path
+
+    def _try_without_fault(self, mark: str) -> None:
+        """Measures the steps, unless that is known of the same sources."""
+        kept = self.folder / "seconds.json"
+        known = json.loads(kept.read_text()) if kept.exists() else {}
+        if known.get("mark") != mark:
+            known = {"mark": mark}
+        for step in self.steps:
+            key = " ".join(step.command)
+            if key not in known:
+                begin = time.monotonic()
+                if blamed := self._blamed(step):
+                    raise TreeFault(f"{blamed} fails without any fault; see {self._log}")
+                known[key] = time.monotonic() - begin
+                kept.write_text(json.dumps(known, indent=1))
+            step.measured(known[key])
+        self.steps.sort(key=Step.order)
+
+    def _blamed(self, step: Step) -> str:
+        """What in the step fails, or "" if it passes."""
+        with tempfile.TemporaryDirectory(prefix="mutate-", ignore_cleanup_errors=True) as scratch:
+            environment = os.environ | {"TMPDIR": scratch} | step.environment
+            status = self._runner.run([*LIMITS, *step.command], step.folder, environment,
+                                      self._log, step.limit)
+        output = self._log.read_text(errors="replace")
+        if step.passes(status, output):
+            return ""
+        test = failure_in(output)
+        name = f"{step.name} {test}" if test else step.name
+        return name if status is not None else f"{name} (time limit)"
+
+    def _steps_for(self, fault: Fault) -> list[Step]:
+        """The steps that can see a fault of that file, the cheapest first."""
+        changed = self._dependents.get(fault.file, set()) | {fault.file}
+        costs = []
+        for step in self.steps:
+            affected = set().union(*(changed & self._inputs[target] for target in step.targets))
+            # Where the compiler is the test, it reads headers.
+            reads = "-fsyntax-only" in step.command and fault.file.endswith(".h")
+            if affected or reads:
+                late, seconds = step.order()
+                costs.append((late, seconds + OBJECT * len(affected), step))
+        return [step for *_, step in sorted(costs, key=lambda cost: cost[:2])]
+
+    def trial(self, fault: Fault) -> tuple[str, str]:
+        """What comes of the fault: "uncompiled", "caught", "idle" or "survived", and by what."""
+        path = self.source / fault.file
+        times, sound = path.stat(), path.read_text()
+        path.write_text(fault.applied(sound))
+        try:
+            return self._outcome(fault, sound)
+        finally:
+            _write(path, sound, times)
+            copy_changed(self._sound, self.build)
+
+    def _outcome(self, fault: Fault, sound: str) -> tuple[str, str]:
+        has_effect = None
+        for step in self._steps_for(fault):
+            if step.targets and not self._makes(step.targets, COMPILING):
+                return "uncompiled", ""
+            if step.is_late and has_effect is None:
+                has_effect = self._has_effect(fault, sound)
+                if not has_effect:
+                    break
+            blamed = self._blamed(step)
+            if blamed and step.is_unsteady:
+                blamed = self._blamed(step)
+            if blamed:
+                return "caught", blamed
+        if has_effect is None:
+            has_effect = self._has_effect(fault, sound)
+        return ("survived" if has_effect else "idle"), ""
+
+    def _has_effect(self, fault: Fault, sound: str) -> bool:
+        """Whether the object code of the product, as it is shipped, differs by the fault."""
+        path = self.source / fault.file
+        times, faulty = path.stat(), path.read_text()
+        try:
+            for made in sorted(self._dependents.get(fault.file, set()) & set(self._commands)):
+                if self._name(self._commands[made][-1]).startswith(NO_PRODUCT):
+                    continue
+                code = self._compiled(made)
+                if made not in self._object_code:
+                    path.write_text(sound)
+                    self._object_code[made] = self._compiled(made)
+                    path.write_text(faulty)
+                if code != self._object_code[made]:
+                    return True
+            return False
+        finally:
+            _write(path, faulty, times)
+
+    def _compiled(self, made: str) -> bytes:
+        target = self.folder / "compared.o"
+        command = list(self._commands[made])
+        command[command.index("-o") + 1] = str(target)
+        target.unlink(missing_ok=True)
+        self._runner.run([*command, "-O2", "-g0"], self.build, self._environment, self._log)
+        return target.read_bytes() if target.exists() else b""
+
+
+def _write(path: Path, text: str, times: os.stat_result) -> None:
+    """Writes a file and gives it back its time, so that nothing is built again for it."""
+    path.write_text(text)
+    os.utime(path, ns=(times.st_atime_ns, times.st_mtime_ns))
+
+
+def copy_changed(source: Path, copy: Path) -> None:
+    """Makes the copy equal to the source. Files of one size and time are taken for equal."""
+    copy.mkdir(parents=True, exist_ok=True)
+    wanted = {entry.name: entry for entry in os.scandir(source)}
+    for entry in os.scandir(copy):
+        if entry.name not in wanted:
+            if entry.is_dir(follow_symlinks=False):
+                shutil.rmtree(entry.path)
+            else:
+                os.unlink(entry.path)
+    for name, entry in wanted.items():
+        if entry.is_dir(follow_symlinks=False):
+            copy_changed(Path(entry.path), copy / name)
+        elif not _is_equal(entry, copy / name):
+            shutil.copy2(entry.path, copy / name, follow_symlinks=False)
+
+
+def _is_equal(entry: os.DirEntry, copy: Path) -> bool:
+    try:
+        there = copy.lstat()
+    except FileNotFoundError:
+        return False
+    here = entry.stat(follow_symlinks=False)
+    return (here.st_size, here.st_mtime_ns) == (there.st_size, there.st_mtime_ns)
