@@ -33,7 +33,7 @@ need_packages() {
 
 # What builds the core and the companion, what the window needs beside it, and what the tests and
 # benchmarks do.
-BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev libcctz-dev)
 WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
   at-spi2-core dbus-daemon)
