@@ -4,17 +4,16 @@
 #include <cctz/zone_info_source.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <functional>
-#include <iostream>
 #include <memory>
-#include <sstream>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "places/PosixRule.h"
 #include "places/ZoneFile.h"
 #include "shell/Civil.h"
 
@@ -43,72 +42,63 @@ class Bytes final : public cctz::ZoneInfoSource {
   std::string_view left_;
 };
 
-/// Takes the library's complaints for as long as it lives. The library reports a rule that it
-/// cannot read to std::clog alone, and goes on without the rule.
-class Complaints {
+/// A zone as its file has it. The library reads the listed changes; some of its versions go wrong
+/// where the last two of them do not follow the rule behind them, so that rule is read here.
+class FileZone {
  public:
-  Complaints() = default;
-  Complaints(const Complaints&) = delete;
-  Complaints& operator=(const Complaints&) = delete;
-  ~Complaints() { std::clog.rdbuf(before_); }
+  /// Nothing if the file is damaged.
+  static std::optional<FileZone> read(std::string_view bytes) {
+    FileZone zone;
+    auto file = readZoneFile(bytes);
+    // The bytes themselves are the name by which the library knows the zone. It keeps each zone
+    // that it has read, so two files never share a name.
+    if (!file || !cctz::load_time_zone(file->changes, &zone.listed_)) return std::nullopt;
+    zone.lastChange_ = file->lastChange;
+    zone.rule_ = file->rule;
+    return zone;
+  }
 
-  [[nodiscard]] bool any() const { return !text_.view().empty(); }
+  /// Seconds ahead of Universal Time.
+  [[nodiscard]] std::int64_t offsetAt(std::int64_t second) const {
+    if (rule_ && second >= lastChange_) return rule_->offsetAt(second);
+    return listed_.lookup(cctz::time_point<cctz::seconds>(cctz::seconds(second))).offset;
+  }
 
  private:
-  std::ostringstream text_;
-  std::streambuf* before_ = std::clog.rdbuf(text_.rdbuf());
+  cctz::time_zone listed_;
+  std::int64_t lastChange_ = 0;
+  std::optional<PosixRule> rule_;
 };
 
-/// The bytes themselves are the name by which the library knows the zone. It keeps each zone that
-/// it has read, so two files never share a name.
-std::optional<cctz::time_zone> zoneOf(const std::string& file) {
-  cctz::time_zone zone;
-  const Complaints complaints;
-  if (!cctz::load_time_zone(file, &zone) || complaints.any()) return std::nullopt;
-  return zone;
-}
-
-using Seconds = cctz::time_point<cctz::seconds>;
-
-Seconds startOf(std::int64_t day) {
-  return Seconds(cctz::seconds(day * SecondsOfDay));
-}
-
-double minutesAhead(const cctz::time_zone& zone, Seconds moment) {
-  return zone.lookup(moment).offset / 60.0;
-}
-
 /// Appends the changes in (from, to] by halving. Two changes that cancel each other are missed, so
-/// the span is a day: no zone of the database has changed twice within three days. (The library's
-/// own list of changes ends after 400 years.)
-void appendChanges(const cctz::time_zone& zone, Seconds from, Seconds to,
+/// the span is a day: no zone of the database has changed twice within three days.
+void appendChanges(const FileZone& zone, std::int64_t from, std::int64_t to,
                    std::vector<ClockChange>& changes) {
-  const double offset = minutesAhead(zone, to);
-  if (minutesAhead(zone, from) == offset) return;
-  if (to - from == cctz::seconds(1)) {
-    changes.push_back({static_cast<double>(to.time_since_epoch().count()) / 60.0, offset});
+  const std::int64_t offset = zone.offsetAt(to);
+  if (zone.offsetAt(from) == offset) return;
+  if (to - from == 1) {
+    changes.push_back({static_cast<double>(to) / 60.0, static_cast<double>(offset) / 60.0});
     return;
   }
-  const Seconds middle = from + (to - from) / 2;
+  const std::int64_t middle = from + (to - from) / 2;
   appendChanges(zone, from, middle, changes);
   appendChanges(zone, middle, to, changes);
 }
 
 }  // namespace
 
-std::optional<ClockRules> zoneRules(const std::string& file, std::int64_t firstYear,
+std::optional<ClockRules> zoneRules(std::string_view file, std::int64_t firstYear,
                                     std::int64_t lastYear) {
-  if (!isZoneFile(file)) return std::nullopt;
-  const auto zone = zoneOf(file);
+  const auto zone = FileZone::read(file);
   if (!zone) return std::nullopt;
   constexpr std::int64_t DaysBeside = 40;
-  const std::int64_t firstDay = dayNumber(firstYear, 1, 1) - DaysBeside;
-  const std::int64_t lastDay = dayNumber(lastYear, 12, 31) + DaysBeside;
+  const std::int64_t first = (dayNumber(firstYear, 1, 1) - DaysBeside) * SecondsOfDay;
+  const std::int64_t last = (dayNumber(lastYear, 12, 31) + DaysBeside) * SecondsOfDay;
   std::vector<ClockChange> changes;
-  for (std::int64_t day = firstDay; day < lastDay; ++day) {
-    appendChanges(*zone, startOf(day), startOf(day + 1), changes);
+  for (std::int64_t day = first; day < last; day += SecondsOfDay) {
+    appendChanges(*zone, day, day + SecondsOfDay, changes);
   }
-  return ClockRules(minutesAhead(*zone, startOf(firstDay)), std::move(changes));
+  return ClockRules(static_cast<double>(zone->offsetAt(first)) / 60.0, std::move(changes));
 }
 
 }  // namespace veldrin

@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-std::optional<ClockRules> zoneRules(const std::string& /*file*/, std::int64_t /*firstYear*/,
+std::optional<ClockRules> zoneRules(std::string_view /*file*/, std::int64_t /*firstYear*/,
                                     std::int64_t /*lastYear*/) {
   throw PlaceFault("This veldrin-calendar was built without time zones.");
 }
