@@ -19,7 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 
 /// The largest files that are read: several times those of any database.
-constexpr std::uintmax_t MostBytes = 256 * 1024;
+constexpr std::uintmax_t MostBytes = 262'144;
 
 bool isFolder(const fs::path& path) {
   std::error_code ignored;
@@ -41,19 +41,19 @@ std::optional<std::string> contents(const fs::path& path) {
   return bytes;
 }
 
-PlaceFault noSuchZone(std::string_view text) {
+[[noreturn]] void failOfNoZone(std::string_view text) {
   // Other texts are not repeated: they may have any length and any bytes.
-  if (!isZoneSpelling(text)) return PlaceFault("There is no time zone of that name.");
-  return PlaceFault("There is no time zone " + std::string(text) + ".");
+  if (!isZoneSpelling(text)) throw PlaceFault("There is no time zone of that name.");
+  throw PlaceFault("There is no time zone " + std::string(text) + ".");
 }
 
-PlaceFault severalZones(const std::vector<std::string>& zones) {
+[[noreturn]] void failOfSeveral(const std::vector<std::string>& zones) {
   constexpr std::size_t MostNamed = 5;
   std::string sentence = "Several time zones have that name: ";
   for (std::size_t index = 0; index < std::min(MostNamed, zones.size()); ++index) {
     sentence += (index > 0 ? ", " : "") + zones[index];
   }
-  return PlaceFault(sentence + (zones.size() > MostNamed ? " and others." : "."));
+  throw PlaceFault(sentence + (zones.size() > MostNamed ? " and others." : "."));
 }
 
 }  // namespace
@@ -96,7 +96,7 @@ std::vector<std::string> ZoneFolder::names() const {
 }
 
 std::string ZoneFolder::find(std::string_view text) const {
-  if (!isZoneSpelling(text)) throw noSuchZone(text);
+  if (!isZoneSpelling(text)) failOfNoZone(text);
   std::string exact(text);
   std::ranges::replace(exact, ' ', '_');
   if (has(exact)) return exact;
@@ -112,8 +112,8 @@ std::string ZoneFolder::find(std::string_view text) const {
 }
 
 std::string ZoneFolder::oneOf(const std::vector<std::string>& zones, std::string_view text) const {
-  if (zones.empty()) throw noSuchZone(text);
-  if (!areTheSame(zones)) throw severalZones(zones);
+  if (zones.empty()) failOfNoZone(text);
+  if (!areTheSame(zones)) failOfSeveral(zones);
   // Old names of a zone are kept beside the present one, which has a town.
   const auto present = std::ranges::find_if(
       zones, [this](const std::string& name) { return placeOf(name).has_value(); });
@@ -128,7 +128,7 @@ bool ZoneFolder::areTheSame(const std::vector<std::string>& zones) const {
 
 std::string ZoneFolder::read(std::string_view name) const {
   const auto file = isZoneName(name) ? inside(name) : std::nullopt;
-  if (!file) throw noSuchZone(name);
+  if (!file) failOfNoZone(name);
   auto bytes = contents(*file);
   if (!bytes) throw PlaceFault("The file of the time zone " + std::string(name) + " is damaged.");
   return *std::move(bytes);

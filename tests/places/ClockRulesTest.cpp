@@ -77,7 +77,8 @@ TEST(ClockRulesTest, DaysAndMomentsAgree) {
     ASSERT_TRUE(rules);
     for (auto day = dayNumber(row.year, 1, 1); day <= dayNumber(row.year, 12, 31); ++day) {
       const auto span = rules->spanOf(day);
-      for (double minute = 0.0; minute < MinutesOfDay; minute += 29.5) {
+      for (int half = 0; half < 2 * MinutesOfDay; half += 59) {
+        const double minute = half / 2.0;
         const double moment = rules->momentOf(day, minute);
         const double shown = moment + rules->offsetAt(moment);
         const double asked = static_cast<double>(day * MinutesOfDay) + minute;
