@@ -23,9 +23,9 @@ std::int64_t ClockRules::dayAt(double minute) const {
 }
 
 ClockRules::Stretch ClockRules::stretch(std::size_t index) const {
-  constexpr double Ever = std::numeric_limits<double>::infinity();
-  return {index == 0 ? -Ever : changes_[index - 1].from,
-          index == changes_.size() ? Ever : changes_[index].from,
+  const double ever = std::numeric_limits<double>::infinity();
+  return {index == 0 ? -ever : changes_[index - 1].from,
+          index == changes_.size() ? ever : changes_[index].from,
           index == 0 ? first_ : changes_[index - 1].offset};
 }
 
