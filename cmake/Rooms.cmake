@@ -16,6 +16,9 @@ set(VELDRIN_ROOMS
   "calendar             | shell/objects shell/host shell/values shell/files shell/window daystatus"
   "ui                   | shell/objects shell/host shell/values shell/files shell/window daystatus"
   "almanac              | shell/objects shell/host shell/values shell/files solar civiltime"
+  "places               | shell/objects shell/host shell/values shell/files solar civiltime"
+  "places/cctz          | shell/objects shell/host shell/values civiltime places"
+  "places/nozones       | shell/objects shell/host shell/values civiltime places"
   "toolkits/headless    | shell/objects shell/host shell/values shell/files shell/window"
   "toolkits/qt          | shell/objects shell/host shell/values shell/files shell/window")
 

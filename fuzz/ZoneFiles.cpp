@@ -9,7 +9,7 @@
 #include "places/PlaceFault.h"
 #include "places/ZoneRules.h"
 #include "places/ZoneTable.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin::fuzz {
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "civiltime/ClockRules.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin {
 

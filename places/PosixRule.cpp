@@ -6,7 +6,7 @@
 #include <limits>
 #include <system_error>
 
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin {
 

@@ -15,7 +15,7 @@
 
 #include "places/PosixRule.h"
 #include "places/ZoneFile.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin {
 namespace {

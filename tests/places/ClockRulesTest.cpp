@@ -6,7 +6,7 @@
 
 #include "places/ZoneFolder.h"
 #include "places/ZoneRules.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin::test {
 namespace {

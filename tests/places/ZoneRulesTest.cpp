@@ -12,7 +12,7 @@
 
 #include "places/PosixRule.h"
 #include "places/ZoneFolder.h"
-#include "shell/Civil.h"
+#include "shell/host/Civil.h"
 
 namespace veldrin::test {
 namespace {

@@ -1,0 +1,32 @@
+# The libraries of places/, which are parts of the companion alone. Without one of them the companion
+# is built all the same, and says what it was built without.
+find_path(CCTZ_INCLUDE cctz/time_zone.h)
+find_library(CCTZ_LIBRARY cctz)
+find_path(UTF8PROC_INCLUDE utf8proc.h)
+find_library(UTF8PROC_LIBRARY utf8proc)
+
+# cctz reads the files of the time zone database.
+if(CCTZ_INCLUDE AND CCTZ_LIBRARY)
+  veldrin_room(places/cctz)
+  target_include_directories(veldrin_cctz SYSTEM PRIVATE ${CCTZ_INCLUDE})
+  target_link_libraries(veldrin_cctz PRIVATE ${CCTZ_LIBRARY})
+  target_link_libraries(veldrin_places PUBLIC veldrin_cctz)
+else()
+  message(STATUS "cctz is not at hand: veldrin-calendar will know no time zones")
+  veldrin_room(places/nozones)
+  target_link_libraries(veldrin_places PUBLIC veldrin_nozones)
+endif()
+
+# utf8proc folds the names of towns. The table of towns is built into the program as it is.
+set(towns ${CMAKE_CURRENT_SOURCE_DIR}/places/towns.tsv)
+set_source_files_properties(places/TownTable.cpp PROPERTIES
+  COMPILE_DEFINITIONS VELDRIN_TOWNS="${towns}" OBJECT_DEPENDS ${towns}
+  SKIP_UNITY_BUILD_INCLUSION ON)
+if(UTF8PROC_INCLUDE AND UTF8PROC_LIBRARY)
+  set_source_files_properties(places/FoldLeftOut.cpp PROPERTIES HEADER_FILE_ONLY ON)
+  target_include_directories(veldrin_places SYSTEM PRIVATE ${UTF8PROC_INCLUDE})
+  target_link_libraries(veldrin_places PRIVATE ${UTF8PROC_LIBRARY})
+else()
+  message(STATUS "utf8proc is not at hand: veldrin-calendar will know no towns")
+  set_source_files_properties(places/Fold.cpp PROPERTIES HEADER_FILE_ONLY ON)
+endif()
