@@ -1,12 +1,14 @@
 #include <string>
 #include <variant>
 
+#include "apps/AlmanacRun.h"
 #include "apps/CalendarOptions.h"
 #include "apps/CalendarRun.h"
+#include "apps/PlaceOfRequest.h"
 #include "apps/ProgramMain.h"
 #include "apps/RunOutcome.h"
 #include "apps/StandardOutput.h"
-#include "apps/StandardRun.h"
+#include "places/PlaceFault.h"
 #include "shell/files/FileReplacement.h"
 #include "shell/files/FilesRoom.h"
 #include "shell/host/SystemHost.h"
@@ -32,12 +34,30 @@ int tell(RunOutcome outcome) {
   return outcome.status;
 }
 
+/// Adds where the file is and for which town, if the user named one.
+void noteTown(RunOutcome& outcome, const std::string& town, const std::string& file) {
+  if (town.empty() || file == "-" || outcome.status != 0) return;
+  outcome.output += "The sunrises and sunsets of " + town + " are in " + file + ".\n";
+}
+
+RunOutcome carryOut(Host& host, CalendarRequest request) {
+  try {
+    if (request.towns) return listTowns(*request.towns);
+    const PlaceOfRequest place = lookUpPlace(host, request);
+    RunOutcome outcome = request.standard || request.chart ? runAlmanac(host, request, place)
+                                                           : runWindow(host, request);
+    if (!request.statusDate) noteTown(outcome, place.town, request.chart.value_or(request.output));
+    return outcome;
+  } catch (const PlaceFault& fault) {
+    return {.status = Misused, .complaints = {fault.what()}};
+  }
+}
+
 int runCalendar(int count, const char* const* arguments) {
   SystemHost host;
   auto read = readCommandLine(count, arguments, host.shortDateForm());
   if (auto* const refused = std::get_if<RunOutcome>(&read)) return tell(std::move(*refused));
-  const auto& request = std::get<CalendarRequest>(read);
-  return tell(request.standard ? runStandard(host, request) : runWindow(host, request));
+  return tell(carryOut(host, std::get<CalendarRequest>(std::move(read))));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <map>
+#include <memory>
 #include <system_error>
 #include <vector>
 
@@ -22,40 +23,50 @@ constexpr std::int32_t FirstStandardYear = 1583;
 constexpr std::int32_t LastStandardYear = 9998;
 constexpr std::int32_t MostMinutes = 24 * 60;
 
+constexpr std::int32_t MostYears = 100;
+
 constexpr const char* Purpose =
     "Writes the times of sunrise and sunset of a year at a place into an iCalendar file.";
 
 constexpr const char* Examples = R"(Examples:
-  veldrin-calendar
-      this year at 47.5 north, 122.5 west, into Veldrin.ics
-  veldrin-calendar --latitude=52.52 --longitude=13.405 --time-zone=1 --year=2030 \
-      --dst-start=2030-03-31 --dst-end=2030-10-27 --output=berlin-2030.ics
+  veldrin-calendar --standard --town=Freiburg
+      the calendar of this year for a calendar program of today, into Veldrin.ics
+  veldrin-calendar --chart=year.svg --town="Springfield, Illinois"
+      the year as a picture
+  veldrin-calendar --standard --zone=Europe/Oslo --latitude=69.6492 --longitude=18.9553 \
+      --place="Behind the fjord" --twilight=civil --remind=15 --year=2030 --years=3
+  veldrin-calendar --town=Berlin --status=2030-06-21
+      the times of one day
   veldrin-calendar --latitude=-33.87 --longitude=151.21 --time-zone=10 --down-under \
       --year=2030 --dst-start=2030-04-07 --dst-end=2030-10-06 --output=sydney-2030.ics
-  veldrin-calendar --latitude=47.5 --longitude=-122.5 --time-zone=-8 --status=2024-06-21
-      the times of one day
-  veldrin-calendar --standard --latitude=40.7128 --longitude=-74.006 --time-zone=-5 \
-      --year=2030 --place="New York" --twilight=civil --remind=15 --output=new-york-2030.ics
-      a calendar with its moments in Universal Time, for a program of today
+      the calendar that the window writes, by numbers
 
-A DATE is 2024-06-21, or the short form of this system's date setting. South of the equator, where
-daylight saving holds over the new year, --down-under takes the time outside the two dates.)";
+Without --town, --zone and --time-zone the clock is this machine's standard time, whatever the
+coordinates are. A DATE is 2024-06-21, or the short form of this machine's date setting. South of
+the equator, where daylight saving holds over the new year, --down-under takes the time outside the
+two dates. Exit status: 0; 1 if something failed or --towns found none; 2 for a wrong command line,
+or a town or zone that is not known.)";
 
 /// The text, or its beginning where it is longer than what a person reads of it.
 std::string shortened(const std::string& text, std::size_t most) {
   return text.size() > most ? text.substr(0, most) + "..." : text;
 }
 
-/// The help, without the library's own mark of the flag that says no.
-std::string helpOf(const CLI::App& app) {
-  constexpr std::string_view Mark = "--no-dst{false}";
-  constexpr std::string_view Plain = "--no-dst       ";
-  std::string help = app.help();
-  if (const std::size_t at = help.find(Mark); at != std::string::npos) {
-    help.replace(at, Mark.size(), Plain);
+/// Help that names an option and its type, without the library's own notes on other options and on
+/// the flag that says no.
+class PlainFormatter final : public CLI::Formatter {
+ public:
+  std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
+    constexpr std::string_view Mark = "{false}";
+    std::string name = CLI::Formatter::make_option_name(option, isPositional);
+    if (const std::size_t at = name.find(Mark); at != std::string::npos)
+      name.erase(at, Mark.size());
+    return name;
   }
-  return help;
-}
+  std::string make_option_opts(const CLI::Option* option) const override {
+    return option->get_type_size() == 0 ? "" : " " + option->get_type_name();
+  }
+};
 
 /// Throws what is wrong with an option's value, as one sentence; `readCommandLine` catches it.
 [[noreturn]] void refuse(const std::string& option, const std::string& needs,
@@ -117,20 +128,165 @@ std::string checkedPlace(const std::optional<std::string>& text) {
   return *text;
 }
 
-/// What `--standard` writes; nothing without it.
-std::optional<AlmanacOptions> checkedStandard(bool isWanted,
-                                              const std::optional<std::string>& place,
-                                              const std::vector<std::string>& twilights,
-                                              const std::optional<std::string>& reminder) {
-  const auto needStandard = [isWanted](const char* option, bool isGiven) {
-    if (isGiven && !isWanted) throw CLI::RequiresError(option, "--standard");
+/// The options as they were given, before they are checked.
+class CommandLine {
+ public:
+  explicit CommandLine(CalendarRequest& request) : request_(request) {
+    app.footer(Examples);
+    app.set_version_flag("--version", "Veldrin v6");
+    app.formatter(std::make_shared<PlainFormatter>());
+    app.get_formatter()->column_width(28);
+    addPlace();
+    addDocuments();
+    addNumbers();
+  }
+
+  /// Checks every option and completes the request. Throws `CLI::ParseError` for what is wrong.
+  void check(const ShortDateForm& form);
+
+  CLI::App app{Purpose, "veldrin-calendar"};
+
+ private:
+  void addPlace();
+  void addDocuments();
+  void addNumbers();
+  void checkPlace();
+  void checkDocuments();
+  void checkYears(const ShortDateForm& form);
+
+  CLI::Option* text(const char* name, std::optional<std::string>& value, const char* help,
+                    const char* type, const char* group) {
+    return app.add_option(name, value, help)->type_name(type)->group(group);
+  }
+  [[nodiscard]] bool needsGregorian() const { return isStandard_ || request_.chart; }
+
+  CalendarRequest& request_;
+  std::optional<std::string> year_;
+  std::optional<std::string> years_;
+  bool isStandard_ = false;
+  std::optional<std::string> place_;
+  std::vector<std::string> twilights_;
+  std::optional<std::string> reminder_;
+  CLI::Option* town_ = nullptr;
+  CLI::Option* zone_ = nullptr;
+  CLI::Option* chart_ = nullptr;
+};
+
+void CommandLine::addPlace() {
+  constexpr const char* Group = "The place";
+  town_ = text("--town", request_.town, "a town: its coordinates, zone and name", "NAME", Group);
+  text("--towns", request_.towns, "list the towns that this may mean, and no more", "TEXT", Group);
+  zone_ =
+      text("--zone", request_.zone,
+           "a time zone: Europe/Oslo, oslo, or here; without coordinates its town", "NAME", Group);
+  auto* const latitude =
+      text("--latitude", request_.latitude, "degrees, north positive (47.5)", "D", Group);
+  auto* const longitude =
+      text("--longitude", request_.longitude, "degrees, east positive (-122.5)", "D", Group);
+  text("--place", place_, "its name, with --standard or --chart", "NAME", Group);
+  town_->excludes(zone_)->excludes(latitude)->excludes(longitude);
+}
+
+void CommandLine::addDocuments() {
+  constexpr const char* Group = "What to write";
+  auto* const standard =
+      app.add_flag("--standard", isStandard_, "the calendar that today's programs take")
+          ->group(Group);
+  auto* const twilight =
+      app.add_option("--twilight", twilights_,
+                     "civil, nautical or astronomical: its dawn and dusk too; may be repeated")
+          ->type_name("KIND")
+          ->allow_extra_args(false)
+          ->group(Group);
+  auto* const reminder =
+      text("--remind", reminder_, "an alarm so long before sunrise and sunset, 0 to 1440",
+           "MINUTES", Group);
+  chart_ = text("--chart", request_.chart, "a picture of the year (SVG); - is standard output",
+                "FILE", Group);
+  auto* const status =
+      text("--status", request_.statusDate, "print the times of this day", "DATE", Group);
+  auto* const output =
+      app.add_option("--output", request_.output, "where; - is standard output (Veldrin.ics)")
+          ->type_name("FILE")
+          ->group(Group);
+  text("--year", year_, "1 to 9999 (this year)", "N", Group);
+  auto* const years =
+      text("--years", years_, "so many years from that one, 1 to 100; with --standard", "N", Group);
+  chart_->excludes(output)->excludes(status)->excludes(standard);
+  chart_->excludes(twilight)->excludes(reminder)->excludes(years);
+  status->excludes(standard);
+}
+
+void CommandLine::addNumbers() {
+  constexpr const char* Group = "The clock by numbers";
+  std::vector<CLI::Option*> all;
+  all.push_back(text("--time-zone", request_.timeZone,
+                     "standard time in hours, east positive (this machine's)", "H", Group));
+  all.push_back(
+      app.add_flag("--dst,!--no-dst", request_.daylightSaving, "daylight saving on or off (on)")
+          ->group(Group));
+  all.push_back(
+      text("--dst-start", request_.firstBound, "its first day (that of the year)", "DATE", Group));
+  all.push_back(text("--dst-end", request_.secondBound, "the day after its last (that of the year)",
+                     "DATE", Group));
+  all.push_back(
+      app.add_flag("--down-under", request_.downUnder, "a place on the southern half of the Earth")
+          ->group(Group));
+  for (CLI::Option* const option : all) {
+    zone_->excludes(option);
+    town_->excludes(option);
+  }
+}
+
+void CommandLine::checkPlace() {
+  if (place_ && !needsGregorian()) throw CLI::RequiresError("--place", "--standard or --chart");
+  request_.place = checkedPlace(place_);
+  if (request_.zone && request_.latitude.has_value() != request_.longitude.has_value()) {
+    const bool hasLatitude = request_.latitude.has_value();
+    throw CLI::RequiresError(hasLatitude ? "--latitude" : "--longitude",
+                             hasLatitude ? "--longitude" : "--latitude");
+  }
+  checkNumber("--latitude", request_.latitude, 90.0);
+  checkNumber("--longitude", request_.longitude, 180.0);
+  checkNumber("--time-zone", request_.timeZone, 24.0);
+}
+
+void CommandLine::checkDocuments() {
+  const auto needStandard = [this](const char* option, bool isGiven) {
+    if (isGiven && !isStandard_) throw CLI::RequiresError(option, "--standard");
   };
-  needStandard("--place", place.has_value());
-  needStandard("--twilight", !twilights.empty());
-  needStandard("--remind", reminder.has_value());
-  if (!isWanted) return std::nullopt;
-  return AlmanacOptions{checkedTwilights(twilights),
-                        checkedWhole("--remind", reminder, 0, MostMinutes)};
+  needStandard("--twilight", !twilights_.empty());
+  needStandard("--remind", reminder_.has_value());
+  needStandard("--years", years_.has_value());
+  if (isStandard_) {
+    request_.standard = AlmanacOptions{checkedTwilights(twilights_),
+                                       checkedWhole("--remind", reminder_, 0, MostMinutes)};
+  }
+  if (request_.output.empty()) refuse("--output", "the name of a file", "");
+  if (request_.chart && request_.chart->empty()) refuse("--chart", "the name of a file", "");
+}
+
+void CommandLine::checkYears(const ShortDateForm& form) {
+  request_.year = checkedWhole("--year", year_, needsGregorian() ? FirstStandardYear : FirstYear,
+                               needsGregorian() ? LastStandardYear : LastYear);
+  request_.years = checkedWhole("--years", years_, 1, MostYears).value_or(1);
+  if (request_.year && *request_.year + request_.years - 1 > LastStandardYear && years_) {
+    refuse("--years", "a last year of 9998 at most", *years_);
+  }
+  checkedDate("--dst-start", request_.firstBound, form);
+  checkedDate("--dst-end", request_.secondBound, form);
+  const auto day = checkedDate("--status", request_.statusDate, form);
+  if (!day) return;
+  if (day->year < FirstYear || day->year > LastYear) {
+    refuse("--status", "a date of the years 1 to 9999", *request_.statusDate);
+  }
+  request_.year = static_cast<std::int32_t>(day->year);
+}
+
+void CommandLine::check(const ShortDateForm& form) {
+  checkDocuments();
+  checkPlace();
+  checkYears(form);
 }
 
 }  // namespace
@@ -138,66 +294,13 @@ std::optional<AlmanacOptions> checkedStandard(bool isWanted,
 std::variant<CalendarRequest, RunOutcome> readCommandLine(int count, const char* const* arguments,
                                                           const ShortDateForm& form) {
   CalendarRequest request;
-  std::optional<std::string> year;
-  bool isStandard = false;
-  std::optional<std::string> place;
-  std::vector<std::string> twilights;
-  std::optional<std::string> reminder;
-  CLI::App app(Purpose, "veldrin-calendar");
-  app.footer(Examples);
-  app.set_version_flag("--version", "Veldrin v6");
-  app.get_formatter()->column_width(28);
-  app.add_option("--latitude", request.latitude, "degrees, north positive (47.5)")->type_name("D");
-  app.add_option("--longitude", request.longitude, "degrees, east positive (-122.5)")
-      ->type_name("D");
-  app.add_option("--time-zone", request.timeZone,
-                 "standard time in hours, east positive (this system's)")
-      ->type_name("H");
-  app.add_option("--year", year, "1 to 9999 (this year)")->type_name("N");
-  app.add_flag("--dst,!--no-dst", request.daylightSaving, "daylight saving on or off (on)");
-  app.add_option("--dst-start", request.firstBound, "its first day (that of the year)")
-      ->type_name("DATE");
-  app.add_option("--dst-end", request.secondBound, "the day after its last (that of the year)")
-      ->type_name("DATE");
-  app.add_flag("--down-under", request.downUnder, "a place on the southern half of the Earth");
-  app.add_option("--output", request.output, "where; - is standard output (Veldrin.ics)")
-      ->type_name("FILE");
-  app.add_option("--status", request.statusDate,
-                 "print the times of this day in place of a calendar")
-      ->type_name("DATE");
-  app.add_flag("--standard", isStandard, "write the calendar that today's programs take");
-  constexpr const char* Group = "With --standard";
-  app.add_option("--place", place, "its name (its coordinates)")->type_name("NAME")->group(Group);
-  app.add_option("--twilight", twilights,
-                 "civil, nautical or astronomical: its dawn and dusk too; may be repeated")
-      ->type_name("KIND")
-      ->allow_extra_args(false)
-      ->group(Group);
-  app.add_option("--remind", reminder, "an alarm so long before sunrise and sunset, 0 to 1440")
-      ->type_name("MINUTES")
-      ->group(Group);
+  CommandLine line(request);
   try {
-    app.parse(count, arguments);
-    if (isStandard && request.statusDate) throw CLI::ExcludesError("--status", "--standard");
-    request.standard = checkedStandard(isStandard, place, twilights, reminder);
-    request.place = checkedPlace(place);
-    checkNumber("--latitude", request.latitude, 90.0);
-    checkNumber("--longitude", request.longitude, 180.0);
-    checkNumber("--time-zone", request.timeZone, 24.0);
-    request.year = checkedWhole("--year", year, isStandard ? FirstStandardYear : FirstYear,
-                                isStandard ? LastStandardYear : LastYear);
-    checkedDate("--dst-start", request.firstBound, form);
-    checkedDate("--dst-end", request.secondBound, form);
-    if (const auto day = checkedDate("--status", request.statusDate, form)) {
-      if (day->year < FirstYear || day->year > LastYear) {
-        refuse("--status", "a date of the years 1 to 9999", *request.statusDate);
-      }
-      request.year = static_cast<std::int32_t>(day->year);
-    }
-    if (request.output.empty()) refuse("--output", "the name of a file", "");
+    line.app.parse(count, arguments);
+    line.check(form);
     return request;
   } catch (const CLI::CallForHelp&) {
-    return RunOutcome{.output = helpOf(app)};
+    return RunOutcome{.output = line.app.help()};
   } catch (const CLI::CallForVersion& version) {
     return RunOutcome{.output = std::string(version.what()) + "\n"};
   } catch (const CLI::ParseError& error) {

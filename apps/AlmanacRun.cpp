@@ -1,19 +1,20 @@
-#include "apps/StandardRun.h"
+#include "apps/AlmanacRun.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <string_view>
+#include <vector>
 
 #include "almanac/Almanac.h"
 #include "apps/StandardOutput.h"
 #include "civiltime/DaylightSavings.h"
+#include "daystatus/FormTable.h"
 #include "shell/files/FileReplacement.h"
 #include "shell/files/FilesRoom.h"
 #include "shell/host/StopSignal.h"
 #include "shell/values/ParseDate.h"
 #include "shell/values/Text.h"
-#include "daystatus/FormTable.h"
 
 namespace veldrin {
 namespace {
@@ -63,17 +64,32 @@ std::optional<civiltime::SavingPeriod> periodOf(const Host& host, const Calendar
   return period;
 }
 
-std::string documentOf(const Host& host, const CalendarRequest& request) {
-  AlmanacOptions options = *request.standard;
-  options.stamp = stampOf(host);
+/// The clock in each year that was asked for: by the zone's rules, else by the numbers.
+std::vector<ClockYear> clockYears(const Host& host, const CalendarRequest& request,
+                                  const PlaceOfRequest& place) {
+  std::vector<ClockYear> years;
+  const std::int32_t first = yearOf(host, request);
+  for (std::int32_t year = first; year < first + request.years; ++year) {
+    years.push_back({year, place.clock
+                               ? *place.clock
+                               : civiltime::clockRules(zoneOf(host, request),
+                                                       periodOf(host, request, year), year)});
+  }
+  return years;
+}
+
+void yieldToStopSignal() {
+  if (isStopPending()) raiseStop();
+}
+
+std::string documentOf(const Host& host, const CalendarRequest& request,
+                       const PlaceOfRequest& found) {
   const Place place{request.place, numberOr(request.latitude, "Latitude"),
                     numberOr(request.longitude, "Longitude")};
-  const std::int32_t year = request.year.value_or(New<Date>()->Year());
-  const ClockYear clock{
-      year, civiltime::clockRules(zoneOf(host, request), periodOf(host, request, year), year)};
-  return almanac(place, {&clock, 1}, options, [] {
-    if (isStopPending()) raiseStop();
-  });
+  const std::vector<ClockYear> years = clockYears(host, request, found);
+  AlmanacOptions options = *request.standard;
+  options.stamp = stampOf(host);
+  return almanac(place, years, options, yieldToStopSignal);
 }
 
 /// Writes the document where it was asked for; nothing of an older file is lost on failure.
@@ -89,14 +105,14 @@ void write(const std::string& document, const std::string& output, RunOutcome& o
 
 }  // namespace
 
-RunOutcome runStandard(Host& host, const CalendarRequest& request) {
+RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfRequest& place) {
   constexpr int OfSignals = 128;  // as shells count
   const InForce<Host> scope(host);
   const FilesRoom files;
   const StopSignalGuard stopSignals;
   RunOutcome outcome;
   try {
-    write(documentOf(host, request), request.output, outcome);
+    write(documentOf(host, request, place), request.output, outcome);
   } catch (const Raised& raised) {
     if (!RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup())) throw;
     outcome.status = OfSignals + stopSignal();
