@@ -47,6 +47,7 @@ class TemporaryFile {
     }
     file_ = openDescriptor(descriptor);
     if (!old) return;
+    descriptor_ = descriptor;
     // Only the superuser may change an owner, and a user only to a group of their own; what the old
     // group was allowed is not for another. The mode is set last, since a new owner takes some
     // away.
@@ -65,16 +66,33 @@ class TemporaryFile {
   /// Writes the text and takes the place of the target.
   std::int32_t replaceWith(std::string_view text) {
     if (error_ == 0) error_ = file_->write(text, {});
+    // An older file must not be lost by a power cut: the new one is on the disk before it takes its
+    // place.
+    if (error_ == 0 && replacesFile() && ::fsync(descriptor_) != 0) error_ = errno;
     if (error_ == 0) error_ = file_->close();
     if (error_ != 0) return error_;
     tookPlace_ = std::rename(name_.c_str(), target_.c_str()) == 0;
-    return tookPlace_ ? 0 : errno;
+    if (!tookPlace_) return errno;
+    if (replacesFile()) syncFolder();
+    return 0;
   }
 
  private:
+  [[nodiscard]] bool replacesFile() const { return descriptor_ >= 0; }
+
+  /// Puts the new name on the disk. A failure loses nothing: the old name leads to the old file.
+  void syncFolder() const {
+    const path folder = target_.has_parent_path() ? target_.parent_path() : path(".");
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0) return;
+    static_cast<void>(::fsync(descriptor));
+    ::close(descriptor);
+  }
+
   path target_;
   path name_;
   std::unique_ptr<WritableFile> file_;
+  int descriptor_ = -1;  ///< of `file_`, if it is to replace a file
   std::int32_t error_ = 0;
   bool tookPlace_ = false;
 };

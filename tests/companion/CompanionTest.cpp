@@ -347,6 +347,7 @@ TEST_F(CompanionTest, AStandardCalendarReplacesTheOldOneCompletelyOrNotAtAll) {
        "\"$@\"; \"$@\"; status=$?; chmod 644 old.ics; exit $status",
        "Permission denied"},
       {under("close 1 EIO"), "Input/output error"},
+      {under("fsync 1 EIO"), "Input/output error"},
       {under("close 1 ENOSPC"), "No space left on device"},
   };
   for (const auto& row : refusals) {
@@ -365,6 +366,80 @@ TEST_F(CompanionTest, AStandardCalendarReplacesTheOldOneCompletelyOrNotAtAll) {
   EXPECT_TRUE(piped.output == whole) << piped.errors;
   const Outcome among = run(options + "--output=/dev/stdout", stamped, "echo 1; \"$@\"; echo 2");
   EXPECT_TRUE(among.output == "1\n" + whole + "2\n") << among.errors;
+}
+
+TEST_F(CompanionTest, ATownOrAZoneStandsForTheNumbers) {
+  const std::string freiburg = "--latitude=47.9959 --longitude=7.8522 --year=2026 ";
+  const std::string sydney = "--latitude=-33.87 --longitude=151.21 --year=2026 ";
+  const struct {
+    std::string byName, byNumbers;
+  } rows[] = {
+      {"--town='freiburg, de' --year=2026",
+       freiburg + "--time-zone=1 --dst-start=2026-03-29 --dst-end=2026-10-25"},
+      {"--standard --town=Freiburg --place=F --year=2026",
+       freiburg + "--standard --place=F --time-zone=1 --dst-start=2026-03-29 --dst-end=2026-10-25"},
+      {sydney + "--zone='australia sydney'", ""},
+      {sydney + "--zone=sydney",
+       sydney + "--time-zone=10 --down-under --dst-start=2026-04-05 --dst-end=2026-10-04"},
+      {"--zone=Asia/Kolkata --status=2026-06-21",
+       "--latitude=22.5333 --longitude=88.3667 --time-zone=5.5 --no-dst --status=2026-06-21"}};
+  const std::string stamped = "SOURCE_DATE_EPOCH=0";
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.byName);
+    const Outcome named = run(row.byName + " --output=-", stamped);
+    if (row.byNumbers.empty()) {
+      EXPECT_EQ(named.status, 2);
+      continue;
+    }
+    EXPECT_EQ(named.errors, "");
+    EXPECT_EQ(firstDifference(named.output, run(row.byNumbers + " --output=-", stamped).output),
+              "");
+  }
+  EXPECT_EQ(run("--town=Wien --year=2026").output,
+            "The sunrises and sunsets of Vienna, Vienna, AT are in Veldrin.ics.\n");
+  EXPECT_EQ(run("--towns=nowhere-at-all").status, 1);
+  EXPECT_THAT(run("--towns=Cambridge").output,
+              StartsWith("Cambridge, England, GB\t52.2000\t0.1167\tEurope/London\n"));
+}
+
+TEST_F(CompanionTest, WhatATownOrAZoneCannotSayIsOneSentence) {
+  const struct {
+    std::string options, sentence, setting;
+  } rows[] = {{"--town=Cambridge", "Cambridge, England, GB; "},
+              {"--town=Berln", "Berlin, Berlin, DE"},
+              {"--town=", "town"},
+              {"--zone=Africa/Casablanca --year=2026", "--standard"},
+              {"--zone=Etc/UTC", "--latitude and --longitude"},
+              {"--zone=../../etc/passwd", "zone"},
+              {"--zone=oslo --latitude=1", "--longitude"},
+              {"--zone=oslo --down-under", "--down-under"},
+              {"--town=Berlin --zone=oslo", "--zone"},
+              {"--zone=oslo", "database is missing", "TZDIR=/nowhere"},
+              {"--years=2", "--standard"},
+              {"--standard --year=9998 --years=2", "9998"},
+              {"--chart=x.svg --output=y", "--output"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.options);
+    const Outcome outcome = run(row.options, row.setting);
+    EXPECT_EQ(outcome.status, 2);
+    EXPECT_EQ(outcome.output, "");
+    EXPECT_THAT(outcome.errors, AllOf(StartsWith("veldrin-calendar: "), HasSubstr(row.sentence)));
+    EXPECT_EQ(linesOf(outcome.errors), 1);
+  }
+}
+
+TEST_F(CompanionTest, SeveralYearsAreTheEventsOfEach) {
+  const auto eventsOf = [this](const std::string& years) {
+    const std::string document =
+        run("--standard --zone=Africa/Casablanca --output=- " + years, "SOURCE_DATE_EPOCH=0")
+            .output;
+    const std::size_t first = document.find("BEGIN:VEVENT");
+    return document.substr(first, document.find("END:VCALENDAR") - first);
+  };
+  EXPECT_EQ(
+      firstDifference(eventsOf("--year=2025 --years=3"),
+                      eventsOf("--year=2025") + eventsOf("--year=2026") + eventsOf("--year=2027")),
+      "");
 }
 
 TEST_F(CompanionTest, AGermanDesktopChangesTheDateFormAndNoByteOfTheCalendar) {

@@ -5,6 +5,7 @@
 //   open     that makes a file
 //   write    to what was made, or to a copy of a standard descriptor
 //   close    of the same
+//   fsync    of the same
 //   memory   a block of memory; 0 counts those until a file is made, and says how many on
 //   descriptor 9
 
@@ -87,6 +88,7 @@ int openFaulty(const char* path, int flags, ...) __asm__("open");
 ssize_t writeFaulty(int descriptor, const void* bytes, std::size_t size) __asm__("write");
 ssize_t writevFaulty(int descriptor, const iovec* parts, int number) __asm__("writev");
 int closeFaulty(int descriptor) __asm__("close");
+int fsyncFaulty(int descriptor) __asm__("fsync");
 void* mallocFaulty(std::size_t size) __asm__("malloc");
 }
 
@@ -139,6 +141,13 @@ int closeFaulty(int descriptor) {
   const int closed = original(descriptor);
   if (!isFile(descriptor) || !fails("close")) return closed;
   // The descriptor has gone all the same.
+  errno = errorNumber();
+  return -1;
+}
+
+int fsyncFaulty(int descriptor) {
+  static const auto original = next<int (*)(int)>("fsync");
+  if (!isFile(descriptor) || !fails("fsync")) return original(descriptor);
   errno = errorNumber();
   return -1;
 }
