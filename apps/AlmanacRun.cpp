@@ -44,7 +44,7 @@ double zoneOf(const Host& host, const CalendarRequest& request) {
   if (request.timeZone) return Val(String(*request.timeZone));
   const Ref<Date> today = New<Date>();
   const civiltime::SavingPeriod period = civiltime::defaultPeriod(today->Year());
-  const double day = static_cast<double>(dayNumber(today->Year(), today->Month(), today->Day()));
+  const auto day = static_cast<double>(dayNumber(today->Year(), today->Month(), today->Day()));
   const bool isSaving = civiltime::isDaylightSavingsTime(day, static_cast<double>(period.first),
                                                          static_cast<double>(period.second), false);
   return civiltime::standardZone(host.offsetAt(host.now()), isSaving);

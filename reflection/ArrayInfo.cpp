@@ -4,6 +4,7 @@
 
 #include "reflection/Journal.h"
 #include "reflection/NewInfo.h"
+#include "reflection/Registry.h"
 #include "shell/objects/Failure.h"
 #include "shell/objects/TypeCodeGrammar.h"
 
@@ -18,13 +19,13 @@ void ArrayInfo::fillTable(ClassTable<ArrayInfo>& table) {
   table.sharedMethod<&ArrayInfo::RankSuffix>("RankSuffix"_s, Private);
   table.property<&ArrayInfo::mArrayRank>("mArrayRank"_s, Private);
   table.property<&ArrayInfo::mElementType>("mElementType"_s, Private);
-  table.sharedProperty<&ArrayInfo::mArrayMap>("mArrayMap"_s, Private);
+  table.sharedProperty<&Registry::mArrayMap>("mArrayMap"_s, Private);
 }
 
 Ref<TypeInfo> ArrayInfo::Lookup(std::int32_t rank, const Ref<TypeInfo>& element) {
   const String name = element->QualifiedName() + RankSuffix(rank);
-  if (mArrayMap && mArrayMap->HasKey(name)) {
-    return fromVariant<Ref<TypeInfo>>(mArrayMap->Value(name));
+  if (Registry::mArrayMap && Registry::mArrayMap->HasKey(name)) {
+    return fromVariant<Ref<TypeInfo>>(Registry::mArrayMap->Value(name));
   }
   return NewInfo<ArrayInfo>(rank, element);
 }
@@ -35,15 +36,15 @@ String ArrayInfo::RankSuffix(std::int32_t rank) {
 }
 
 void ArrayInfo::finalizeArrayMap() {
-  if (!mArrayMap) return;
+  if (!Registry::mArrayMap) return;
   // Clear each element type while the map holds all arrays, so that releasing deeply nested arrays
   // does not recurse.
-  const auto values = mArrayMap->Values();
+  const auto values = Registry::mArrayMap->Values();
   for (const Variant& value : values->elements) {
     Object* const info = value.object();
     if (RuntimeObjectIsa(info, ArrayInfo::__Lookup())) static_cast<ArrayInfo*>(info)->__Exit();
   }
-  mArrayMap = nullptr;
+  Registry::mArrayMap = nullptr;
 }
 
 void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
@@ -57,8 +58,8 @@ void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
   mElementType = element;
   mHasElementTypeValue = true;
   mIsArrayValue = true;
-  if (!mArrayMap) mArrayMap = New<Dictionary>();
-  Journal::setValue(mArrayMap, mFullyQualifiedName, Ref<ArrayInfo>(this));
+  if (!Registry::mArrayMap) Registry::mArrayMap = New<Dictionary>();
+  Journal::setValue(Registry::mArrayMap, mFullyQualifiedName, Ref<ArrayInfo>(this));
 }
 
 }  // namespace veldrin::Introspection

@@ -38,8 +38,6 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
   [[nodiscard]] Ref<TypeInfo> GetElementType() const override { return mElementType; }
 
  private:
-  static inline Ref<Dictionary> mArrayMap;  ///< by full name; nil until the first use
-
   std::int32_t mArrayRank = 0;
   Ref<TypeInfo> mElementType;
   std::int32_t depth_ = 0;  ///< total dimensions, nested arrays included

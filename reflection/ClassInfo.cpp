@@ -9,6 +9,7 @@
 #include "reflection/MethodInfo.h"
 #include "reflection/NewInfo.h"
 #include "reflection/PropertyInfo.h"
+#include "reflection/Registry.h"
 #include "shell/objects/Failure.h"
 
 namespace veldrin::Introspection {
@@ -45,49 +46,50 @@ void ClassInfo::fillTable(ClassTable<ClassInfo>& table) {
   table.sharedMethod<static_cast<ByRecord>(&ClassInfo::Lookup)>("Lookup"_s);
   table.sharedMethod<static_cast<ByName>(&ClassInfo::Lookup)>("Lookup"_s);
   table.readOnlyField<&ClassInfo::mClassRef>("mClassRef"_s, Private);
-  table.sharedProperty<&ClassInfo::sClassFQNToRefMap>("sClassFQNToRefMap"_s, Private);
-  table.sharedProperty<&ClassInfo::sClassRefMap>("sClassRefMap"_s, Private);
+  table.sharedProperty<&Registry::sClassFQNToRefMap>("sClassFQNToRefMap"_s, Private);
+  table.sharedProperty<&Registry::sClassRefMap>("sClassRefMap"_s, Private);
 }
 
-ClassInfo::ClassInfo() : older_(std::exchange(newest_, this)) {
+ClassInfo::ClassInfo() : older_(std::exchange(Registry::newest, this)) {
   if (older_ != nullptr) older_->newer_ = this;
 }
 
 ClassInfo::~ClassInfo() {
-  (newer_ == nullptr ? newest_ : newer_->older_) = older_;
+  (newer_ == nullptr ? Registry::newest : newer_->older_) = older_;
   if (older_ != nullptr) older_->newer_ = newer_;
 }
 
 Ref<ClassInfo> ClassInfo::Lookup(ClassRecord* record) {
-  if (!sClassRefMap) sClassRefMap = New<Dictionary>();
-  if (sClassRefMap->HasKey(pointerTo(record))) {
-    return fromVariant<Ref<ClassInfo>>(sClassRefMap->Value(pointerTo(record)));
+  if (!Registry::sClassRefMap) Registry::sClassRefMap = New<Dictionary>();
+  if (Registry::sClassRefMap->HasKey(pointerTo(record))) {
+    return fromVariant<Ref<ClassInfo>>(Registry::sClassRefMap->Value(pointerTo(record)));
   }
   if (!isClass(record)) Raise<TypeMismatchException>();
   Ref<ClassInfo> info = NewInfo<ClassInfo>(record);
   if (!info->CanAccess()) info = nullptr;
-  Journal::setValue(sClassRefMap, pointerTo(record), info);
+  Journal::setValue(Registry::sClassRefMap, pointerTo(record), info);
   return info;
 }
 
 Ref<ClassInfo> ClassInfo::Lookup(const String& fullName) {
-  if (!sClassFQNToRefMap) sClassFQNToRefMap = makeNameMap();
-  const Variant record = sClassFQNToRefMap->Lookup(fullName, pointerTo(nullptr));
+  if (!Registry::sClassFQNToRefMap) Registry::sClassFQNToRefMap = makeNameMap();
+  const Variant record = Registry::sClassFQNToRefMap->Lookup(fullName, pointerTo(nullptr));
   return Lookup(static_cast<ClassRecord*>(fromVariant<void*>(record)));
 }
 
 void ClassInfo::finalizeClassFQNToRefMap() {
-  sClassFQNToRefMap = nullptr;
+  Registry::sClassFQNToRefMap = nullptr;
 }
 
 void ClassInfo::finalizeClassRefMap() {
   breakRings();
-  sClassRefMap = nullptr;
+  Registry::sClassRefMap = nullptr;
 }
 
 void ClassInfo::breakRings() {
   std::vector<Ref<ClassInfo>> all;
-  for (ClassInfo* info = newest_; info != nullptr; info = info->older_) all.emplace_back(info);
+  for (ClassInfo* info = Registry::newest; info != nullptr; info = info->older_)
+    all.emplace_back(info);
   for (const Ref<ClassInfo>& info : all) info->__Exit();
 }
 

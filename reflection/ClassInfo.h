@@ -39,10 +39,6 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   [[nodiscard]] bool IsSubclassOf(const Ref<TypeInfo>& other) const override;
 
  private:
-  static inline Ref<Dictionary> sClassFQNToRefMap;  ///< both maps: nil until the first use
-  static inline Ref<Dictionary> sClassRefMap;
-  static inline ClassInfo* newest_ = nullptr;  ///< head of the list of existing descriptions
-
   void describe(ClassRecord* record);
   void addMembers();
   void addMethod(const MethodRow& row);

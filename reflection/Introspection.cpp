@@ -8,6 +8,7 @@
 #include "reflection/EnumInfo.h"
 #include "reflection/NewInfo.h"
 #include "reflection/PointerTypeInfo.h"
+#include "reflection/Registry.h"
 #include "reflection/StructureInfo.h"
 #include "reflection/VariantInfo.h"
 #include "shell/objects/TypeCodeGrammar.h"
@@ -54,9 +55,6 @@ constexpr std::array Intrinsics{
               [](const String&) -> Ref<TypeInfo> { return ClassInfo::Lookup(nullptr); }},
 };
 
-Ref<Dictionary> intrinsicTypeCodeMap;
-Ref<Dictionary> fqnTypeInfoMap;
-
 Ref<TypeInfo> find(const Ref<Dictionary>& map, const String& key) {
   return fromVariant<Ref<TypeInfo>>(map->Lookup(key, {}));
 }
@@ -83,7 +81,8 @@ Ref<TypeInfo> infoOf(std::string_view code) {
     const Ref<TypeInfo> element = infoOf(parts->inner);
     return element ? ArrayInfo::Lookup(parts->rank, element) : nullptr;
   }
-  if (Ref<TypeInfo> intrinsic = find(intrinsicTypeCodeMap, String(code))) return intrinsic;
+  if (Ref<TypeInfo> intrinsic = find(Registry::intrinsicTypeCodeMap, String(code)))
+    return intrinsic;
   const String name(parts->inner);
   if (Ref<TypeInfo> known = find(GetFQNTypeInfoMap(), name)) return known;
   return infoOfName(parts->kind, name);
@@ -96,13 +95,13 @@ Ref<TypeInfo> GetType(const Ref<Object>& object) {
 }
 
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code) {
-  if (!intrinsicTypeCodeMap) intrinsicTypeCodeMap = MakeIntrinsicTypeCodeMap();
+  if (!Registry::intrinsicTypeCodeMap) Registry::intrinsicTypeCodeMap = MakeIntrinsicTypeCodeMap();
   return infoOf(code.view());
 }
 
 Ref<Dictionary> GetFQNTypeInfoMap() {
-  if (!fqnTypeInfoMap) fqnTypeInfoMap = New<Dictionary>();
-  return fqnTypeInfoMap;
+  if (!Registry::fqnTypeInfoMap) Registry::fqnTypeInfoMap = New<Dictionary>();
+  return Registry::fqnTypeInfoMap;
 }
 
 Ref<Dictionary> MakeIntrinsicTypeCodeMap() {
@@ -115,8 +114,8 @@ Ref<Dictionary> MakeIntrinsicTypeCodeMap() {
 
 void finalizeModule() {
   ClassInfo::breakRings();
-  intrinsicTypeCodeMap = nullptr;
-  fqnTypeInfoMap = nullptr;
+  Registry::intrinsicTypeCodeMap = nullptr;
+  Registry::fqnTypeInfoMap = nullptr;
 }
 
 void finalizeReflection() {

@@ -1,21 +1,13 @@
 #include "reflection/Journal.h"
 
 #include <optional>
-#include <vector>
+
+#include "reflection/Registry.h"
 
 namespace veldrin::Introspection {
 namespace {
 
-struct Entry {
-  Ref<Dictionary> map;
-  Variant key;
-  std::optional<Variant> before;  ///< nullopt if the key was new
-};
-
-std::vector<Entry> entries;
-int journals = 0;
-
-void undo(const Entry& entry) {
+void undo(const JournalEntry& entry) {
   if (entry.before) {
     entry.map->Value(entry.key, *entry.before);
   } else if (entry.map->HasKey(entry.key)) {
@@ -26,18 +18,20 @@ void undo(const Entry& entry) {
 }  // namespace
 
 std::size_t Journal::begin() {
-  ++journals;
-  return entries.size();
+  ++Registry::openJournals;
+  return Registry::journalEntries.size();
 }
 
 Journal::~Journal() {
-  for (; !kept_ && entries.size() > start_; entries.pop_back()) undo(entries.back());
-  if (--journals == 0) entries.clear();
+  for (; !kept_ && Registry::journalEntries.size() > start_; Registry::journalEntries.pop_back())
+    undo(Registry::journalEntries.back());
+  if (--Registry::openJournals == 0) Registry::journalEntries.clear();
 }
 
 void Journal::setValue(const Ref<Dictionary>& map, const Variant& key, const Variant& value) {
-  if (journals > 0) {
-    entries.push_back({map, key, map->HasKey(key) ? std::optional(map->Value(key)) : std::nullopt});
+  if (Registry::openJournals > 0) {
+    Registry::journalEntries.push_back(
+        {map, key, map->HasKey(key) ? std::optional(map->Value(key)) : std::nullopt});
   }
   map->Value(key, value);
 }

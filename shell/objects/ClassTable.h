@@ -135,7 +135,7 @@ class ClassTable {
   }
 
   /// A shared property, stored in a static variable:
-  /// `sharedProperty<&ArrayInfo::mArrayMap>("mArrayMap"_s, Private)`.
+  /// `sharedProperty<&Registry::mArrayMap>("mArrayMap"_s, Private)`.
   template <auto Variable>
   void sharedProperty(const String& name, const Visibility& visibility = Public) {
     using Type = std::remove_cvref_t<decltype(*Variable)>;
