@@ -16,6 +16,7 @@ set(VELDRIN_ROOMS
   "calendar             | shell/objects shell/host shell/values shell/files shell/window daystatus"
   "ui                   | shell/objects shell/host shell/values shell/files shell/window daystatus"
   "almanac              | shell/objects shell/host shell/values shell/files solar civiltime"
+  "chart                | shell/objects shell/host shell/values shell/files solar civiltime almanac"
   "toolkits/headless    | shell/objects shell/host shell/values shell/files shell/window"
   "toolkits/qt          | shell/objects shell/host shell/values shell/files shell/window")
 
