@@ -1,13 +1,16 @@
 #include "apps/AlmanacRun.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdlib>
 #include <string_view>
 #include <vector>
 
 #include "almanac/Almanac.h"
 #include "apps/StandardOutput.h"
+#include "chart/Chart.h"
 #include "civiltime/DaylightSavings.h"
 #include "daystatus/FormTable.h"
 #include "shell/files/FileReplacement.h"
@@ -82,11 +85,26 @@ void yieldToStopSignal() {
   if (isStopPending()) raiseStop();
 }
 
+/// The zone in words: its name, or its distance from Greenwich, such as "UTC-8".
+std::string zoneInWords(const Host& host, const CalendarRequest& request,
+                        const PlaceOfRequest& found) {
+  if (!found.zone.empty()) return found.zone;
+  const double zone = zoneOf(host, request);
+  std::array<char, 32> digits{};
+  const auto [end, error] =
+      std::to_chars(digits.data(), digits.data() + digits.size(), std::fabs(zone));
+  return std::string(zone < 0.0 ? "UTC-" : "UTC+") + std::string(digits.data(), end);
+}
+
+/// What the run writes: the picture, or the calendar.
 std::string documentOf(const Host& host, const CalendarRequest& request,
                        const PlaceOfRequest& found) {
   const Place place{request.place, numberOr(request.latitude, "Latitude"),
                     numberOr(request.longitude, "Longitude")};
   const std::vector<ClockYear> years = clockYears(host, request, found);
+  if (request.chart) {
+    return chart(place, zoneInWords(host, request, found), years.front(), yieldToStopSignal);
+  }
   AlmanacOptions options = *request.standard;
   options.stamp = stampOf(host);
   return almanac(place, years, options, yieldToStopSignal);
@@ -112,7 +130,7 @@ RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfR
   const StopSignalGuard stopSignals;
   RunOutcome outcome;
   try {
-    write(documentOf(host, request, place), request.output, outcome);
+    write(documentOf(host, request, place), request.chart.value_or(request.output), outcome);
   } catch (const Raised& raised) {
     if (!RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup())) throw;
     outcome.status = OfSignals + stopSignal();

@@ -19,6 +19,7 @@ set(VELDRIN_ROOMS
   "places               | shell/objects shell/host shell/values shell/files solar civiltime"
   "places/cctz          | shell/objects shell/host shell/values civiltime places"
   "places/nozones       | shell/objects shell/host shell/values civiltime places"
+  "chart                | shell/objects shell/host shell/values shell/files solar civiltime almanac"
   "toolkits/headless    | shell/objects shell/host shell/values shell/files shell/window"
   "toolkits/qt          | shell/objects shell/host shell/values shell/files shell/window")
 

@@ -69,8 +69,8 @@ inline std::string documentOf(const std::vector<std::string>& days) {
       if (const std::size_t colon = summary.find(':'); colon != std::string::npos) {
         clock = summary.substr(colon - 2, 2) + summary.substr(colon + 1);
       }
-      document += "BEGIN:VEVENT\r\nSUMMARY:" + summary + "\r\nDTSTART:" + row.substr(0, blank) +
-                  "T" + clock + "00\r\nEND:VEVENT\r\n";
+      document.append("BEGIN:VEVENT\r\nSUMMARY:").append(summary).append("\r\nDTSTART:");
+      document.append(row, 0, blank).append("T").append(clock).append("00\r\nEND:VEVENT\r\n");
     }
   }
   return document + "END:VCALENDAR\r\n";

@@ -1,0 +1,92 @@
+#include "chart/BandPath.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <ranges>
+#include <vector>
+
+#include "shell/host/Civil.h"
+
+namespace veldrin {
+namespace {
+
+struct Interval {
+  std::int32_t top;
+  std::int32_t bottom;
+};
+
+/// Intervals of consecutive columns, each of which touches the next.
+struct Ribbon {
+  std::size_t firstColumn;
+  std::vector<Interval> intervals;
+
+  [[nodiscard]] std::size_t end() const { return firstColumn + intervals.size(); }
+  [[nodiscard]] bool continuesIn(std::size_t column, const Interval& next) const {
+    const Interval& last = intervals.back();
+    return end() == column && last.top < next.bottom && next.top < last.bottom;
+  }
+};
+
+std::vector<Interval> intervalsOf(const DayColumn& column, Band band) {
+  std::vector<Interval> intervals;
+  for (auto stretch = column.begin(); stretch != column.end(); ++stretch) {
+    const auto next = stretch + 1;
+    const std::int32_t end = next == column.end() ? MinutesOfDay : next->from;
+    if (stretch->band == band) intervals.push_back({stretch->from, end});
+  }
+  return intervals;
+}
+
+std::vector<Ribbon> ribbonsOf(std::span<const DayColumn> columns, Band band) {
+  std::vector<Ribbon> ribbons;
+  for (std::size_t column = 0; column < columns.size(); ++column) {
+    for (const Interval& interval : intervalsOf(columns[column], band)) {
+      const auto continues = [&](const Ribbon& r) { return r.continuesIn(column, interval); };
+      const auto ribbon = std::ranges::find_if(ribbons, continues);
+      if (ribbon == ribbons.end()) {
+        ribbons.push_back({column, {interval}});
+      } else {
+        ribbon->intervals.push_back(interval);
+      }
+    }
+  }
+  return ribbons;
+}
+
+/// Appends one side of a ribbon: `heights` in the order of the walk, `step` columns at each.
+template <class Heights>
+void appendSide(std::string& path, const Heights& heights, int step) {
+  int run = 0;
+  std::int32_t height = heights.front();
+  for (const std::int32_t next : heights) {
+    if (next != height) {
+      path += 'h' + std::to_string(run) + 'v' + std::to_string(next - height);
+      run = 0;
+      height = next;
+    }
+    run += step;
+  }
+  path += 'h' + std::to_string(run);
+}
+
+void appendOutline(std::string& path, const Ribbon& ribbon) {
+  const Interval& first = ribbon.intervals.front();
+  const Interval& last = ribbon.intervals.back();
+  path += 'M' + std::to_string(ribbon.firstColumn) + ' ' + std::to_string(first.top);
+  appendSide(path, ribbon.intervals | std::views::transform(&Interval::top), 1);
+  path += 'v' + std::to_string(last.bottom - last.top);
+  appendSide(path,
+             ribbon.intervals | std::views::reverse | std::views::transform(&Interval::bottom), -1);
+  path += 'z';
+}
+
+}  // namespace
+
+std::string bandPath(std::span<const DayColumn> columns, Band band) {
+  std::string path;
+  for (const Ribbon& ribbon : ribbonsOf(columns, band)) appendOutline(path, ribbon);
+  return path;
+}
+
+}  // namespace veldrin

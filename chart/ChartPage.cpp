@@ -1,0 +1,220 @@
+#include "chart/ChartPage.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "chart/BandPath.h"
+#include "chart/ChartStyle.h"
+#include "chart/Words.h"
+#include "shell/host/Civil.h"
+
+namespace veldrin {
+namespace {
+
+// The page in its own units, which are pixels where it is not scaled.
+constexpr double Width = 1280.0;
+constexpr double Height = 900.0;
+constexpr double DayWidth = 3.0;
+constexpr double MinuteHeight = 0.4;
+constexpr double Top = 128.0;
+constexpr double Bottom = Top + MinutesOfDay * MinuteHeight;
+constexpr double HeadingY = 66.0;
+constexpr double WhereY = 96.0;
+constexpr double KeyY = 768.0;
+constexpr double ExtremesY = 826.0;
+
+struct BandName {
+  std::string_view identifier, words;
+};
+
+constexpr std::array<BandName, BandCount> BandNames{{{"night", "Night"},
+                                                     {"astronomical", "Astronomical twilight"},
+                                                     {"nautical", "Nautical twilight"},
+                                                     {"civil", "Civil twilight"},
+                                                     {"day", "Day"}}};
+
+/// The size of letters in which a name leaves room for the year beside it. Letters are taken to be
+/// wide, those outside of ASCII as wide as high.
+double sizeOfName(std::string_view name) {
+  constexpr double Largest = 34.0;
+  constexpr double Room = 960.0;
+  double width = 0.0;
+  for (const char byte : name) {
+    const auto code = static_cast<unsigned char>(byte);
+    if (code < 0x80) width += 0.65;
+    if (code >= 0xC0) width += 1.0;
+  }
+  return width * Largest > Room ? Room / width : Largest;
+}
+
+/// The day and the words of an extreme, two lines of a column.
+struct Fact {
+  std::string_view label;
+  std::string value;
+  std::string date;
+};
+
+Fact lengthFact(std::string_view label, const DayMinutes& length) {
+  return {label, lengthWords(length.minutes), dateWords(length.day)};
+}
+
+/// A length that many days share, at a place where the Sun does not set or rise on them.
+Fact allDayFact(std::string_view label, std::string_view words, std::int64_t days) {
+  return {label, std::string(words), std::to_string(days) + (days == 1 ? " day" : " days")};
+}
+
+Fact timeFact(std::string_view label, const std::optional<DayMinutes>& time) {
+  if (!time) return {label, "none", ""};
+  return {label, clockTime(time->minutes), dateWords(time->day)};
+}
+
+std::array<Fact, 6> factsOf(const YearExtremes& extremes) {
+  return {extremes.daysUp > 0 ? allDayFact("Longest day", "Sun up all day", extremes.daysUp)
+                              : lengthFact("Longest day", extremes.longest),
+          extremes.daysDown > 0 ? allDayFact("Shortest day", "Sun down all day", extremes.daysDown)
+                                : lengthFact("Shortest day", extremes.shortest),
+          timeFact("Earliest sunrise", extremes.earliestSunrise),
+          timeFact("Latest sunrise", extremes.latestSunrise),
+          timeFact("Earliest sunset", extremes.earliestSunset),
+          timeFact("Latest sunset", extremes.latestSunset)};
+}
+
+}  // namespace
+
+ChartPage::ChartPage(std::int32_t year, std::string_view name, std::string_view where)
+    : year_(year),
+      firstDay_(dayNumber(year, 1, 1)),
+      dayCount_(dayNumber(year, 12, 31) - firstDay_ + 1) {
+  svg_.open("svg", {{"xmlns", "http://www.w3.org/2000/svg"},
+                    {"viewBox", "0 0 " + svgNumber(Width) + ' ' + svgNumber(Height)},
+                    {"role", "img"},
+                    {"aria-labelledby", "title desc"}});
+  const std::string year4 = std::to_string(year);
+  svg_.add("title", {{"id", "title"}}, std::string("A year of light: ").append(name) + ' ' + year4);
+  svg_.add("desc", {{"id", "desc"}},
+           "Night, twilight and day of each day of " + year4 +
+               ", by the clock of the place. Days run across, hours down. " + std::string(where));
+  svg_.add("style", {}, ChartStyle);
+  svg_.add("rect", {{"class", "page"}, {"width", Width}, {"height", Height}});
+  drawHeading(name, where);
+}
+
+double ChartPage::left() const {
+  return (Width - DayWidth * static_cast<double>(dayCount_)) / 2.0;
+}
+
+double ChartPage::right() const {
+  return Width - left();
+}
+
+void ChartPage::drawHeading(std::string_view name, std::string_view where) {
+  svg_.add("text",
+           {{"class", "name"}, {"x", left()}, {"y", HeadingY}, {"font-size", sizeOfName(name)}},
+           name);
+  drawText("year", right(), HeadingY, std::to_string(year_));
+  drawText("where", left(), WhereY, where);
+}
+
+void ChartPage::openPlot(std::string_view id, std::string_view kind) {
+  svg_.open("g",
+            {{"id", id},
+             {"class", kind},
+             {"transform", "translate(" + svgNumber(left()) + ' ' + svgNumber(Top) + ") scale(" +
+                               svgNumber(DayWidth) + ' ' + svgNumber(MinuteHeight) + ')'}});
+}
+
+void ChartPage::drawBands(std::span<const DayColumn> columns) {
+  openPlot("plot", "bands");
+  for (std::size_t band = 0; band < BandCount; ++band) {
+    const std::string_view name = BandNames[band].identifier;
+    svg_.add("path",
+             {{"id", name}, {"class", name}, {"d", bandPath(columns, static_cast<Band>(band))}});
+  }
+  svg_.close();
+}
+
+void ChartPage::drawAxes() {
+  drawMonths();
+  drawHours();
+  svg_.add("rect", {{"class", "frame"},
+                    {"x", left()},
+                    {"y", Top},
+                    {"width", right() - left()},
+                    {"height", Bottom - Top}});
+}
+
+void ChartPage::drawMonths() {
+  constexpr double Distance = 24.0;
+  double begin = left();
+  for (std::int32_t month = 1; month <= 12; ++month) {
+    if (month > 1) drawLine("line", begin, Top, begin, Bottom);
+    const double width = DayWidth * daysInMonth(year_, month);
+    drawText("axis month", begin + width / 2.0, Bottom + Distance, monthName(month));
+    begin += width;
+  }
+}
+
+void ChartPage::drawHours() {
+  constexpr std::int32_t Step = 180;
+  constexpr double Distance = 12.0;
+  constexpr double HalfOfLetter = 4.5;
+  for (std::int32_t minute = 0; minute <= MinutesOfDay; minute += Step) {
+    const double y = Top + MinuteHeight * minute;
+    drawText("axis hour", left() - Distance, y + HalfOfLetter, clockTime(minute));
+    if (minute == 0 || minute == MinutesOfDay) continue;
+    drawLine(minute == MinutesOfDay / 2 ? "line noon" : "line", left(), y, right(), y);
+  }
+}
+
+void ChartPage::drawDays(const std::vector<SunDay>& days) {
+  openPlot("days", "days");
+  for (const SunDay& day : days) {
+    svg_.open("path", {{"d", 'M' + std::to_string(day.day - firstDay_) + " 0h1v1440h-1z"}});
+    svg_.add("title", {}, dayWords(day));
+    svg_.close();
+  }
+  svg_.close();
+}
+
+void ChartPage::drawKey() {
+  constexpr double Swatch = 16.0;
+  constexpr double Gap = 10.0;
+  constexpr std::array<double, BandCount> Places{0.0, 145.0, 384.0, 594.0, 780.0};
+  for (std::size_t band = 0; band < BandCount; ++band) {
+    const double x = left() + Places[band];
+    svg_.add("rect", {{"class", BandNames[band].identifier},
+                      {"x", x},
+                      {"y", KeyY - Swatch + 3.0},
+                      {"width", Swatch},
+                      {"height", Swatch}});
+    drawText("label", x + Swatch + Gap, KeyY, BandNames[band].words);
+  }
+}
+
+void ChartPage::drawExtremes(const YearExtremes& extremes) {
+  constexpr double LineHeight = 24.0;
+  const auto facts = factsOf(extremes);
+  double x = left();
+  for (const Fact& fact : facts) {
+    drawText("label", x, ExtremesY, fact.label);
+    drawText("value", x, ExtremesY + LineHeight, fact.value);
+    drawText("label", x, ExtremesY + 2.0 * LineHeight - 3.0, fact.date);
+    x += (right() - left()) / static_cast<double>(facts.size());
+  }
+}
+
+void ChartPage::drawLine(std::string_view kind, double x1, double y1, double x2, double y2) {
+  svg_.add("line", {{"class", kind}, {"x1", x1}, {"y1", y1}, {"x2", x2}, {"y2", y2}});
+}
+
+void ChartPage::drawText(std::string_view kind, double x, double y, std::string_view text) {
+  svg_.add("text", {{"class", kind}, {"x", x}, {"y", y}}, text);
+}
+
+std::string ChartPage::finish() && {
+  svg_.close();
+  return std::move(svg_).finish();
+}
+
+}  // namespace veldrin

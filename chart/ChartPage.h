@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "chart/DayColumn.h"
+#include "chart/SunDay.h"
+#include "chart/Svg.h"
+
+namespace veldrin {
+
+/// The page of the picture: its sections, from the top to the bottom.
+class ChartPage {
+ public:
+  /// `name` is the place, `where` its coordinates and its zone.
+  ChartPage(std::int32_t year, std::string_view name, std::string_view where);
+
+  /// The bands, a column for each day of the year.
+  void drawBands(std::span<const DayColumn> columns);
+
+  /// The lines and the names of the months and the hours.
+  void drawAxes();
+
+  /// What a reader shows of a day under the pointer.
+  void drawDays(const std::vector<SunDay>& days);
+
+  void drawKey();
+  void drawExtremes(const YearExtremes& extremes);
+
+  /// The whole text; nothing may be drawn afterwards.
+  std::string finish() &&;
+
+ private:
+  void drawHeading(std::string_view name, std::string_view where);
+  void drawMonths();
+  void drawHours();
+  void drawLine(std::string_view kind, double x1, double y1, double x2, double y2);
+  void drawText(std::string_view kind, double x, double y, std::string_view text);
+  void openPlot(std::string_view id, std::string_view kind);
+  [[nodiscard]] double left() const;
+  [[nodiscard]] double right() const;
+
+  std::int32_t year_;
+  std::int64_t firstDay_;
+  std::int64_t dayCount_;
+  Svg svg_;
+};
+
+}  // namespace veldrin

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string_view>
+
+namespace veldrin {
+
+/// The colours and letters of the picture, for a light and a dark surrounding. Each band is clearly
+/// brighter than the one before it, so they are told apart without colour, too. Each text has a
+/// contrast of more than 4.5 : 1 against the page.
+inline constexpr std::string_view ChartStyle = R"(
+text { font-family: sans-serif; fill: #262b3a }
+.page { fill: #fbfaf6 }
+.night { fill: #111939 }
+.astronomical { fill: #2c3c72 }
+.nautical { fill: #5f7bb0 }
+.civil { fill: #eaae7c }
+.day { fill: #fdf1c9 }
+.frame { fill: none; stroke: #5d6478; stroke-width: 1 }
+.line { stroke: #7f879b; stroke-opacity: .34; stroke-width: 1 }
+.noon { stroke-dasharray: 2 5; stroke-opacity: .7 }
+.name { font-weight: 600 }
+.year { font-size: 34px; font-weight: 300; text-anchor: end }
+.where, .axis, .label { fill: #5a6073 }
+.where { font-size: 15px }
+.axis { font-size: 13px }
+.month { text-anchor: middle }
+.hour { text-anchor: end }
+.label { font-size: 13px }
+.value { font-size: 19px }
+.days { fill: none; pointer-events: all }
+@media (prefers-color-scheme: dark) {
+  text { fill: #ece9e1 }
+  .page { fill: #161a24 }
+  .night { fill: #0b1026 }
+  .astronomical { fill: #263461 }
+  .nautical { fill: #526b9c }
+  .civil { fill: #d69a69 }
+  .day { fill: #f3e4b4 }
+  .frame { stroke: #7c8499 }
+  .where, .axis, .label { fill: #aab0c0 }
+}
+)";
+
+}  // namespace veldrin

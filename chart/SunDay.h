@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "almanac/Almanac.h"
+#include "chart/Light.h"
+
+namespace veldrin {
+
+/// The Sun on a local day that the clock does not skip. Times are minutes of the day by the clock
+/// of the place.
+struct SunDay {
+  std::int64_t day;  ///< as in shell/host/Civil.h
+  std::vector<std::int32_t> sunrises;
+  std::vector<std::int32_t> sunsets;
+  std::int32_t minutesUp;
+  bool isUpAllDay;
+
+  [[nodiscard]] bool isDownAllDay() const { return minutesUp == 0; }
+};
+
+/// The days of a year, without those that the clock skips.
+std::vector<SunDay> sunDays(const Light& light, const ClockYear& year);
+
+/// Minutes of a day: a time of its clock, or its length.
+struct DayMinutes {
+  std::int64_t day;
+  std::int32_t minutes;
+};
+
+/// The extremes of a year. Of the days that share one, the middle one is given. A time is missing
+/// where the year has no such event.
+struct YearExtremes {
+  DayMinutes longest, shortest;
+  std::optional<DayMinutes> earliestSunrise, latestSunrise, earliestSunset, latestSunset;
+  std::int64_t daysUp;    ///< on which the Sun is up all day
+  std::int64_t daysDown;  ///< on which it is down all day
+};
+
+/// `days` is not empty.
+YearExtremes yearExtremes(const std::vector<SunDay>& days);
+
+}  // namespace veldrin
