@@ -18,15 +18,16 @@ text { font-family: sans-serif; fill: #262b3a }
 .frame { fill: none; stroke: #5d6478; stroke-width: 1 }
 .line { stroke: #7f879b; stroke-opacity: .34; stroke-width: 1 }
 .noon { stroke-dasharray: 2 5; stroke-opacity: .7 }
-.name { font-weight: 600 }
+.name { font-weight: 400 }
+.swatch { stroke: #5d6478; stroke-width: .7 }
 .year { font-size: 34px; font-weight: 300; text-anchor: end }
-.where, .axis, .label { fill: #5a6073 }
+.where, .axis, .label { fill: #555b6e }
 .where { font-size: 15px }
 .axis { font-size: 13px }
 .month { text-anchor: middle }
 .hour { text-anchor: end }
 .label { font-size: 13px }
-.value { font-size: 19px }
+.value { font-size: 18px }
 .days { fill: none; pointer-events: all }
 @media (prefers-color-scheme: dark) {
   text { fill: #ece9e1 }

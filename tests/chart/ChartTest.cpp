@@ -5,7 +5,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <numbers>
 #include <random>
 #include <string>
 #include <vector>
