@@ -1,7 +1,8 @@
 #include "chart/ChartPage.h"
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "chart/BandPath.h"
