@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <ranges>
 #include <vector>
 
 #include "shell/host/Civil.h"
@@ -54,9 +53,8 @@ std::vector<Ribbon> ribbonsOf(std::span<const DayColumn> columns, Band band) {
   return ribbons;
 }
 
-/// Appends one side of a ribbon: `heights` in the order of the walk, `step` columns at each.
-template <class Heights>
-void appendSide(std::string& path, const Heights& heights, int step) {
+/// Appends one side of a ribbon: its heights in the order of the walk, `step` columns at each.
+void appendSide(std::string& path, const std::vector<std::int32_t>& heights, int step) {
   int run = 0;
   std::int32_t height = heights.front();
   for (const std::int32_t next : heights) {
@@ -70,14 +68,19 @@ void appendSide(std::string& path, const Heights& heights, int step) {
   path += 'h' + std::to_string(run);
 }
 
+/// Walks along the tops of a ribbon and back along its bottoms.
 void appendOutline(std::string& path, const Ribbon& ribbon) {
-  const Interval& first = ribbon.intervals.front();
-  const Interval& last = ribbon.intervals.back();
-  path += 'M' + std::to_string(ribbon.firstColumn) + ' ' + std::to_string(first.top);
-  appendSide(path, ribbon.intervals | std::views::transform(&Interval::top), 1);
-  path += 'v' + std::to_string(last.bottom - last.top);
-  appendSide(path,
-             ribbon.intervals | std::views::reverse | std::views::transform(&Interval::bottom), -1);
+  std::vector<std::int32_t> tops;
+  std::vector<std::int32_t> bottoms;
+  for (const Interval& interval : ribbon.intervals) {
+    tops.push_back(interval.top);
+    bottoms.push_back(interval.bottom);
+  }
+  std::ranges::reverse(bottoms);
+  path += 'M' + std::to_string(ribbon.firstColumn) + ' ' + std::to_string(tops.front());
+  appendSide(path, tops, 1);
+  path += 'v' + std::to_string(bottoms.front() - tops.back());
+  appendSide(path, bottoms, -1);
   path += 'z';
 }
 

@@ -1,7 +1,8 @@
 #include "chart/ChartPage.h"
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "chart/BandPath.h"
@@ -14,15 +15,15 @@ namespace {
 
 // The page in its own units, which are pixels where it is not scaled.
 constexpr double Width = 1280.0;
-constexpr double Height = 900.0;
+constexpr double Height = 936.0;
 constexpr double DayWidth = 3.0;
 constexpr double MinuteHeight = 0.4;
 constexpr double Top = 128.0;
 constexpr double Bottom = Top + MinutesOfDay * MinuteHeight;
 constexpr double HeadingY = 66.0;
 constexpr double WhereY = 96.0;
-constexpr double KeyY = 768.0;
-constexpr double ExtremesY = 826.0;
+constexpr double KeyY = 776.0;
+constexpr double ExtremesY = 836.0;
 
 struct BandName {
   std::string_view identifier, words;
@@ -48,7 +49,9 @@ double sizeOfName(std::string_view name) {
   return width * Largest > Room ? Room / width : Largest;
 }
 
-/// The day and the words of an extreme, two lines of a column.
+constexpr std::size_t FactCount = 6;
+
+/// An extreme of the year: three lines of a column.
 struct Fact {
   std::string_view label;
   std::string value;
@@ -69,7 +72,7 @@ Fact timeFact(std::string_view label, const std::optional<DayMinutes>& time) {
   return {label, clockTime(time->minutes), dateWords(time->day)};
 }
 
-std::array<Fact, 6> factsOf(const YearExtremes& extremes) {
+std::array<Fact, FactCount> factsOf(const YearExtremes& extremes) {
   return {extremes.daysUp > 0 ? allDayFact("Longest day", "Sun up all day", extremes.daysUp)
                               : lengthFact("Longest day", extremes.longest),
           extremes.daysDown > 0 ? allDayFact("Shortest day", "Sun down all day", extremes.daysDown)
@@ -106,6 +109,10 @@ double ChartPage::left() const {
 
 double ChartPage::right() const {
   return Width - left();
+}
+
+double ChartPage::columnAt(std::size_t index) const {
+  return left() + (right() - left()) * static_cast<double>(index) / FactCount;
 }
 
 void ChartPage::drawHeading(std::string_view name, std::string_view where) {
@@ -180,10 +187,9 @@ void ChartPage::drawDays(const std::vector<SunDay>& days) {
 void ChartPage::drawKey() {
   constexpr double Swatch = 16.0;
   constexpr double Gap = 10.0;
-  constexpr std::array<double, BandCount> Places{0.0, 145.0, 384.0, 594.0, 780.0};
   for (std::size_t band = 0; band < BandCount; ++band) {
-    const double x = left() + Places[band];
-    svg_.add("rect", {{"class", BandNames[band].identifier},
+    const double x = columnAt(band);
+    svg_.add("rect", {{"class", std::string("swatch ").append(BandNames[band].identifier)},
                       {"x", x},
                       {"y", KeyY - Swatch + 3.0},
                       {"width", Swatch},
@@ -195,12 +201,12 @@ void ChartPage::drawKey() {
 void ChartPage::drawExtremes(const YearExtremes& extremes) {
   constexpr double LineHeight = 24.0;
   const auto facts = factsOf(extremes);
-  double x = left();
-  for (const Fact& fact : facts) {
+  for (std::size_t column = 0; column < facts.size(); ++column) {
+    const Fact& fact = facts[column];
+    const double x = columnAt(column);
     drawText("label", x, ExtremesY, fact.label);
     drawText("value", x, ExtremesY + LineHeight, fact.value);
     drawText("label", x, ExtremesY + 2.0 * LineHeight - 3.0, fact.date);
-    x += (right() - left()) / static_cast<double>(facts.size());
   }
 }
 

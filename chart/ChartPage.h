@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -42,6 +43,8 @@ class ChartPage {
   void openPlot(std::string_view id, std::string_view kind);
   [[nodiscard]] double left() const;
   [[nodiscard]] double right() const;
+  /// The left side of a column below the plot.
+  [[nodiscard]] double columnAt(std::size_t index) const;
 
   std::int32_t year_;
   std::int64_t firstDay_;

@@ -10,30 +10,31 @@ namespace veldrin {
 inline constexpr std::string_view ChartStyle = R"(
 text { font-family: sans-serif; fill: #262b3a }
 .page { fill: #fbfaf6 }
-.night { fill: #111939 }
-.astronomical { fill: #2c3c72 }
-.nautical { fill: #5f7bb0 }
-.civil { fill: #eaae7c }
-.day { fill: #fdf1c9 }
+.night { fill: #0d142f }
+.astronomical { fill: #364a8b }
+.nautical { fill: #6886bb }
+.civil { fill: #e9a972 }
+.day { fill: #fdf2cd }
 .frame { fill: none; stroke: #5d6478; stroke-width: 1 }
 .line { stroke: #7f879b; stroke-opacity: .34; stroke-width: 1 }
 .noon { stroke-dasharray: 2 5; stroke-opacity: .7 }
-.name { font-weight: 600 }
+.name { font-weight: 400 }
+.swatch { stroke: #5d6478; stroke-width: .7 }
 .year { font-size: 34px; font-weight: 300; text-anchor: end }
-.where, .axis, .label { fill: #5a6073 }
+.where, .axis, .label { fill: #555b6e }
 .where { font-size: 15px }
 .axis { font-size: 13px }
 .month { text-anchor: middle }
 .hour { text-anchor: end }
 .label { font-size: 13px }
-.value { font-size: 19px }
+.value { font-size: 18px }
 .days { fill: none; pointer-events: all }
 @media (prefers-color-scheme: dark) {
   text { fill: #ece9e1 }
   .page { fill: #161a24 }
   .night { fill: #0b1026 }
-  .astronomical { fill: #263461 }
-  .nautical { fill: #526b9c }
+  .astronomical { fill: #2f4077 }
+  .nautical { fill: #5c76a8 }
   .civil { fill: #d69a69 }
   .day { fill: #f3e4b4 }
   .frame { stroke: #7c8499 }

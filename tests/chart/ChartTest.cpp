@@ -5,7 +5,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
+#include <numbers>
 #include <random>
 #include <string>
 #include <vector>
@@ -148,17 +151,20 @@ std::size_t bandBySky(const Place& place, double moment) {
   return band;
 }
 
-// The midst of each minute of a random day, and of the days on which a clock changes.
+// Random minutes of random days, many of them in the months in which a clock changes.
 TEST_F(ChartTest, EachPointHasTheLightOfItsMoment) {
-  std::mt19937 random(1);  // NOLINT: the same days in each run
+  std::mt19937 source(1);  // NOLINT: the same days in each run
+  const auto random = [&](std::int64_t end) {
+    return std::uniform_int_distribution<std::int64_t>(0, end - 1)(source);
+  };
   for (const auto& [place, year] : Cases) {
     SCOPED_TRACE(place.name);
     const Picture picture(chart(place, "", year, [] {}));
     const std::int64_t first = dayNumber(year.year, 1, 1);
     for (int count = 0; count < 1500; ++count) {
       const std::int64_t change = dayNumber(year.year, count % 2 == 0 ? 3 : 10, 1);
-      const std::int64_t day = count % 3 == 0 ? change + random() % 31 : first + random() % 365;
-      const auto minute = static_cast<double>(random() % MinutesOfDay);
+      const std::int64_t day = count % 3 == 0 ? change + random(31) : first + random(365);
+      const auto minute = static_cast<double>(random(MinutesOfDay));
       const auto bands = picture.bandsAt({static_cast<double>(day - first) + 0.5, minute + 0.5});
       ASSERT_EQ(bands.size(), 1) << day - first << ' ' << minute;
       const double moment = year.clock.momentOf(day, minute);
