@@ -63,7 +63,7 @@ bool Application::dealsWith(const Ref<RuntimeException>& exception) {
 
 namespace {
 
-/// "IOException, error 28: No space left on device", and where a file is incomplete
+/// "IOException, error 28: No space left on device", or if a file is incomplete
 /// "/home/me/Veldrin.ics is incomplete: No space left on device (IOException, error 28)".
 String sentenceOn(const RuntimeException& exception) {
   const String& incomplete = exception.incompleteFile;
@@ -82,8 +82,8 @@ String sentenceOn(const RuntimeException& exception) {
   return reason.isEmpty() ? what + failure : what + reason + " ("_s + failure + ")"_s;
 }
 
-/// Writes the calls that an exception comes from on the error stream. Those of a failed file, of
-/// exhausted memory and of an end that was asked for tell nobody anything: the sentence is enough.
+/// Writes the call stack of an exception to standard error. Skips it for I/O errors, exhausted
+/// memory and `EndException`, because their sentence says enough.
 void printCalls(const RuntimeException& exception) {
   for (ClassRecord* const told :
        {IOException::__Lookup(), OutOfMemoryException::__Lookup(), EndException::__Lookup()}) {
