@@ -22,8 +22,9 @@ namespace veldrin {
 /// the next year, `Day(0)` the last day of the previous month. A date beyond the 32-bit years
 /// becomes their first or last moment.
 ///
-/// Veldrin does not use the constructors with fields, the fields of the time of day, the week and
-/// the texts other than `ShortDate`. They exist because the framework's conventions ask for them.
+/// Veldrin uses neither the constructors with fields, the time of day, `DayOfYear` and `WeekOfYear`
+/// nor the texts other than `ShortDate`. They exist because the framework's conventions ask for
+/// them.
 class Date final : public Described<Date, Object> {
  public:
   static constexpr FixedString FullName = "Date";
