@@ -72,7 +72,7 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// Moves to the previous day and updates the status. Raises `NilObjectException` if `statusDate`
   /// is nil.
   void BackOneDay_Action();
-  /// Moves to the next day and updates the status. Raises as `PrevDay`'s handler does.
+  /// Moves to the next day and updates the status. Raises as `BackOneDay_Action`.
   void ForwardOneDay_Action();
   /// calendar: asks for a file and writes the calendar of the year in `WhichYear` into it, from
   /// January 2 to December 31. Raises `IOException` if a line cannot be written. Shows only a
