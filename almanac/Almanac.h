@@ -27,11 +27,11 @@ struct ClockYear {
 /// A twilight, by the degrees of the Sun's centre below the horizon at its darker end.
 enum class Twilight : std::uint8_t { Civil = 6, Nautical = 12, Astronomical = 18 };
 
-/// What the calendar holds besides sunrise and sunset.
+/// The optional content of the calendar.
 struct AlmanacOptions {
   std::set<Twilight> twilights;
   std::optional<std::int32_t> reminder;  ///< minutes before a sunrise or sunset
-  std::int64_t stamp = 0;  ///< when it was made, seconds since 1970-01-01 00:00 UTC, years to 9999
+  std::int64_t stamp = 0;  ///< time of creation, seconds since 1970-01-01 00:00 UTC, years to 9999
 };
 
 /// The calendar of a place for some years as an iCalendar text (RFC 5545), for today's calendar

@@ -8,13 +8,13 @@
 
 namespace veldrin {
 
-/// A kind of event: what identifies it, and what people read.
+/// A kind of event: its identifier and its text for the user.
 struct EventKind {
   std::string_view identifier;  ///< "civil-dawn"
   std::string_view summary;     ///< "Civil dawn"
 };
 
-/// An iCalendar document in the making: its header at once, then event by event, then its end.
+/// Builds an iCalendar document: the constructor writes the header, then add events, then the end.
 /// Days are numbered as in shell/host/Civil.h, minutes counted since 1970-01-01 00:00 UTC.
 class AlmanacDocument {
  public:
@@ -23,9 +23,9 @@ class AlmanacDocument {
   /// An event of the whole local day.
   void addDay(const EventKind& kind, std::int64_t day);
 
-  /// An event at a minute; `ordinal` counts those of its kind on the local day from 1. It lasts a
-  /// minute: some readers show an event without an end as an hour, and others take none that ends
-  /// as it begins.
+  /// Adds an event at a minute. `ordinal` numbers the events of a kind on a local day from 1. The
+  /// event lasts one minute: some programs show an event without an end as an hour, and others
+  /// reject an event that ends when it begins.
   void addMoment(const EventKind& kind, std::int64_t day, std::int64_t ordinal, std::int64_t minute,
                  bool reminds);
 
@@ -40,9 +40,9 @@ class AlmanacDocument {
   void end(const EventKind& kind, bool reminds);
 
   std::string text_;
-  std::string line_;     // the one being made; kept to save allocations
+  std::string line_;     // the current line; a member to save allocations
   std::string suffix_;   // of each identifier
-  std::string stamp_;    // the line of each event that says when it was made
+  std::string stamp_;    // the DTSTAMP line of each event
   std::string common_;   // the other lines that every event has
   std::string trigger_;  // of the reminders, empty for none
 };

@@ -21,7 +21,7 @@ void initializeClasses() {
 void finalizeGlobals() {
   _mImplicitWindowList = nullptr;
   _WindowSupport.mDirtyWindows = nullptr;
-  leaveAllWindows();
+  removeAllWindows();
   Introspection::finalizeReflection();
   MenuBar1::_implicitInstance = nullptr;
   OutputFile::__Exit();

@@ -8,7 +8,7 @@ void OutputFile::_Initialize() {
   pCalendar->Extensions(""_s);
   pCalendar->MacType("text"_s);
   pCalendar->MacCreator(""_s);
-  // The text is not wanted, but the registering that happens on the way.
+  // Called for its side effect: it registers the type.
   static_cast<void>(pCalendar->Operator_Convert());
 }
 

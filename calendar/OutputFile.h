@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// The file type set of the application, with its one type.
+/// The application's file types: only `Calendar`.
 class OutputFile {
  public:
   /// Makes and registers the type `Calendar`, before any dialog opens.

@@ -19,8 +19,8 @@ void writeHeader(TextOutputStream& stream) {
   stream.WriteLine("CALSCALE:GREGORIAN"_s);
 }
 
-/// One event: its summary line, and the six digits of its time. The blank behind the colon of a
-/// summary belongs to its value.
+/// Writes one event: its summary line and its time in six digits. The blank after the colon of a
+/// summary is part of the value.
 void writeEvent(TextOutputStream& stream, const String& summary, const String& yearText,
                 const String& monthText, const Date& day, const String& time) {
   stream.WriteLine("BEGIN:VEVENT"_s);
@@ -29,7 +29,7 @@ void writeEvent(TextOutputStream& stream, const String& summary, const String& y
   stream.WriteLine("END:VEVENT"_s);
 }
 
-/// The stream to the item, or nil after the message that it cannot be made.
+/// Creates a stream to the item. On failure shows a message and returns nil.
 Ref<TextOutputStream> openStream(const Ref<FolderItem>& item) {
   try {
     return TextOutputStream::Create(item);
@@ -66,7 +66,7 @@ void Veldrin::writeYear(TextOutputStream& stream) {
   const std::int32_t year = date->Year();
   const String yearText = Str(date->Year());
   for (std::int32_t pass = 1; pass <= 366; ++pass) {
-    // The step comes first, so January 1 is never written.
+    // Steps before writing, so January 1 is never written.
     date->TotalSeconds(date->TotalSeconds() + 86400.0);
     if (date->Year() != year) break;
     const double latitude = Val(Latitude()->Text());

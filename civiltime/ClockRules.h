@@ -15,13 +15,13 @@ struct ClockChange {
   double offset;  ///< minutes by which the clock is ahead of Universal Time from then on
 };
 
-/// A local day: the minute at which it begins, and the minute at which it is over for good.
+/// A local day: the minute at which it begins, and the minute at which it finally ends.
 struct DaySpan {
   double begin;
   double end;
 };
 
-/// How the clocks of a place go: an offset from Universal Time that changes now and then.
+/// The UTC offset of a place's clocks and its changes.
 ///
 ///     const ClockRules berlin(60.0, {{29'586'780.0, 120.0}});  // 2026-03-29 01:00 UTC
 ///     berlin.offsetAt(29'586'779.0);                           // 60.0
@@ -36,7 +36,7 @@ class ClockRules {
   /// The number of the local day to which a moment belongs.
   [[nodiscard]] std::int64_t dayAt(double minute) const;
 
-  /// The span of a local day; nothing for a day that the clocks skip, as Apia did with 2011-12-30.
+  /// The span of a local day, or nothing if the clocks skip the day, as in Apia on 2011-12-30.
   [[nodiscard]] std::optional<DaySpan> spanOf(std::int64_t day) const;
 
   /// The moment at which the clock shows a minute [0:1440] of a day. A repeated time means its

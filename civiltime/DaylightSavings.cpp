@@ -40,7 +40,7 @@ ClockRules clockRules(double zone, const std::optional<SavingPeriod>& period, st
   for (std::int64_t day = newYear; day < nextYear; ++day) {
     const double offset = offsetOn(day);
     if (offset == before) continue;
-    // Set back at midnight the clock would show the day before again: it is set back an hour later.
+    // A clock set back at midnight would return to the previous day, so set it back an hour later.
     const double midnight = static_cast<double>(day * MinutesOfDay) - before;
     changes.push_back({offset > before ? midnight : midnight + (before - offset), offset});
     before = offset;

@@ -8,7 +8,7 @@
 
 namespace veldrin::civiltime {
 
-// Daylight saving as the window knows it: a period between two dates, with the same rule for the
+// The window's model of daylight saving: a period between two dates, with the same rule for the
 // default dates of every year. Under `downUnder` the time outside the period is daylight saving.
 
 /// Moves a date to the default first day of daylight saving in its year: the second Sunday of

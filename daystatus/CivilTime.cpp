@@ -1,5 +1,4 @@
-// The methods of the window for civil time. They read the fields and the check boxes, and hand
-// dates and numbers to `civiltime/`.
+// The civil-time methods of the window. They read the controls and pass values to `civiltime/`.
 
 #include "civiltime/DaylightSavings.h"
 #include "civiltime/TimeText.h"

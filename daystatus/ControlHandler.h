@@ -5,8 +5,8 @@
 
 namespace veldrin {
 
-/// The bare function that is installed at a control for a method of the window: it is called with
-/// the control, and its first step makes the window its object.
+/// Adapts a method of the window to an event handler of a control. The framework calls the handler
+/// with the control; the handler calls the method on the control's window.
 template <void (Veldrin::*Method)()>
 void controlHandler(Object* control) {
   Ref<Object> Self(control);

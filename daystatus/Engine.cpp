@@ -1,5 +1,5 @@
-// The methods of the window that work out sunrise and sunset. They keep `mjd0`, hand their numbers
-// to `solar/`, and call each other where one is part of another.
+// The methods of the window that compute sunrise and sunset. They update `mjd0` and pass values to
+// `solar/`.
 
 #include "daystatus/Veldrin.h"
 #include "shell/window/BackgroundTask.h"

@@ -10,8 +10,7 @@
 
 namespace veldrin {
 
-// What the compiler makes of the form's table: the names as constants, the classes, and the list of
-// handlers.
+// Compile-time lists derived from the form's table: the names, the classes and the handlers.
 
 /// The class of a kind of control.
 template <ControlKind Kind>
@@ -21,8 +20,8 @@ using ControlClass = std::tuple_element_t<
 
 /// A handler of the form: a control, an event, and the method's name as constants.
 struct Wiring {
-  std::size_t row;      ///< of the control in the table
-  std::size_t handler;  ///< which of the control's handlers
+  std::size_t row;      ///< the control's row in the table
+  std::size_t handler;  ///< index among the control's handlers
   StringConstant event;
   StringConstant name;
 };
@@ -98,7 +97,7 @@ inline constexpr auto FormNames =
 /// The handlers of the form, in the order of wiring.
 inline constexpr auto Wirings = detail::wirings(std::make_index_sequence<detail::handlerCount()>());
 
-/// The row of the control of that name. A name that the form does not have fails to compile.
+/// The row of the control of that name. An unknown name does not compile.
 template <FixedString Name>
 consteval std::size_t formRow() {
   const auto* const row = std::ranges::find(FormTable, Name.view(), &ControlRow::name);
@@ -106,7 +105,7 @@ consteval std::size_t formRow() {
   return static_cast<std::size_t>(row - FormTable.begin());
 }
 
-/// The control of that name in the window, typed as the form's table has it:
+/// The control of that name in the window, with its class from the form's table:
 /// `control<"Placard1">(window)` is a `Ref<Placard>`.
 template <FixedString Name>
 auto control(const Window& window) {

@@ -28,20 +28,20 @@ struct HandlerRow {
   void (Veldrin::*method)() = nullptr;
 };
 
-/// What only some controls of the form have.
+/// The optional properties of a control.
 struct ControlExtras {
-  std::array<HandlerRow, 2> handlers = {};  ///< in the order of wiring; the rest is nil
+  std::array<HandlerRow, 2> handlers = {};  ///< in the order of wiring; unused rows are empty
   std::string_view spokenName = {};         ///< for a screen reader, if its text is not enough
   TextAlignment alignment = TextAlignment::Left;  ///< of a `StaticText`
   bool multiLine = false;                         ///< of a `StaticText`
   bool ticked = false;                            ///< of a `CheckBox`
-  bool locked = false;    ///< held at left, top and right, if the window could be resized
-  float textSize = 0.0F;  ///< points; 0 for the font's own size
+  bool locked = false;                            ///< sets `LockLeft`, `LockTop` and `LockRight`
+  float textSize = 0.0F;                          ///< points; 0 for the font's own size
 };
 
-/// One control of the form: a row of the table below. Places and sizes are pixels of the window's
-/// content, also for a control inside a panel. To add a control, add its row at its place in the
-/// order of creation.
+/// One control of the form: a row of the table below. Positions and sizes are pixels relative to
+/// the window's content, even inside a panel. To add a control, add its row in the order of
+/// creation.
 struct ControlRow {
   ControlKind kind;
   std::string_view name;
@@ -51,7 +51,7 @@ struct ControlRow {
   std::int32_t width;
   std::int32_t height;
   std::int32_t tabIndex;  ///< place in the focus order, within the parent
-  std::string_view text;  ///< `Text`, `Caption` or `InitialValue`, as the kind has it
+  std::string_view text;  ///< `Text`, `Caption` or `InitialValue`, by kind
   ControlExtras extras = {};
 };
 
@@ -105,8 +105,7 @@ inline constexpr auto Rows = std::to_array<ControlRow>({
 // clang-format on
 }  // namespace detail
 
-/// The controls of the form, in the order in which they are made; a later one lies above an
-/// earlier.
+/// The controls of the form in the order of creation. Later controls are drawn above earlier ones.
 inline constexpr const auto& FormTable = detail::Rows;
 
 }  // namespace veldrin

@@ -9,7 +9,7 @@ constexpr double OneDay = 86400.0;
 }  // namespace
 
 void Veldrin::UpdateStatus() {
-  // The chooser's "Open" comes before the window's own, and with it an update before any day.
+  // The chooser's "Open" precedes the window's and updates the status before any date is set.
   if (!statusDate || statusDate->Operator_Compare(nullptr) == 0) {
     statusDate = newDate();
     statusDate->Constructor();

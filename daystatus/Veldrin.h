@@ -16,37 +16,37 @@ namespace veldrin {
 
 class TextOutputStream;
 
-/// The main window, and with it the whole of the program's logic. The controls are the live source
-/// of every input: they are read by name at the moment they are needed, and nothing is cached. The
-/// folders `solar`, `civiltime`, `calendar` and `ui` define the methods that are their own.
+/// The main window and the whole logic of the program. Each method reads its inputs from the
+/// controls when it needs them; nothing is cached. Methods are implemented in `daystatus`,
+/// `calendar` and `ui`.
 ///
-/// Signs at the surface: latitude positive north, longitude positive east, zone in hours positive
-/// east of Greenwich and without daylight saving. A time of day is a double that counts hours since
-/// local midnight; a negative one means that the event does not exist.
+/// Latitude is positive north, longitude positive east. A time zone is in hours, positive east of
+/// Greenwich, without daylight saving. A time of day is a double in hours since local midnight; a
+/// negative value means that there is no such event.
 class Veldrin final : public Described<Veldrin, Window> {
  public:
   static constexpr FixedString FullName = "Veldrin.Veldrin";
   static void fillTable(ClassTable<Veldrin>& table);
 
-  /// Gives up `statusDate`.
+  /// Releases `statusDate`.
   void __Exit() { statusDate = nullptr; }
 
   double Rads = 0.0;   ///< degrees to radians
-  double Degs = 0.0;   ///< radians to degrees; read by nothing
-  double mjd0 = 0.0;   ///< whole Modified Julian Date of the day being worked on
-  double TwoPi = 0.0;  ///< the full circle; read by nothing
+  double Degs = 0.0;   ///< radians to degrees; unused
+  double mjd0 = 0.0;   ///< whole Modified Julian Date of the current computation
+  double TwoPi = 0.0;  ///< 2 pi; unused
   double Pi = 0.0;
   Ref<Date> statusDate;  ///< the day shown in the status panel
 
   // ui: the form
 
-  /// The handler of "Layout": the window's own properties.
+  /// The handler of "Layout": sets the window's properties.
   void Layout();
   /// The handler of "CreateControls": makes the controls of the form.
   void CreateControls();
   void _CreateControls0();
 
-  // The controls that the logic reads and writes; `control<"Name">(window)` gives any of the form.
+  // The controls that the logic uses; `control<"Name">(window)` returns any control of the form.
 
   [[nodiscard]] Ref<StaticText> Status() const { return control<StaticText>("Status"_s); }
   [[nodiscard]] Ref<PushButton> BackOneDay() const { return control<PushButton>("BackOneDay"_s); }
@@ -67,19 +67,21 @@ class Veldrin final : public Described<Veldrin, Window> {
   [[nodiscard]] Ref<TextField> TimeZone() const { return control<TextField>("TimeZone"_s); }
   [[nodiscard]] Ref<TextField> Longitude() const { return control<TextField>("Longitude"_s); }
 
-  // The handlers of the controls' events. Those of the day's panel recompute the status.
+  // The handlers of the controls' events. Those of the status panel recompute the status.
 
-  /// One day back, then the status. Raises `NilObjectException` while there is no `statusDate`.
+  /// Moves to the previous day and updates the status. Raises `NilObjectException` if `statusDate`
+  /// is nil.
   void BackOneDay_Action();
-  /// One day forward, likewise.
+  /// Moves to the next day and updates the status. Raises as `BackOneDay_Action`.
   void ForwardOneDay_Action();
   /// calendar: asks for a file and writes the calendar of the year in `WhichYear` into it, from
-  /// January 2 to December 31. Raises `IOException` where a line cannot be written; a file that
-  /// cannot be made is told in a message box and nothing more.
+  /// January 2 to December 31. Raises `IOException` if a line cannot be written. Shows only a
+  /// message box if the file cannot be created.
   void GenerateButton_Action();
-  /// ui: brings the chooser to the present year, if it has it, and writes that year's bounds.
+  /// ui: selects the current year if the chooser has it, and writes the default daylight-saving
+  /// dates of that year.
   void WhichYear_Open();
-  /// ui: the bounds of the chosen year, then the status.
+  /// ui: writes the default daylight-saving dates of the chosen year, then updates the status.
   void WhichYear_Change();
   void DownUnderFlag_Action() { UpdateStatus(); }
   void DaylightSavings_Action() { UpdateStatus(); }
@@ -87,7 +89,7 @@ class Veldrin final : public Described<Veldrin, Window> {
   void TimeZone_LostFocus() { UpdateStatus(); }
   void Longitude_LostFocus() { UpdateStatus(); }
 
-  // ui: the items of the menu bar. Each raises `NilObjectException` while the window has no bar.
+  // ui: the items of the menu bar. Each raises `NilObjectException` if the window has no menu bar.
 
   [[nodiscard]] Ref<MenuItem> EditMenu() const { return menuItem<MenuItem>("EditMenu"_s); }
   [[nodiscard]] Ref<MenuItem> EditSelectAll() const {
@@ -107,22 +109,22 @@ class Veldrin final : public Described<Veldrin, Window> {
   [[nodiscard]] Ref<MenuItem> FileMenu() const { return menuItem<MenuItem>("FileMenu"_s); }
   [[nodiscard]] Ref<QuitMenuItem> FileQuit() const { return menuItem<QuitMenuItem>("FileQuit"_s); }
 
-  /// The handler of the window's "Open": the numeric properties, the bounds of the present year,
-  /// the default time zone, the day of the panel and the first status.
+  /// The handler of the window's "Open": sets the numeric properties, the daylight-saving dates of
+  /// the current year, the time zone and the status date, then updates the status.
   void Event_Open();
 
   // solar
 
-  /// The times of sunrise and sunset of a day at a place, -1.0 for an event that the day does not
-  /// have. They are clock times of `zone` with daylight saving already in them. The day searched is
-  /// the Greenwich day of the date, so far from Greenwich the two may belong to neighbouring local
-  /// days. Degrees north and east; any number is taken as it is. Raises `NilObjectException` for a
-  /// nil day. Three-point interpolation by the hour: O. Montenbruck and T. Pfleger, Astronomy on
-  /// the Personal Computer, on sunrise and sunset.
+  /// Sunrise and sunset of a day at a place, as clock times of `zone` with daylight saving; -1.0 if
+  /// the day has no such event. The search covers the UTC day of the date, so far from Greenwich
+  /// the two may belong to neighbouring local days. Coordinates in degrees, north and east
+  /// positive, not checked. Raises `NilObjectException` for a nil day. Three-point interpolation by
+  /// the hour: O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer, on sunrise and
+  /// sunset.
   void DoVeldrin(double latitude, double longitude, const Ref<Date>& day, double zone,
                  double& riseTime, double& setTime);
-  /// The parabola through three values at -1, 0 and +1: its vertex, and how many of its roots lie
-  /// from -1 to +1. One root inside is always in `z1`; with none, `z1` and `z2` may be untouched.
+  /// The parabola through three values at -1, 0 and +1: its vertex and the number of its roots from
+  /// -1 to +1. A single root is in `z1`; without roots, `z1` and `z2` may be unchanged.
   void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
                     std::int32_t& nz);
   /// The Modified Julian Date of a calendar date at an hour; Julian up to 1582-10-04. Integer steps
@@ -145,22 +147,21 @@ class Veldrin final : public Described<Veldrin, Window> {
 
   // civiltime
 
-  /// A time of day as people read it, "06:30", or "N/A" for a negative one. Rounded to the minute;
-  /// nothing wraps at 24.
+  /// A time of day for display: "06:30", or "N/A" if negative. Rounds to the minute; does not wrap
+  /// at 24.
   String HHMMFormat(double x);
-  /// Writes the default bounds of a year into `DSTStart` and `DSTEnd`: the second Sunday of March
-  /// and the first of November, in every year.
+  /// Writes the default daylight-saving dates of a year into `DSTStart` and `DSTEnd`: the second
+  /// Sunday of March and the first of November, in every year.
   void SetDaylightSavingsBounds(std::int32_t year);
-  /// Moves a time of day on by the hour of daylight saving, if that is switched on and the date
-  /// falls under it. The date does not change.
+  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and holds at
+  /// the date. Does not change the date.
   void DoDaylightSavings(const Ref<Date>& d, double& t);
-  /// daystatus: recomputes the status panel from what stands in the controls.
+  /// daystatus: recomputes the status panel from the controls.
   void UpdateStatus();
   /// A time of day as six digits, "063000", or "000000" for a negative one.
   String HHMMZZ(double x);
-  /// Whether daylight saving holds at a date: from the first bound, included, to the second, and
-  /// outside of that where `DownUnderFlag` is on. A bound that is no date leaves every date
-  /// outside.
+  /// Whether daylight saving holds at a date: from the first date (included) to the second, or
+  /// outside this period if `DownUnderFlag` is on. If a field is not a date, the period is empty.
   bool IsDaylightSavingsTime(const Ref<Date>& d);
   /// The date in the host's short form. Raises `NilObjectException` for nil.
   String ShortDate(const Ref<Date>& d);
@@ -183,7 +184,7 @@ class Veldrin final : public Described<Veldrin, Window> {
 };
 
 namespace implicit {
-/// The window's one instance, made now if it does not stand yet.
+/// The only instance of the window, made on first use.
 Ref<veldrin::Veldrin> Veldrin();
 }  // namespace implicit
 

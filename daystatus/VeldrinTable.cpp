@@ -8,7 +8,7 @@
 namespace veldrin {
 namespace {
 
-/// A control is a method of the window that takes the control's own name.
+/// Adds each control as a method of the window with the control's name.
 template <class T>
 Ref<T> controlOf(Object* window, const String& name) {
   return RuntimeWindowControlByName<T>(static_cast<Window&>(*window), name);

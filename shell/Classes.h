@@ -2,7 +2,8 @@
 
 namespace veldrin {
 
-/// Builds every class of the shell, each behind those that it needs, `DragItem` and `Window` first.
+/// Builds the class tables of the framework, each class after its base, `DragItem` and `Window`
+/// first.
 void initializeShellClasses();
 
 }  // namespace veldrin

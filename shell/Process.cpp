@@ -12,12 +12,11 @@
 namespace veldrin {
 namespace {
 
-/// The state of the process that runs. `_Startup` is called as a bare function, so it finds the
-/// state here.
+/// The state of the running process, global because `_Startup` takes no argument.
 struct ProcessState {
   const ApplicationParts* parts;
-  Function startup = nullptr;  ///< what runs once, before the event loop
-  bool hasFailed = false;      ///< by something other than an exception object
+  Function startup = nullptr;  ///< called once, before the event loop
+  bool hasFailed = false;      ///< by an error that is not a framework exception
 };
 ProcessState* process = nullptr;
 
@@ -25,7 +24,7 @@ const ApplicationParts& parts() {
   return *process->parts;
 }
 
-/// Registers the classes that live in the runtime itself: those of the failures.
+/// Registers the exception classes.
 void _RuntimeInitExternalClasses() {
   buildExceptionClasses();
 }
@@ -40,28 +39,29 @@ void _NewAppInstance() {
   _RuntimeRegisterAppObject(application);
 }
 
-/// There are none: no item of the menus has a handler of the application's own.
+/// Empty, because the application handles no menu item. The framework's conventions ask for the
+/// step.
 void _ApplicationAddMenuHandlers() {}
 
 void _MakeDefaultView() {
   parts().makeView();
 }
 
-/// Takes the start-up function, which runs once before the event loop handles anything.
+/// Stores the start-up function for `_RuntimeRun`.
 void _RunFrameworkInitialization(Function startup) {
   process->startup = startup;
 }
 
-/// Ends the application for the system. False where somebody has refused that.
-bool endsForTheSystem() {
+/// Ends the application after a stop signal. Returns false if the application or a window refuses.
+bool endAfterStopSignal() {
   if (InForce<Session>::get().endApplication()) return true;
   dismissStop();
   return false;
 }
 
-/// Runs the event loop once. True where the application has ended by that: an exception that it
-/// deals with lets the loop go on, and so does a window that does not close for the system.
-bool eventLoopEnds() {
+/// Runs the event loop until it returns or throws. Returns false if it must run again: after an
+/// exception that the application handled, or a stop signal that a window refused.
+bool runEventLoop() {
   bool ends = true;
   try {
     InForce<Toolkit>::get().run();
@@ -70,22 +70,22 @@ bool eventLoopEnds() {
         stopSignal() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
     if (isStop) {
       if (!raised.exception->incompleteFile.isEmpty()) _UnhandledException(raised.exception);
-      return endsForTheSystem();
+      return endAfterStopSignal();
     }
     const Ref<Application> application = registeredApplication();
-    if (!application || !application->dealsWith(raised.exception)) throw;
+    if (!application || !application->handlesException(raised.exception)) throw;
     ends = false;
   }
-  return acceptStop() ? endsForTheSystem() : ends;
+  return acceptStop() ? endAfterStopSignal() : ends;
 }
 
-/// The start-up function, the application's "Open" and the event loop. What they raise comes out of
-/// here.
+/// Runs the start-up function, the application's "Open" and the event loop. Catches nothing of the
+/// first two.
 void _RuntimeRun() {
   if (const Function startup = std::exchange(process->startup, nullptr)) startup();
   const Ref<Application> application = registeredApplication();
   if (application) callHandler(*application, Application::Events::Open);
-  while (!eventLoopEnds()) {
+  while (!runEventLoop()) {
   }
 }
 
@@ -94,7 +94,7 @@ void reportFault(std::string_view sentence) {
   InForce<Toolkit>::get().reportFault(String(sentence));
 }
 
-/// Runs a step of the process and reports whatever it throws. True if nothing was thrown.
+/// Runs a step and reports any exception. Returns whether none was thrown.
 bool succeeds(void (*step)()) {
   try {
     step();
@@ -109,19 +109,19 @@ bool succeeds(void (*step)()) {
   return false;
 }
 
-/// The same for a report that may fail as well.
+/// As `succeeds`, but also catches an exception thrown by the report.
 bool survives(void (*step)()) {
   try {
     if (succeeds(step)) return true;
   } catch (...) {
-    // The report itself has failed, as it may without memory.
+    // The report itself failed, for lack of memory.
     process->hasFailed = true;
     InForce<Toolkit>::get().reportLost();
   }
   return false;
 }
 
-/// The start-up and the event loop, and behind them the application's "Close".
+/// Runs the start-up and the event loop, and afterwards the application's "Close".
 void _Main() {
   survives([] {
     // Only the delegate's target is needed.
@@ -135,11 +135,11 @@ void _Main() {
   });
 }
 
-/// Gives up the application and decides the exit status of the process.
+/// Releases the application and returns the exit status.
 int RuntimeExit() {
-  constexpr int OfSignals = 128;  // as shells count
+  constexpr int OfSignals = 128;  // the convention of shells
   const bool hasFailed = process->hasFailed || hasReportedFailure();
-  layDownApplication();
+  releaseApplication();
   if (stopSignal() != 0) return OfSignals + stopSignal();
   return hasFailed ? 1 : 0;
 }

@@ -6,24 +6,22 @@
 
 namespace veldrin {
 
-/// What the start-up and the end of a process need of the application, which stands above the
-/// shell.
+/// The callbacks of the program that the framework calls when a process starts and ends.
 struct ApplicationParts {
   void (*initialize)();       ///< `% initialize`: builds all classes in their order
-  void (*initFileTypes)();    ///< builds the file type set
-  Ref<MenuBar> (*menuBar)();  ///< the bar for the application and its window
-  void (*makeView)();         ///< makes the default view, and gives the reference up
+  void (*initFileTypes)();    ///< builds the set of file types
+  Ref<MenuBar> (*menuBar)();  ///< the menu bar of the application and its window
+  void (*makeView)();         ///< opens the default window
   void (*finalize)();         ///< `% finalize`: releases the globals
 };
 
-/// The path of a process on a machine and a toolkit, which is what `main` of both programs comes
-/// to: `RuntimeInit`, `% initialize`, `_Main`, `% finalize`, `RuntimeExit`. Its result is the exit
-/// status: 0; 1 after an exception that nothing caught, which has been reported by then; 128 and
-/// the number of the signal where the system has asked the process to end. Every exception counts,
-/// those of the library as well; whichever step fails, the steps of the end run.
+/// Runs a process from start to end: `RuntimeInit`, `% initialize`, `_Main`, `% finalize`,
+/// `RuntimeExit`. Returns the exit status: 0; 1 after an uncaught exception of any type, which it
+/// has reported; 128 plus the signal number after a stop signal. `% finalize` and `RuntimeExit` run
+/// even if an earlier step fails.
 int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts);
 
-/// The six steps of the start-up, in order. They catch nothing.
+/// Runs the six steps of the start-up. Catches nothing.
 void _Startup();
 
 }  // namespace veldrin

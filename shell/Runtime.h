@@ -8,11 +8,11 @@
 
 namespace veldrin {
 
-/// Takes up the rooms of the shell in order, which is `RuntimeInit`, and lays them down in reverse,
-/// so that nothing of one process is left to the next. There can be one at a time.
+/// `RuntimeInit`: owns the state of the framework, so that one run in a process leaves nothing to
+/// the next. Only one may exist at a time.
 class Runtime {
  public:
-  /// `host` and `toolkit` must outlive this. Throws `FatalFault` if there is another.
+  /// `host` and `toolkit` must outlive the object. Throws `FatalFault` if another `Runtime` exists.
   Runtime(Host& host, Toolkit& toolkit) : host_(host), window_(toolkit) { measureStack(); }
   Runtime(const Runtime&) = delete;
   Runtime& operator=(const Runtime&) = delete;

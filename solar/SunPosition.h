@@ -11,7 +11,7 @@ struct Equatorial {
   double dec;  ///< declination in degrees
 };
 
-/// The place of an observer, as the engine has it.
+/// The place of an observer in the engine's terms.
 struct Observer {
   double lambda;  ///< longitude in degrees, west positive
   double sphi;    ///< sine of the latitude

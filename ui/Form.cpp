@@ -13,7 +13,7 @@
 namespace veldrin {
 namespace {
 
-/// Makes the controls of one window. Every step fetches the control anew by its name.
+/// Makes the controls of one window. Every step looks the control up by its name.
 class ControlMaker {
  public:
   explicit ControlMaker(Veldrin& window) : window_(window) {}
@@ -37,7 +37,7 @@ class ControlMaker {
     const Ref<Object> made = window_.__New(T::__Lookup());
     CheckCast<RectControl>(made)->Constructor();
     window_._AddControl(name, made);
-    // Streams have no encoding for the types of these two.
+    // Streams cannot hold the types of these two properties.
     if constexpr (requires { &T::TextUnit; }) {
       const float size = FormTable[row].extras.textSize;
       if (size != 0.0F) control<T>(name)->TextSize(size);

@@ -11,7 +11,7 @@
 namespace veldrin {
 namespace {
 
-/// Puts entries one behind the other.
+/// Appends entries to a stream.
 class StreamComposer {
  public:
   constexpr void integer(std::string_view key, std::int32_t value) {
@@ -76,7 +76,7 @@ constexpr StreamComposer windowStream() {
   return stream;
 }
 
-/// What all controls begin with.
+/// The first entries of every control.
 constexpr void placeEntries(StreamComposer& stream, const ControlRow& row) {
   stream.text("Name", row.name);
   stream.integer("Index", Control::NoArray);
@@ -145,7 +145,7 @@ constexpr void popupMenuEntries(StreamComposer& stream, const ControlRow& row) {
   stream.boolean("TabStop", true);
   stream.boolean("Enabled", true);
   stream.text("InitialValue", row.text);
-  stream.integer("ListIndex", 0);  // behind the rows, which it selects one of
+  stream.integer("ListIndex", 0);  // after the rows, because it selects one of them
   helpEntries(stream);
   typeEntries(stream);
   dataEntries(stream);
@@ -212,7 +212,7 @@ constexpr StreamComposer controlStream(const ControlRow& row) {
   return stream;
 }
 
-/// The stream of a row of the form's table; that of the row behind the last is the window's.
+/// The stream of a row of the form's table, or the window's stream for the row after the last.
 template <std::size_t Row>
 constexpr StreamComposer composed() {
   if constexpr (Row == FormTable.size()) {

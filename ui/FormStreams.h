@@ -6,10 +6,9 @@
 
 namespace veldrin {
 
-// The property streams of the form, composed by the compiler from the table of the form. A stream
+// The property streams of the form, built at compile time from the form's table. A stream
 // has no header, no count and no end mark; the key is ASCII, and the type of its property says how
-// long the value is. The bytes are values and no text, whatever their constant's encoding word
-// says.
+// long the value is. The bytes are not text; ignore the encoding of their constant.
 //
 //   stream  = entry*
 //   entry   = key blank value
@@ -18,9 +17,9 @@ namespace veldrin {
 //   integer = 4 bytes, big-endian
 //   boolean = 1 byte, 0 or 1
 //   colour  = 3 bytes, red green blue
-//   text    = integer, then as many bytes as it says
+//   text    = integer (the length in bytes), bytes
 
-/// The streams of the controls in the order of the form's table, and behind them the window's.
+/// The streams of the controls in the order of the form's table, followed by the window's stream.
 extern const std::array<StringConstant, FormTable.size() + 1> FormStreams;
 
 /// The window's own stream.

@@ -25,7 +25,8 @@ constexpr ItemRow FileItems[] = {
     {quitItem, "FileQuit"_s, "&Quit"_s, "Cmd+Q"_s},
 };
 
-// The separators stand in crossed order, and EditClear reads "Delete": the names are the system's.
+// Separator 1 deliberately precedes separator 0, and EditClear shows "Delete": the framework fixes
+// the names.
 constexpr ItemRow EditItems[] = {
     {item, "EditUndo"_s, "&Undo"_s, "Cmd+Z"_s},
     {item, "UntitledMenu1"_s, "-"_s, std::nullopt},

@@ -4,8 +4,8 @@
 
 namespace veldrin {
 
-/// The one menu bar, shared by the application and the window: File and Edit. The program adds no
-/// command of its own; what the items do comes from their classes and names.
+/// The menu bar of the application and the window: File and Edit. Veldrin adds no command of its
+/// own; an item's class or name selects a standard command.
 class MenuBar1 final : public Described<MenuBar1, MenuBar> {
  public:
   static constexpr FixedString FullName = "MenuBar1.MenuBar1";
@@ -18,12 +18,12 @@ class MenuBar1 final : public Described<MenuBar1, MenuBar> {
   /// Builds Edit.
   void Untitled1();
 
-  /// The singleton's global, an owning reference; empty until the first use.
+  /// The only instance; nil until its first use.
   static inline Ref<MenuBar1> _implicitInstance;
 };
 
 namespace implicit {
-/// The one bar, made now if it does not stand yet.
+/// The only menu bar, made on first use.
 Ref<veldrin::MenuBar1> MenuBar1();
 }  // namespace implicit
 

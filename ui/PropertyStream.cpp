@@ -11,14 +11,14 @@
 namespace veldrin {
 namespace {
 
-/// One cursor over a stream; every read is bounded, and one that is not throws a fault.
+/// A cursor over a stream. A read past the end throws `StreamFault`.
 class Cursor {
  public:
   explicit Cursor(std::string_view stream) : stream_(stream) {}
 
   [[nodiscard]] bool atEnd() const { return offset_ == stream_.size(); }
 
-  /// The bytes up to the next blank, which is passed over.
+  /// Reads up to the next blank and skips the blank.
   std::string_view key() {
     keyOffset_ = offset_;
     const std::size_t blank = stream_.find(' ', offset_);
@@ -49,7 +49,7 @@ class Cursor {
     return value == 1;
   }
 
-  /// The fault that there is no such property, or none that a stream can set.
+  /// The fault for an unknown property or one that a stream cannot set.
   [[noreturn]] void failKey(const char* what) const { fail(keyOffset_, what); }
 
  private:
@@ -83,7 +83,7 @@ Variant readValue(Cursor& cursor, const PropertyRow& property) {
   cursor.failKey("a property of a type that streams do not have");
 }
 
-/// The name of a control, else of the class.
+/// The name of a control, or of the class of any other object.
 std::string nameOf(const Object& object) {
   if (RuntimeObjectIsa(&object, Control::__Lookup())) {
     const String name = static_cast<const Control&>(object).Name;

@@ -9,10 +9,10 @@
 
 namespace veldrin {
 
-/// What is wrong with a stream, and where.
+/// A fault in a stream.
 struct StreamFault {
-  std::string key;  ///< of the entry at fault, its beginning, with "?" for what is not plain ASCII
-  std::size_t offset;  ///< of the first byte that does not fit, from the stream's start
+  std::string key;     ///< start of the faulty entry's key, "?" for each byte not printable
+  std::size_t offset;  ///< of the first faulty byte, from the stream's start
   std::string what;
 };
 
@@ -22,23 +22,22 @@ struct StreamEntry {
   Variant value;
 };
 
-/// A stream taken apart: all its entries, or the first fault and the entries before it.
+/// A parsed stream: all its entries, or the first fault and the entries before it.
 struct StreamContents {
   std::vector<StreamEntry> entries;
   std::optional<StreamFault> fault;
 };
 
-/// Takes a stream apart for objects of a class. The type of a value follows from its key alone, by
-/// the class's table. No read leaves the stream, whatever it holds.
+/// Parses a stream for objects of a class. The class table gives the type of each key's value.
+/// Never reads beyond the stream.
 StreamContents readPropertyStream(const ClassRecord& record, std::string_view stream);
 
-/// Applies a stream to an object, entry by entry, through the setters of its class. Nothing is
-/// applied of a stream with a fault: it was made together with the class, so a fault is one of the
-/// build. Throws `FatalFault`, which names the object, the key and the offset; what a setter raises
-/// passes through.
+/// Applies a stream to an object through the setters of its class. Throws `FatalFault`, which names
+/// the object, the key and the offset, if the stream has a fault; then nothing is applied. Raises
+/// what a setter raises.
 void RuntimeMassPropertySetter(const Ref<Object>& object, const String& stream);
 
-/// Hands on to `RuntimeMassPropertySetter`.
+/// Calls `RuntimeMassPropertySetter`.
 void _SetProperties(const Ref<Object>& object, const String& stream);
 
 }  // namespace veldrin

@@ -10,7 +10,7 @@ void Veldrin::WhichYear_Open() {
   today->Constructor();
   for (std::int32_t row = 0; row <= WhichYear()->ListCount() - 1; ++row) {
     if (Val(WhichYear()->List(row)) == RuntimeCvtSInt32ToReal64(today->Year())) {
-      // Another row raises "Change", which writes the bounds; the row that was selected does not.
+      // Selecting another row raises "Change", which writes the dates; the selected row does not.
       WhichYear()->ListIndex(row);
       SetDaylightSavingsBounds(today->Year());
       return;

@@ -15,12 +15,12 @@ namespace {
 
 using std::filesystem::path;
 
-constexpr mode_t ReadAndWrite = 0666;  // less what the user's mask takes away
+constexpr mode_t ReadAndWrite = 0666;  // minus the umask
 constexpr mode_t Permissions = 0777;
 
-/// Where the links at the end of a path lead, whether something lies there or not.
-path behindLinks(path place) {
-  constexpr int MostLinks = 40;  // the system's own bound
+/// The path after following the symbolic links at its end. The target need not exist.
+path linkTarget(path place) {
+  constexpr int MostLinks = 40;  // the limit of the OS
   std::error_code error;
   for (int link = 0; link < MostLinks && std::filesystem::is_symlink(place, error); ++link) {
     place = place.parent_path() / std::filesystem::read_symlink(place, error);
@@ -28,15 +28,15 @@ path behindLinks(path place) {
   return place;
 }
 
-/// A new file in the folder of the target, removed at the end unless it has replaced the target.
+/// A new file in the folder of the target. The destructor removes it unless it replaced the target.
 class TemporaryFile {
  public:
-  /// Tells by `error()` where it could not be made. `old` is the file whose place it is to take.
+  /// `old` describes the existing target, if any. A failure is reported by `replaceWith`.
   TemporaryFile(const path& target, const std::optional<struct stat>& old) : target_(target) {
     mode_t mode = old ? old->st_mode & Permissions : ReadAndWrite;
     int descriptor = -1;
     for (int count = 0; descriptor < 0; ++count) {
-      // Short, since the longest name that the folder takes may be that of the target.
+      // Not derived from the target's name, which may already have the greatest allowed length.
       name_ = target.parent_path() /
               (".veldrin-" + std::to_string(::getpid()) + "-" + std::to_string(count));
       descriptor = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
@@ -48,9 +48,9 @@ class TemporaryFile {
     file_ = openDescriptor(descriptor);
     if (!old) return;
     descriptor_ = descriptor;
-    // Only the superuser may change an owner, and a user only to a group of their own; what the old
-    // group was allowed is not for another. The mode is set last, since a new owner takes some
-    // away.
+    // Only the superuser may change the owner, and a user may set only a group of which the user is
+    // a member. If the group changes, it loses the old group's permissions. The mode is set last,
+    // because fchown clears some of its bits.
     constexpr auto AsItIs = static_cast<uid_t>(-1);
     const bool keepsGroup = ::fchown(descriptor, old->st_uid, old->st_gid) == 0 ||
                             ::fchown(descriptor, AsItIs, old->st_gid) == 0;
@@ -63,7 +63,7 @@ class TemporaryFile {
     if (file_ && !tookPlace_) ::unlink(name_.c_str());
   }
 
-  /// Writes the text and takes the place of the target.
+  /// Writes the text and renames the file to the target. Returns 0 or the first error number.
   std::int32_t replaceWith(std::string_view text) {
     if (error_ == 0) error_ = file_->write(text, {});
     // An older file must not be lost by a power cut: the new one is on the disk before it takes its
@@ -97,7 +97,7 @@ class TemporaryFile {
   bool tookPlace_ = false;
 };
 
-/// The descriptor of the standard output or of the errors that this very file stands behind, or -1.
+/// The descriptor of standard output or standard error if it is open on this file, else -1.
 int standardDescriptorOf(const struct stat& file) {
   for (const int descriptor : {STDOUT_FILENO, STDERR_FILENO}) {
     struct stat open {};
@@ -123,20 +123,20 @@ std::int32_t replaceFile(const std::string& path, std::string_view text) {
   struct stat found {};
   std::optional<struct stat> old;
   if (::stat(path.c_str(), &found) == 0) {
-    // A deleted file that a name in /proc still leads to has no name that could be replaced.
+    // A deleted file can still be reached through /proc, but has no name to replace.
     const bool hasName = S_ISREG(found.st_mode) && found.st_nlink > 0;
     if (!hasName) return writeThrough(*FolderItem::atPath(String(path)), text);
-    // What a shell has sent there as well would be lost with a file that is replaced.
+    // Replacing the file would lose other output that the shell redirects to it.
     if (const int descriptor = standardDescriptorOf(found); descriptor >= 0) {
       return writeTo(*openDescriptor(::dup(descriptor)), text);
     }
-    // A rename would replace a read-only file too; it is refused as an ordinary write is.
+    // A rename would also replace a read-only file; refuse it, as an ordinary write does.
     if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) return errno;
     old = found;
   } else if (errno != ENOENT) {
     return errno;
   }
-  return TemporaryFile(behindLinks(path), old).replaceWith(text);
+  return TemporaryFile(linkTarget(path), old).replaceWith(text);
 }
 
 }  // namespace veldrin

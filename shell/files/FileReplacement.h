@@ -8,17 +8,17 @@
 
 namespace veldrin {
 
-/// Writes a whole text to the item as it stands and closes it: what was in a file is lost first.
-/// Returns 0, or the error number of the host.
+/// Overwrites the item with the text, in place. If writing fails, the old content of a file is
+/// lost. Returns 0, or the error number of the OS.
 std::int32_t writeThrough(FolderItem& item, std::string_view text);
 
-/// Makes the text the content of the file at the path, or leaves that as it was: the text goes into
-/// a new file beside it, which takes its place when it is whole and on the disk. After a power cut
-/// the path holds the old text or the new one, whole. A symbolic link is followed and
-/// stays; of a file that is there already the mode stays, and the owner where the system allows it.
-/// A second name of it (a hard link) keeps the old text. The folder has to be writable. Anything
-/// else is written through: a device, a pipe, a file that the standard output goes to. Returns 0,
-/// or the error number of the host.
+/// Replaces the content of the file at the path, or leaves the file unchanged if that fails. Writes
+/// the text to a new file in the same folder, which must be writable, and renames it. A new file
+/// that replaces one is on the disk first: after a power cut the path holds the old text or the new
+/// one, whole. Symbolic links are followed and kept. An existing file keeps its mode, and its owner
+/// if the OS allows it; another hard link to it keeps the old text. A device, a pipe and the file
+/// behind standard output or standard error are overwritten in place instead. Returns 0, or the
+/// error number of the OS.
 std::int32_t replaceFile(const std::string& path, std::string_view text);
 
 }  // namespace veldrin

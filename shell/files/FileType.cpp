@@ -10,7 +10,7 @@
 namespace veldrin {
 namespace {
 
-/// In the order in which they were registered; nothing while the room is laid down.
+/// In the order of registration; nothing without a `Runtime`.
 std::optional<std::vector<RegisteredFileType>> registeredTypes;
 
 std::vector<RegisteredFileType>& typesOfRoom() {
@@ -90,7 +90,7 @@ String FileType::Operator_Convert() {
 }
 
 void FileType::Register() {
-  // A type may have outlived the runtime that knew it.
+  // The type may have outlived the `Runtime` with which it registered.
   const auto& known = typesOfRoom();
   mRegistered =
       mRegistered && std::ranges::find(known, this, &RegisteredFileType::owner) != known.end();
@@ -126,12 +126,12 @@ const RegisteredFileType* findRegisteredFileType(const String& name) {
   return found == types.end() ? nullptr : &*found;
 }
 
-void takeUpFileTypes() {
+void createFileTypes() {
   if (registeredTypes) throw FatalFault("There is a runtime already.");
   registeredTypes.emplace();
 }
 
-void layDownFileTypes() {
+void releaseFileTypes() {
   registeredTypes.reset();
 }
 

@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// A kind of file that a dialog can offer. It is registered with the framework when it is first
-/// used as a filter, and again after a change. It may outlive the runtime.
+/// A kind of file that a dialog can offer. It registers itself with the framework on its first use
+/// as a filter, and on the first use after a change. It may outlive the `Runtime`.
 class FileType final : public Described<FileType, Object> {
  public:
   static constexpr FixedString FullName = "FileType";
@@ -15,11 +15,11 @@ class FileType final : public Described<FileType, Object> {
 
   void Destructor() { Deregister(); }
 
-  // Each write deregisters the type, so that a later use registers the new values.
+  // Each write deregisters the type, so that the next use registers the new values.
 
   [[nodiscard]] String Extensions() const { return mExtension; }
   void Extensions(String extensions);
-  /// The picture of the type; there are none in this system, so it is nil.
+  /// Always nil. It exists because the framework's conventions ask for it; nothing calls it.
   [[nodiscard]] Ref<Object> Icon() const { return nullptr; }
   [[nodiscard]] String MacCreator() const { return mMacCreator; }
   void MacCreator(String creator);
@@ -37,9 +37,9 @@ class FileType final : public Described<FileType, Object> {
   /// The filter of this type alone: its name, after registering it.
   String Operator_Convert();
 
-  /// Makes the type known to the dialogs, once. Throws `FatalFault` without a runtime.
+  /// Registers the type unless it is registered. Throws `FatalFault` without a `Runtime`.
   void Register();
-  /// Takes it away again, if it is registered.
+  /// Removes the type from the registry if it is registered.
   void Deregister();
 
  private:
@@ -52,8 +52,7 @@ class FileType final : public Described<FileType, Object> {
   bool mRegistered = false;
 };
 
-/// What the framework knows of a registered type. An empty `extensions` says that the type declares
-/// none: the name of the file has its own.
+/// A registered type. If `extensions` is empty, a dialog adds no extension to a file name.
 struct RegisteredFileType {
   const FileType* owner;
   String name;
@@ -62,24 +61,23 @@ struct RegisteredFileType {
   String extensions;
 };
 
-/// Makes a type known under its name, for the dialogs that get that name as a filter. `owner` tells
-/// types of one name apart.
+/// Registers a type under its name, which dialogs accept as a filter. `owner` distinguishes types
+/// of the same name. Throws `FatalFault` without a `Runtime`.
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
                              const String& extensions, const FileType* owner);
 
-/// Takes away what the owner has registered, whatever its name has been since. Does nothing without
-/// a runtime, since a type may outlive it.
+/// Removes all that the owner has registered, under any name. Does nothing without a `Runtime`.
 void RuntimeDeregisterFileType(const String& name, const FileType* owner);
 
-/// The registered types in the order of their registering. Throws `FatalFault` without a runtime.
+/// The types in the order of registration. Throws `FatalFault` without a `Runtime`.
 const std::vector<RegisteredFileType>& registeredFileTypes();
 
-/// The type of that name that was registered first, or nil.
+/// The first registered type of that name, or nullptr. Throws `FatalFault` without a `Runtime`.
 const RegisteredFileType* findRegisteredFileType(const String& name);
 
-/// Readies the registry, empty. Throws `FatalFault` if it is up already.
-void takeUpFileTypes();
-/// Forgets every registered type.
-void layDownFileTypes();
+/// Creates the empty registry. Throws `FatalFault` if it exists.
+void createFileTypes();
+/// Destroys the registry.
+void releaseFileTypes();
 
 }  // namespace veldrin

@@ -9,11 +9,11 @@ namespace veldrin {
 FilesRoom::FilesRoom() {
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
-  takeUpFileTypes();
+  createFileTypes();
 }
 
 FilesRoom::~FilesRoom() {
-  layDownFileTypes();
+  releaseFileTypes();
 }
 
 }  // namespace veldrin

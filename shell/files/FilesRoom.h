@@ -2,9 +2,9 @@
 
 namespace veldrin {
 
-/// Takes up the state of this room: no file type is registered. From here on a write that the OS
-/// refuses (past a limit on the size of files, into a pipe that nothing reads) is an error of that
-/// write and does not end the process. At its end every file type is forgotten.
+/// Owns the registry of file types. The constructor also ignores SIGXFSZ and SIGPIPE: a write
+/// beyond the file size limit or to a pipe without a reader then fails instead of ending the
+/// process.
 class FilesRoom {
  public:
   FilesRoom();

@@ -27,7 +27,7 @@ class SystemFile final : public WritableFile {
   ~SystemFile() override { close(); }
 
   std::int32_t write(std::string_view text, std::string_view end) override {
-    // One piece is cheaper for the system than two, and a line of the calendar is short.
+    // Copying a short line costs less than passing two pieces to the OS.
     std::array<char, 256> line;
     if (text.size() + end.size() <= line.size()) {
       if (!text.empty()) std::memcpy(line.data(), text.data(), text.size());
@@ -39,7 +39,7 @@ class SystemFile final : public WritableFile {
 
   std::int32_t close() final {
     const int closed = std::exchange(descriptor_, -1);
-    // After an interrupt the descriptor is closed as well.
+    // On EINTR the descriptor is closed too.
     return closed < 0 || ::close(closed) == 0 || errno == EINTR ? 0 : errno;
   }
 
@@ -58,8 +58,8 @@ class SystemFile final : public WritableFile {
     return 0;
   }
 
-  /// After a write that failed because the descriptor does not block and its reader is behind:
-  /// waits for the reader. What may go wrong meanwhile is for the next write to tell.
+  /// After a failed write to a full nonblocking descriptor: waits until it is writable and returns
+  /// true. Ignores errors of poll(), because the next write reports them.
   [[nodiscard]] bool waited() const {
     if (errno != EAGAIN && errno != EWOULDBLOCK) return false;
     pollfd writable{descriptor_, POLLOUT, 0};
@@ -68,7 +68,7 @@ class SystemFile final : public WritableFile {
   }
 
   static iovec partOf(std::string_view text) {
-    // The system reads the bytes only, but its structure serves reading from a file as well.
+    // writev() only reads the bytes, but `iovec` also serves readv().
     return {const_cast<char*>(text.data()), text.size()};
   }
 
@@ -93,15 +93,15 @@ String FolderItem::AbsolutePath() const {
 }
 
 std::unique_ptr<WritableFile> FolderItem::create() {
-  constexpr mode_t ReadAndWrite = 0666;  // less what the user's mask takes away
+  constexpr mode_t ReadAndWrite = 0666;  // minus the umask
   const std::string path(path_.view());
   LastErrorCode = 0;
-  // The system would stop at a zero byte and open another file.
+  // The OS would cut the path at the zero byte and open another file.
   if (path.find('\0') != std::string::npos) {
     LastErrorCode = EINVAL;
     return nullptr;
   }
-  // A pipe that nobody reads would hold the window up until somebody does.
+  // Without O_NONBLOCK, opening a pipe without a reader would block the window.
   constexpr int AtOnce = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   int descriptor = -1;
   do {
@@ -111,7 +111,7 @@ std::unique_ptr<WritableFile> FolderItem::create() {
     LastErrorCode = errno;
     return nullptr;
   }
-  ::fcntl(descriptor, F_SETFL, 0);  // to be written to at the pace of its reader all the same
+  ::fcntl(descriptor, F_SETFL, 0);  // writes do wait for a slow reader
   return openDescriptor(descriptor);
 }
 

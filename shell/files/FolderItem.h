@@ -16,42 +16,42 @@ class WritableFile {
   /// Closes the file.
   virtual ~WritableFile() = default;
 
-  /// Hands both texts, one behind the other, to the system at once. Returns 0, or the error number
-  /// of the host, with all that came before in the file.
+  /// Writes `text` and then `end`, unbuffered, in one call to the OS if possible. Returns 0, or the
+  /// error number of the OS; all earlier writes are in the file then.
   virtual std::int32_t write(std::string_view text, std::string_view end) = 0;
 
-  /// Closes the file ahead of its end, for what only then comes out. Returns as `write` does;
-  /// nothing may be written afterwards.
+  /// Closes now, to report errors that only closing reveals. Returns 0 or the error number of the
+  /// OS. Do not write afterwards.
   virtual std::int32_t close() { return 0; }
 
  protected:
   WritableFile() = default;
 };
 
-/// A place in the file system, whether something lies there or not.
+/// A path in the file system. Nothing needs to exist there.
 class FolderItem : public Described<FolderItem, Object> {
  public:
   static constexpr FixedString FullName = "FolderItem";
   static void fillTable(ClassTable<FolderItem>& table);
 
-  /// The whole path, for a person to read.
+  /// The absolute path, for display.
   [[nodiscard]] virtual String AbsolutePath() const;
 
-  /// What went wrong in the last operation on the item, as the host's error number; 0 for nothing.
+  /// The OS's error number of the last operation on the item, or 0.
   std::int32_t LastErrorCode = 0;
 
-  /// Opens the item for writing: an existing file is emptied in place, with its mode and its links
-  /// kept. Nil with `LastErrorCode` set where that cannot be, and then nothing has changed.
+  /// Opens the item for writing. An existing file is emptied in place and keeps its mode and hard
+  /// links. On failure sets `LastErrorCode`, returns nullptr and changes no file.
   virtual std::unique_ptr<WritableFile> create();
 
-  /// The item of a path, absolute or from the working folder.
+  /// The item of a path, absolute or relative to the working folder.
   static Ref<FolderItem> atPath(String path);
 
  private:
   String path_;
 };
 
-/// A file of the system that is already open; closing it closes the descriptor.
+/// Wraps an open descriptor. Closing the file closes the descriptor.
 std::unique_ptr<WritableFile> openDescriptor(int descriptor);
 
 }  // namespace veldrin

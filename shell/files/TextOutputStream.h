@@ -10,44 +10,43 @@
 
 namespace veldrin {
 
-/// An open text file for writing. Each call that writes is one write to the system, so the call
-/// that fails is the line that failed, and the lines before it are in the file.
+/// A text file open for writing. Each call writes to the OS at once, without a buffer: if a call
+/// fails, all earlier lines are in the file.
 class TextOutputStream final : public Described<TextOutputStream, Object> {
  public:
   static constexpr FixedString FullName = "TextOutputStream";
   static void fillTable(ClassTable<TextOutputStream>& table);
 
-  /// A new stream to a new text file at the item, in the raising mode. Raises
-  /// `NilObjectException` for nil, and `IOException` with the item's `LastErrorCode` where the file
-  /// cannot be made; it never returns nil.
+  /// Creates a text file at the item and returns a stream with `UseIOExceptions` set. Raises
+  /// `NilObjectException` for nil, and `IOException` with the item's `LastErrorCode` if the file
+  /// cannot be created.
   static Ref<TextOutputStream> Create(const Ref<FolderItem>& item);
 
-  /// Readies a stream that writes to nothing yet.
+  /// Does nothing: a new stream has no file, and writing to it fails.
   void Constructor() {}
 
-  /// Writes the text and behind it the delimiter. Raises `IOException` where the system refuses,
-  /// as `Write` does.
+  /// Writes the text and `Delimiter`. Fails as `Write` does.
   void WriteLine(const String& text);
-  /// Writes the text as it is.
+  /// Writes the text. On failure sets `LastErrorCode`, and raises `IOException` if
+  /// `UseIOExceptions`. Raises `EndException` if a stop signal interrupted the write.
   void Write(const String& text);
-  /// Closes the file; writing to it afterwards is an error of the stream.
+  /// Closes the file. Later writes fail.
   void Close() { file_.reset(); }
-  /// There is nothing to flush, since nothing is held back; raises what is still to be raised.
+  /// Raises a pending `IOException`. There is no buffer to flush.
   void Flush() const { CheckForError(); }
-  /// The host's own handle of the open file, in the form that `type` asks for. This host has none
-  /// to give away, so it is nil; raises what is still to be raised.
+  /// Always nullptr; raises a pending `IOException`. It exists because the framework's conventions
+  /// ask for it; nothing in Veldrin calls it.
   [[nodiscard]] void* Handle(std::int32_t type) const;
   /// Whether the last write failed.
   [[nodiscard]] bool WriteError() const { return lastErrorCode_ != 0; }
 
-  /// The host's number of the error of the last write, 0 for none.
+  /// The OS's error number of the last write, or 0.
   [[nodiscard]] std::int32_t LastErrorCode() const { return lastErrorCode_; }
 
-  /// Notes on an exception that it ends the writing of this file before its end, unless the stream
-  /// is closed.
+  /// If the stream is open, records in the exception that this file stays incomplete.
   void noteIncomplete(RuntimeException& exception) const;
 
-  /// What `WriteLine` puts behind a line: carriage return and line feed, RFC 5545, 3.1.
+  /// The end of a line for `WriteLine`: CR LF by RFC 5545, 3.1.
   String Delimiter = "\r\n"_s;
   bool UseIOExceptions = false;
 
@@ -57,12 +56,13 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
   void write(std::string_view text, std::string_view end);
   void CheckForError() const;
 
-  Ref<FolderItem> item_;  ///< what the stream was made for
+  Ref<FolderItem> item_;
   std::unique_ptr<WritableFile> file_;
   std::int32_t lastErrorCode_ = 0;
 };
 
-/// A stream to a text file made anew at the item, or nil with the item's `LastErrorCode` set.
+/// Creates or empties the text file at the item. On failure returns nil and sets the item's
+/// `LastErrorCode`.
 Ref<TextOutputStream> FolderItemCreateTextFile(const Ref<FolderItem>& item);
 
 }  // namespace veldrin

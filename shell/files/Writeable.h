@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// The interface of what text can be written to: `Write`, `Flush`, `WriteError`.
+/// The interface of a text output: `Write`, `Flush`, `WriteError`.
 struct Writeable : DescribedInterface<Writeable> {
   static constexpr FixedString FullName = "Writeable";
   using Operations = std::tuple<MethodShape<void, String>, MethodShape<void>, MethodShape<bool>>;

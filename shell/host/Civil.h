@@ -4,9 +4,8 @@
 
 namespace veldrin {
 
-// Civil days of the proleptic Gregorian calendar: the calendar that the Gregorian reform brought
-// in, reckoned back without end, with a year 0 before the year 1. A day is numbered by the days
-// since 1970-01-01, which is day 0; 2000-03-01 is day 11,017.
+// Civil days of the proleptic Gregorian calendar, with a year 0 before the year 1. A day number
+// counts days since 1970-01-01, which is day 0; 2000-03-01 is day 11,017.
 
 // Leap seconds are ignored.
 inline constexpr double MinutesOfHour = 60.0;
@@ -41,10 +40,10 @@ constexpr std::int32_t daysInMonth(std::int64_t year, std::int32_t month) {
   return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 
-/// The number of a day, for years up to 2^40 either way. `month` is 1 to 12; `day` may be any
-/// number and counts on from the month's first. The year is taken to begin in March, which puts the
-/// leap day last: E. G. Richards, Calendars, in the Explanatory Supplement to the Astronomical
-/// Almanac, 3rd edition, 15.11.
+/// The day number of a date in a year from -2^40 to 2^40. `month` is 1 to 12. `day` may be any
+/// number: 0 is the last day of the previous month. The computation starts the year in March, so
+/// that the leap day comes last: E. G. Richards, Calendars, in the Explanatory Supplement to the
+/// Astronomical Almanac, 3rd edition, 15.11.
 constexpr std::int64_t dayNumber(std::int64_t year, std::int32_t month, std::int64_t day) {
   const std::int64_t y = month <= 2 ? year - 1 : year;
   const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
@@ -54,7 +53,7 @@ constexpr std::int64_t dayNumber(std::int64_t year, std::int32_t month, std::int
   return era * 146097 + dayOfEra - 719468 + (day - 1);
 }
 
-/// The day of a number, the other way round.
+/// The inverse of `dayNumber`.
 constexpr CivilDay civilDay(std::int64_t number) {
   const std::int64_t shifted = number + 719468;
   const std::int64_t era = (shifted >= 0 ? shifted : shifted - 146096) / 146097;
@@ -68,19 +67,19 @@ constexpr CivilDay civilDay(std::int64_t number) {
           static_cast<std::int32_t>(dayOfYear - (153 * month + 2) / 5 + 1)};
 }
 
-/// The day of the week of a day number: 1 is Sunday, 7 Saturday.
+/// The day of the week: 1 is Sunday, 7 is Saturday.
 constexpr std::int32_t dayOfWeek(std::int64_t number) {
   const std::int64_t remainder = (number + 4) % 7;
   return static_cast<std::int32_t>(remainder < 0 ? remainder + 7 : remainder) + 1;
 }
 
-/// The place of a day in its year: 1 for January 1 to 366.
+/// The day of the year: 1 is January 1, and December 31 is 365 or 366.
 constexpr std::int32_t dayOfYear(std::int64_t number) {
   return static_cast<std::int32_t>(number - dayNumber(civilDay(number).year, 1, 1)) + 1;
 }
 
-/// The week of a day by ISO 8601, 1 to 53. Weeks begin on Monday and belong to the year of their
-/// Thursday, so that January 1 may lie in the last week of the year before.
+/// The ISO 8601 week, 1 to 53. A week begins on Monday and belongs to the year of its Thursday, so
+/// January 1 may lie in the last week of the previous year.
 constexpr std::int32_t weekOfYear(std::int64_t number) {
   const std::int32_t sinceMonday = (dayOfWeek(number) + 5) % 7;
   return (dayOfYear(number - sinceMonday + 3) - 1) / 7 + 1;

@@ -11,7 +11,7 @@ namespace {
 struct Piece {
   std::string before;
   std::string modifiers;  ///< flags and the letters E and O, as in "%-d" and "%Ey"
-  char letter;            ///< 0 behind the last conversion
+  char letter;            ///< 0 for the text after the last conversion
 };
 
 std::vector<Piece> piecesOf(std::string_view pattern) {
@@ -36,8 +36,8 @@ std::vector<Piece> piecesOf(std::string_view pattern) {
   return pieces;
 }
 
-/// The pattern with the conversions that stand for several others written out, %x and %X among them
-/// where the patterns are given.
+/// The pattern with every composite conversion expanded, such as "%T" to "%H:%M:%S". %x and %X are
+/// expanded to `patterns.date` and `patterns.time`.
 std::string expanded(std::string_view pattern, const DatePatterns& patterns = {}) {
   std::string result;
   for (const Piece& piece : piecesOf(pattern)) {
@@ -78,7 +78,7 @@ bool isOneOf(char letter, std::string_view letters) {
   return letter != '\0' && letters.find(letter) != std::string_view::npos;
 }
 
-/// "d", "m" or "y" for a day, a month (also by its name) and a year; 0 for what is none of them.
+/// "d", "m" or "y" for a day, a month (a number or a name) or a year; 0 for any other conversion.
 char fieldOf(char letter) {
   if (isOneOf(letter, "de")) return 'd';
   if (isOneOf(letter, "mbBh")) return 'm';
@@ -89,7 +89,7 @@ bool isWeekday(const Piece& piece) {
   return isOneOf(piece.letter, "aA");
 }
 
-/// The fields in their order, as in "dmy".
+/// The order of day, month and year, such as "dmy".
 std::string orderOf(const std::vector<Piece>& pieces) {
   std::string order;
   for (const Piece& piece : pieces) {
@@ -99,13 +99,13 @@ std::string orderOf(const std::vector<Piece>& pieces) {
   return order;
 }
 
-/// What belongs to the word before it: a text up to its first blank or comma.
+/// The part of a literal that belongs to the field before it: all before the first blank or comma.
 std::string attached(const std::string& literal) {
   const std::size_t arabicComma = literal.find("\u060C");
   return literal.substr(0, std::min(literal.find_first_of(" ,"), arabicComma));
 }
 
-/// Text with a plain blank for each no-break blank.
+/// Replaces no-break spaces by spaces.
 std::string plainBlanks(std::string text) {
   constexpr std::string_view NoBreak = "\u00A0";
   std::size_t at = 0;
@@ -119,18 +119,19 @@ bool beginsWithLetter(const std::string& literal) {
   return first >= 0x80 || (first >= 'A' && first <= 'Z') || (first >= 'a' && first <= 'z');
 }
 
-bool isSpoken(const std::vector<Piece>& pieces) {
+/// Whether the pattern is a full date whose month is in words.
+bool hasMonthInWords(const std::vector<Piece>& pieces) {
   if (orderOf(pieces).size() != 3) return false;
   const auto month =
       std::ranges::find(pieces, 'm', [](const Piece& piece) { return fieldOf(piece.letter); });
   return month->letter != 'm' || beginsWithLetter((month + 1)->before);
 }
 
-/// A date with a spoken month, from the patterns or from the order of the short form.
-std::vector<Piece> spokenDate(const DatePatterns& patterns) {
+/// A date with its month in words, from the patterns or from the order of the short form.
+std::vector<Piece> dateWithMonthInWords(const DatePatterns& patterns) {
   for (const std::string& pattern : {patterns.program, patterns.dateAndTime, patterns.date}) {
     std::vector<Piece> pieces = piecesOf(plainBlanks(expanded(pattern, patterns)));
-    if (isSpoken(pieces)) return pieces;
+    if (hasMonthInWords(pieces)) return pieces;
   }
   using enum ShortDateForm::Order;
   switch (shortDateFormOf(patterns.date).order) {
@@ -146,8 +147,8 @@ std::vector<Piece> spokenDate(const DatePatterns& patterns) {
   return piecesOf("%A %Y %d %B");
 }
 
-/// The fields of a date alone, and a last piece for the text behind them. Where a time of day stood
-/// between two of them or at an end, its text goes with it but for what belongs to a field.
+/// The fields of the date without the time of day, and a last piece for the text after them. The
+/// text around a removed time is removed too, except the text attached to a date field.
 std::vector<Piece> withoutTime(const std::vector<Piece>& pieces) {
   std::vector<Piece> fields;
   std::string tail;
@@ -169,7 +170,7 @@ std::vector<Piece> withoutTime(const std::vector<Piece>& pieces) {
   return fields;
 }
 
-/// Puts a weekday in front where there is none, and the commas.
+/// Adds the commas, and a leading weekday if the date has none.
 void punctuate(std::vector<Piece>& fields) {
   if (std::ranges::none_of(fields, isWeekday)) {
     fields.front().before.insert(0, " ");
@@ -193,12 +194,12 @@ std::string conversionOf(const Piece& field, bool fullName) {
 }
 
 std::string datePattern(const DatePatterns& patterns, bool fullNames) {
-  std::vector<Piece> fields = withoutTime(spokenDate(patterns));
+  std::vector<Piece> fields = withoutTime(dateWithMonthInWords(patterns));
   punctuate(fields);
   std::string result;
   for (std::size_t at = 0; at + 1 < fields.size(); ++at) {
     std::string& next = fields[at + 1].before;
-    // An ending goes with the full name, and a point with the abbreviation.
+    // A grammatical ending needs the full name; a point after a name needs its abbreviation.
     const bool full = fullNames || beginsWithLetter(next);
     if (full && isOneOf(fields[at].letter, "abh") && next.starts_with('.')) next.erase(0, 1);
     result += fields[at].before + conversionOf(fields[at], full);
@@ -206,8 +207,8 @@ std::string datePattern(const DatePatterns& patterns, bool fullNames) {
   return result + fields.back().before;
 }
 
-/// A time without its zone, and without its seconds where they are not wanted, which take the mark
-/// before them and the word behind them along.
+/// The time pattern without its zone, and without seconds unless `seconds`. A removed conversion
+/// takes along the mark before it and the word after it.
 std::string timePattern(const DatePatterns& patterns, bool seconds) {
   std::string result;
   bool dropped = false;

@@ -7,35 +7,35 @@
 
 namespace veldrin {
 
-// What a host's patterns of strftime say about its dates and times. No pattern gives a long date
-// with full names as people write it, so the longer texts are made from those that there are.
+// Derives the host's date forms from the strftime patterns of a locale. No locale has a pattern for
+// a long date with full names, so the longer forms are derived from its other patterns.
 
-/// The patterns of a host's date setting; any may be empty.
+/// The strftime patterns of a locale; any may be empty.
 struct DatePatterns {
-  std::string program = {};      ///< of the program `date`
+  std::string program = {};      ///< the pattern of the program `date`
   std::string dateAndTime = {};  ///< %c
   std::string date = {};         ///< %x
   std::string time = {};         ///< %X
   std::string twelveHours = {};  ///< %r
 };
 
-/// The form of a pattern of %x, such as "%d.%m.%Y": the order in which day, month and year stand
-/// there, a month's name too, and the first of "/", "." and "-" behind the first of them, else "/".
-/// Month/day/year with "/" for a pattern that does not name all three.
+/// The short form of a pattern of %x, such as "%d.%m.%Y": the order of its day, month (as a number
+/// or a name) and year, and the first "/", "." or "-" after the first of them, or "/" without one.
+/// Month/day/year with "/" if the pattern lacks one of the three.
 ShortDateForm shortDateFormOf(std::string_view pattern);
 
-/// The pattern of one of the host's longer texts.
+/// The strftime pattern of one of the host's longer forms.
 ///
-/// A date is the first of the patterns of `date`, %c and %x in which the month is spoken (a name,
-/// or a number with a word behind it, as in Chinese), without its time of day: names in full or
-/// abbreviated, no leading zeros, four digits of year. Its order and its marks stay, but a comma
-/// follows a weekday in front, and parts the day from a year right behind it:
+/// A date comes from the first of the patterns of `date`, %c and %x whose month is in words: a
+/// name, or a number followed by a word, as in Chinese. Its order and punctuation stay. Its time of
+/// day is removed, names become full or abbreviated, numbers lose leading zeros, the year gets four
+/// digits. A comma follows a leading weekday and separates a day from a year right after it:
 ///
 ///     "%a %-d. %b %H:%M:%S %Z %Y"   Sonntag, 22. November 2026 in German
 ///     "%a %b %e %r %Z %Y"           Sunday, November 22, 2026
 ///
-/// Where no pattern is like that, the order is that of the short form. A time is %X without its
-/// zone, a short one without its seconds too.
+/// If no pattern has its month in words, the order of the short form is used. A long time is %X
+/// without its zone; a short time also lacks the seconds.
 std::string patternOf(DateText text, const DatePatterns& patterns);
 
 }  // namespace veldrin

@@ -9,7 +9,7 @@
 
 namespace veldrin {
 
-/// How the host writes a short date: the order of the three numbers, and what stands between them.
+/// The host's short date: the order of its three numbers and the mark between them.
 struct ShortDateForm {
   enum class Order : std::uint8_t { MonthDayYear, DayMonthYear, YearMonthDay, YearDayMonth };
 
@@ -19,10 +19,10 @@ struct ShortDateForm {
   bool operator==(const ShortDateForm&) const = default;
 };
 
-/// The texts in which the host says a date or a time of day to people.
+/// The longer forms in which the host writes a date or a time of day.
 enum class DateText : std::uint8_t { LongDate, AbbreviatedDate, ShortTime, LongTime };
 
-/// What Veldrin asks of the machine: its clock, its zone and its date forms. The host in force is
+/// The machine that Veldrin runs on: its clock, time zone and date forms. The host in force is
 /// `InForce<Host>::get()`.
 class Host {
  public:
@@ -32,23 +32,23 @@ class Host {
   Host& operator=(const Host&) = delete;
   virtual ~Host() = default;
 
-  /// The present moment in seconds since 1970-01-01 00:00:00 UTC.
+  /// The current time in seconds since 1970-01-01 00:00:00 UTC.
   [[nodiscard]] virtual std::int64_t now() const = 0;
 
-  /// A moment of the clock as the host's zone shows it.
+  /// The local time at a moment of `now`'s scale.
   [[nodiscard]] virtual CivilMoment localTime(std::int64_t moment) const = 0;
 
-  /// The zone's distance from Greenwich at a moment of the clock, in hours, east positive, with the
-  /// daylight-saving hour where it applies.
+  /// The zone's UTC offset at a moment of `now`'s scale, in hours, east positive, daylight-saving
+  /// time included.
   [[nodiscard]] virtual double offsetAt(std::int64_t moment) const = 0;
 
-  /// The same at a local moment: that of the first where the zone has it twice, and that before the
-  /// change where the zone leaves it out.
+  /// The UTC offset at a local moment, in hours. For a repeated local time, the offset of its first
+  /// occurrence; for a skipped one, the offset before the change.
   [[nodiscard]] virtual double gmtOffset(const CivilMoment& moment) const = 0;
 
   [[nodiscard]] virtual ShortDateForm shortDateForm() const = 0;
 
-  /// A local moment as one of the host's texts, in UTF-8.
+  /// A local moment in one of the host's longer forms, in UTF-8.
   [[nodiscard]] virtual std::string text(DateText which, const CivilMoment& moment) const = 0;
 
  protected:

@@ -13,7 +13,7 @@
 namespace veldrin {
 namespace {
 
-/// A text in UTF-8. What the system cannot convert has a "?" for each byte that is not ASCII.
+/// Converts a text to UTF-8. If the C library cannot, every byte outside ASCII becomes "?".
 std::string inUtf8(std::string text, const char* codeset) {
   const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
   if (std::string_view(codeset) == "UTF-8" || std::ranges::all_of(text, isAscii)) return text;
@@ -56,16 +56,15 @@ LocaleTexts::LocaleTexts() : locale_(newlocale(LC_TIME_MASK, "", nullptr)) {
 
 std::string LocaleTexts::text(DateText which, const CivilMoment& moment) const {
   const auto of = [this](nl_item item) { return nl_langinfo_l(item, locale_.get()); };
-  // The first and the last item are the GNU library's own: what `date` prints by, and the encoding
-  // of the dates, which that of the characters (CODESET) may differ from.
+  // _DATE_FMT (the pattern of the program `date`) and _NL_TIME_CODESET are GNU extensions. The
+  // encoding of LC_TIME may differ from CODESET, the encoding of LC_CTYPE.
   const DatePatterns patterns{of(_DATE_FMT), of(D_T_FMT), of(D_FMT), of(T_FMT), of(T_FMT_AMPM)};
   const tm fields = fieldsOf(moment);
   std::array<char, 1024> text{};
   const std::string pattern = patternOf(which, patterns);
   std::size_t length =
       ::strftime_l(text.data(), text.size(), pattern.c_str(), &fields, locale_.get());
-  // A setting may fill an hour up with a blank, or have a place for the half of the day and no name
-  // for it.
+  // Some locales pad the hour with a blank, or print %p although they have no text for AM and PM.
   while (length > 0 && text[length - 1] == ' ') --length;
   const std::size_t first = std::string_view(text.data(), length).find_first_not_of(' ');
   const std::size_t blanks = std::min(first, length);

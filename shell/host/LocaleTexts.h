@@ -9,14 +9,14 @@
 
 namespace veldrin {
 
-/// The environment's date setting (`LC_ALL`, `LC_TIME`, `LANG`), without a change of the C locale;
-/// the C locale's own where it names none that is installed.
+/// Writes dates and times by the locale of the environment (`LC_ALL`, `LC_TIME`, `LANG`), or by the
+/// locale "C" if that locale is not installed. Never changes the process's C locale.
 class LocaleTexts {
  public:
   LocaleTexts();
 
-  /// A local moment in the names and the order of the setting, as UTF-8. A year before
-  /// -2,147,481,748, which the system's calendar cannot hold, is shown as that one.
+  /// A local moment with the names and the order of the locale, in UTF-8. A year before
+  /// -2,147,481,748 does not fit in `tm` and is shown as -2,147,481,748.
   [[nodiscard]] std::string text(DateText which, const CivilMoment& moment) const;
 
  private:

@@ -10,8 +10,8 @@ namespace veldrin {
 void openStandardDescriptors() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(descriptor, F_GETFD) >= 0) continue;
-    // The lowest number that is free is this one. The mode is the one that its stream has no use
-    // for.
+    // open() returns the lowest free number, this one. The mode is wrong on purpose, so that using
+    // the stream fails.
     ::open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }

@@ -2,10 +2,9 @@
 
 namespace veldrin {
 
-/// Opens those of the descriptors 0 to 2 that are closed, before anything else of the process is
-/// opened: the connection to a display, or a file, would get a number that is read from and written
-/// to as a standard stream. Nobody can read or write them all the same, so that what cannot be
-/// printed still fails.
+/// Opens each of the descriptors 0 to 2 that is closed. Call before the process opens anything:
+/// otherwise a file or the connection to the display gets such a number and is used as a standard
+/// stream. Reads and writes on them still fail, so lost output is noticed.
 void openStandardDescriptors();
 
 }  // namespace veldrin

@@ -13,7 +13,7 @@ namespace veldrin {
 namespace {
 
 volatile std::sig_atomic_t lastSignal = 0;
-/// The ends for reading and for writing; -1 until somebody waits for them.
+/// The reading and the writing end; -1 until `stopSignalDescriptor` opens the pipe.
 volatile std::sig_atomic_t pipeEnds[2] = {-1, -1};
 
 void wake() {
@@ -21,7 +21,7 @@ void wake() {
   if (pipeEnds[1] >= 0) static_cast<void>(::write(pipeEnds[1], &byte, 1));
 }
 
-void hear(int signal) {
+void recordSignal(int signal) {
   const int error = errno;
   lastSignal = signal;
   detail::stopPending = 1;
@@ -33,8 +33,8 @@ void hear(int signal) {
 
 StopSignalGuard::StopSignalGuard() {
   struct sigaction action {};
-  action.sa_handler = hear;
-  // Without SA_RESTART, so that a write that waits for its reader comes to its end as well.
+  action.sa_handler = recordSignal;
+  // No SA_RESTART, so that the signal also interrupts a write that waits for its reader.
   action.sa_flags = static_cast<int>(SA_RESETHAND);
   lastSignal = 0;
   detail::stopPending = 0;
@@ -83,7 +83,7 @@ int stopSignalDescriptor() {
     ::fcntl(ends[end], F_SETFL, O_NONBLOCK);
     pipeEnds[end] = ends[end];
   }
-  if (isStopPending()) wake();  // it has come before there was anything to write to
+  if (isStopPending()) wake();  // the signal arrived before the pipe existed
   return pipeEnds[0];
 }
 

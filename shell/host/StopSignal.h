@@ -8,10 +8,10 @@ namespace veldrin {
 
 // How the OS asks the process to end: by a stop signal, which is SIGTERM, SIGINT or SIGHUP.
 
-/// While one of these lives, a stop signal ends the process in order: the event loop ends as if the
-/// user had quit, and a run in progress raises `EndException` at its next yield. The second signal
-/// of a kind ends the process at once. A signal that was ignored at the start stays ignored. There
-/// can be one guard at a time.
+/// While a guard exists, a stop signal ends the process in an orderly way. The event loop ends as
+/// if the user had quit, and a run in progress raises `EndException` at its next yield. A second
+/// signal of the same kind ends the process at once. A signal that is ignored when the guard is
+/// made stays ignored. Only one guard may exist at a time.
 class StopSignalGuard {
  public:
   StopSignalGuard();
@@ -24,30 +24,30 @@ class StopSignalGuard {
   struct sigaction before_[3]{};
 };
 
-/// The stop signal that the process has received, 0 for none.
+/// The number of the stop signal that the process has received, or 0.
 int stopSignal();
 
-/// Its name, such as "SIGTERM"; empty for none.
+/// The name of the received stop signal, such as "SIGTERM", or an empty text.
 String stopSignalName();
 
-/// Forgets the stop signal, because the process goes on.
+/// Forgets the stop signal: the user or a handler has refused to end the process.
 void dismissStop();
 
-/// A descriptor that can be read once a stop signal has come, for a toolkit that waits. It is open
-/// until the guard ends. -1 if the OS has none to give.
+/// A descriptor that becomes readable when a stop signal arrives, for a toolkit's event loop. The
+/// guard's destructor closes it. -1 if the OS has no free descriptor.
 int stopSignalDescriptor();
 
 namespace detail {
-/// Set by the signal handler, cleared by whoever acts on the signal.
+/// Set by the signal handler, cleared by `acceptStop`.
 inline volatile std::sig_atomic_t stopPending = 0;
 }  // namespace detail
 
-/// Whether a stop signal has come that nothing has acted on.
+/// Whether a stop signal has arrived and `acceptStop` has not been called since.
 inline bool isStopPending() {
   return detail::stopPending != 0;
 }
 
-/// Marks the pending stop signal as acted on. True if there was one.
+/// Clears the pending stop signal. Returns whether there was one.
 bool acceptStop();
 
 /// Accepts the stop signal and raises `EndException`.

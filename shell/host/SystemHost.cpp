@@ -13,8 +13,8 @@
 namespace veldrin {
 namespace {
 
-/// The form of the environment's date setting. Where none is set the C locale's own pattern comes
-/// back, which has a year of two digits but the order that is wanted.
+/// The short date form of the environment's locale. Without one this is the form of the locale "C",
+/// month/day/year.
 ShortDateForm environmentForm() {
   const locale_t locale = newlocale(LC_TIME_MASK, "", nullptr);
   if (locale == nullptr) return {};
@@ -23,7 +23,7 @@ ShortDateForm environmentForm() {
   return form;
 }
 
-/// An instant in the host's zone; nothing where the system's calendar cannot hold it.
+/// An instant in local time, or nothing if its year does not fit in `tm`.
 std::optional<tm> localFields(std::int64_t moment) {
   tm fields{};
   const auto seconds = static_cast<time_t>(moment);
@@ -32,13 +32,13 @@ std::optional<tm> localFields(std::int64_t moment) {
   return fields;
 }
 
-/// A leap second of a zone that has them is the second before it.
+/// 0 to 59: a leap second (60) counts as the second before it.
 std::int32_t secondOf(const tm& fields) {
   return std::min(fields.tm_sec, 59);
 }
 
-/// Whether the clocks show that civil moment.
-bool show(const tm& fields, const CivilMoment& moment) {
+/// Whether the broken-down time is that civil moment.
+bool isAt(const tm& fields, const CivilMoment& moment) {
   return fields.tm_year + 1900 == moment.year && fields.tm_mon + 1 == moment.month &&
          fields.tm_mday == moment.day && fields.tm_hour == moment.hour &&
          fields.tm_min == moment.minute && secondOf(fields) == moment.second;
@@ -81,14 +81,14 @@ double SystemHost::gmtOffset(const CivilMoment& moment) const {
   fields.tm_min = moment.minute;
   fields.tm_sec = moment.second;
   fields.tm_isdst = -1;
-  // Of two instants mktime gives either, and for none one nearby: the day before tells which offset
-  // came first.
+  // For a repeated local time mktime may return either instant; for a skipped one, a nearby one.
+  // The offset of the day before is the offset before the change.
   const std::int64_t found = std::mktime(&fields);
   const double before = offsetAt(found - SecondsOfDay);
   const double then = offsetAt(found);
-  if (!show(fields, moment)) return before;
+  if (!isAt(fields, moment)) return before;
   const auto earlier = localFields(found - std::llround((before - then) * 3600.0));
-  return earlier && show(*earlier, moment) ? before : then;
+  return earlier && isAt(*earlier, moment) ? before : then;
 }
 
 std::string SystemHost::text(DateText which, const CivilMoment& moment) const {

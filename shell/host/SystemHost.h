@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-/// The machine itself: its clock, the zone of `TZ` or of the system, and the date setting of the
-/// environment (`LC_ALL`, `LC_TIME`, `LANG`), without a change of the C locale.
+/// The real machine: the clock of the OS, the time zone of `TZ` or of the OS, and the locale of the
+/// environment (see `LocaleTexts`).
 class SystemHost final : public Host {
  public:
   SystemHost();
@@ -16,14 +16,14 @@ class SystemHost final : public Host {
   [[nodiscard]] std::int64_t now() const override;
   [[nodiscard]] CivilMoment localTime(std::int64_t moment) const override;
   [[nodiscard]] double offsetAt(std::int64_t moment) const override;
-  /// 0 for a moment that the system's own calendar cannot hold.
+  /// 0 if the year is outside -1,000,000 to 1,000,000.
   [[nodiscard]] double gmtOffset(const CivilMoment& moment) const override;
   [[nodiscard]] ShortDateForm shortDateForm() const override { return form_; }
   [[nodiscard]] std::string text(DateText which, const CivilMoment& moment) const override;
 
  private:
   ShortDateForm form_;
-  mutable std::optional<LocaleTexts> texts_;  ///< made on first need, since few starts need them
+  mutable std::optional<LocaleTexts> texts_;  ///< made on first use: most runs need none
 };
 
 }  // namespace veldrin

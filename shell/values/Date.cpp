@@ -15,7 +15,7 @@ constexpr std::int64_t LastYear = std::numeric_limits<std::int32_t>::max();
 constexpr std::int64_t FirstDay = dayNumber(FirstYear, 1, 1);
 constexpr std::int64_t LastDay = dayNumber(LastYear, 12, 31);
 
-/// Division toward minus infinity, with the remainder that goes with it.
+/// A quotient rounded down and its remainder, which is never negative.
 struct Quotient {
   std::int64_t whole;
   std::int64_t rest;
@@ -25,7 +25,7 @@ constexpr Quotient divide(std::int64_t value, std::int64_t by) {
   return {whole, value - whole * by};
 }
 
-/// At least four digits, a "-" in front of a year before 0.
+/// At least four digits, with a "-" before a negative year.
 String yearText(std::int32_t year) {
   return Format(year, "0000"_s);
 }
@@ -220,7 +220,7 @@ String Date::LongTime() const {
 
 void Date::TotalSeconds(double seconds) {
   if (std::isnan(seconds)) return;
-  // Beyond every year of 32 bits, and well within the integers of 64.
+  // Beyond every 32-bit year, and within the 64-bit integers.
   constexpr double Bound = 1e17;
   const auto whole =
       static_cast<std::int64_t>(std::floor(std::fmin(std::fmax(seconds, -Bound), Bound)));

@@ -9,38 +9,40 @@
 
 namespace veldrin {
 
-/// A mutable civil moment in local time. A new one holds the present moment of the host.
+/// A mutable civil moment in local time. A new date holds the host's current time.
 ///
-/// It counts civil seconds: every day has 86,400 of them, whatever the host's zone does to its
-/// clocks, so a step of 86,400.0 in `TotalSeconds` is one calendar day, always.
+/// Every day has 86,400 seconds, also where the host's zone changes its clocks: adding 86,400.0 to
+/// `TotalSeconds` always moves the date by one calendar day.
 ///
 ///     const Ref<Date> day = New<Date>();
 ///     day->Year(2007);  day->Month(12);  day->Day(31);
 ///     day->TotalSeconds(day->TotalSeconds() + 86400.0);   // January 1, 2008, same time of day
 ///
-/// A field that is written out of its range carries over into the larger ones, as seconds would:
-/// `Month(13)` is January of the next year, `Day(0)` the last day of the month before. What would
-/// leave the years of 32 bits stays at the first or the last moment of them.
+/// A field written out of its range carries over into the larger fields: `Month(13)` is January of
+/// the next year, `Day(0)` the last day of the previous month. A date beyond the 32-bit years
+/// becomes their first or last moment.
 ///
-/// The texts but for `ShortDate` are the host's own, with its names and its order.
+/// Veldrin uses neither the constructors with fields, the time of day, `DayOfYear` and `WeekOfYear`
+/// nor the texts other than `ShortDate`. They exist because the framework's conventions ask for
+/// them.
 class Date final : public Described<Date, Object> {
  public:
   static constexpr FixedString FullName = "Date";
   static void fillTable(ClassTable<Date>& table);
 
-  /// Takes the present moment of the host's clock.
+  /// Reads the host's clock.
   void __Init();
-  /// Does nothing: a date holds no other object.
+  /// Does nothing: a date refers to no other object.
   void __Exit() {}
-  /// Empty: the moment comes from `__Init`.
+  /// Does nothing: `__Init` sets the moment.
   void Constructor() {}
-  /// The other's moment and its offset. Raises `NilObjectException` for nil.
+  /// Copies the other's moment and offset. Raises `NilObjectException` for nil.
   void Constructor(const Ref<Date>& other);
-  /// The moment of these fields, which carry over as they do when they are written; a month or a
-  /// day that is not above 0 leaves January or the first.
+  /// Sets the fields, which carry over as when they are written. A month below 1 means January, a
+  /// day below 1 means the first.
   void Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
                    std::int32_t minute, std::int32_t second);
-  /// The same with an offset of its own, as `GMTOffset` is written.
+  /// Also sets `GMTOffset`.
   void Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
                    std::int32_t minute, std::int32_t second, double gmtOffset);
 
@@ -57,19 +59,19 @@ class Date final : public Described<Date, Object> {
   [[nodiscard]] std::int32_t Second() const { return fields().second; }
   void Second(std::int32_t second);
 
-  /// 1 for Sunday to 7 for Saturday.
+  /// 1 is Sunday, 7 is Saturday.
   [[nodiscard]] std::int32_t DayOfWeek() const;
-  /// 1 for January 1 to 366.
+  /// 1 to 366.
   [[nodiscard]] std::int32_t DayOfYear() const;
-  /// The week by ISO 8601, 1 to 53: from Monday on, and of the year that has its Thursday.
+  /// The ISO 8601 week, 1 to 53.
   [[nodiscard]] std::int32_t WeekOfYear() const;
 
-  /// The day in the host's short form, without leading zeros, with four digits of year or more:
+  /// The day in the host's short form, without leading zeros and with at least four digits of year:
   /// "3/9/2008". `ParseDate` reads it back as the same day.
   [[nodiscard]] String ShortDate() const;
-  /// The day with the names in full: "Sonntag, 22. November 2026" on a German host.
+  /// The day with full names: "Sonntag, 22. November 2026" on a German host.
   [[nodiscard]] String LongDate() const;
-  /// The same with the names as the host abbreviates them: "So, 22. Nov 2026".
+  /// The day with abbreviated names: "So, 22. Nov 2026".
   [[nodiscard]] String AbbreviatedDate() const;
   /// The time of day without seconds: "16:05", or "04:05 PM".
   [[nodiscard]] String ShortTime() const;
@@ -81,21 +83,19 @@ class Date final : public Described<Date, Object> {
     if (held_ == Held::Instant) readClock();
     return static_cast<double>((day_ - Origin) * SecondsOfDay + secondOfDay_);
   }
-  /// Moves the whole date. A fraction of a second is dropped; not-a-number leaves the date as it
-  /// is.
+  /// Sets the whole date. Rounds down to whole seconds; ignores NaN.
   void TotalSeconds(double seconds);
 
-  /// The distance of the host's zone from Greenwich at this date, in hours, east positive, with the
-  /// daylight-saving hour where it applies. A date that still holds the moment at which it was made
-  /// goes by that instant. One that was moved since goes by its fields: in the hour that the clocks
-  /// repeat it is the first of the two, and in one that they skip it has the offset from before.
+  /// The UTC offset in hours, east positive: the written offset, else that of the host's zone at
+  /// this date, daylight-saving time included. A date that was never changed uses the instant at
+  /// which it was made. A changed date uses its fields, see `Host::gmtOffset`.
   [[nodiscard]] double GMTOffset() const;
-  /// Gives the date an offset of its own, which stays whatever moves the date; its fields stay too,
-  /// so it is another instant by the same clock. What is not finite is ignored.
+  /// Sets an offset that stays until it is written again. The fields keep their values, so the date
+  /// becomes another instant. Infinities and NaN are ignored.
   void GMTOffset(double hours);
 
-  /// -1, 0 or 1 as the fields of this date are before, at or after the other's, whatever their
-  /// offsets; 1 for nil, so that a date never equals nil.
+  /// Compares the fields and ignores the offsets: -1, 0 or 1 if this date is earlier than, equal to
+  /// or later than the other; 1 for nil.
   [[nodiscard]] std::int32_t Operator_Compare(const Ref<Date>& other) const;
 
  private:
@@ -103,13 +103,13 @@ class Date final : public Described<Date, Object> {
 
   friend bool ParseDate(const String& text, Ref<Date>& date);
 
-  /// What the date holds: the instant of the clock at `__Init`, its fields as well, or fields that
-  /// were written since. Most dates are moved before anybody looks, so the zone is asked for the
-  /// fields when the first of them is.
+  /// Which members are valid: `instant_` alone, the instant and the fields computed from it, or
+  /// fields that were written. The local time is computed on first use, because most dates are
+  /// written before they are read.
   enum class Held : std::uint8_t { Instant, Both, Fields };
 
-  /// The common body of the constructors with fields. Day and month start at 1, so that no date on
-  /// the way carries over.
+  /// The common body of the constructors with fields. A NaN offset keeps the host's. Sets day and
+  /// month to 1 first, so that no intermediate date carries over.
   void __Set(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
              std::int32_t minute, std::int32_t second, double gmtOffset);
 
@@ -122,8 +122,7 @@ class Date final : public Described<Date, Object> {
   void set(std::int64_t day, std::int64_t secondOfDay);
   void setDay(std::int64_t year, std::int64_t month, std::int64_t day);
   void startOf(const CivilDay& day);
-  // The number of the day and the second of the day are kept beside the fields because dates are
-  // compared far more often than they are moved.
+  // Stored besides the fields because dates are compared far more often than they are written.
   [[nodiscard]] std::int64_t day() const {
     if (held_ == Held::Instant) readClock();
     return day_;

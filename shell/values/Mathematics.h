@@ -7,18 +7,17 @@
 
 namespace veldrin {
 
-// The arithmetic's conditions: doubles of IEEE 754, each operation rounded to a double by itself,
-// and none rearranged.
+// The results depend on IEEE 754 doubles, on rounding after each operation, and on operations in
+// the written order.
 #ifdef __FAST_MATH__
 #error "The times go wrong under -ffast-math"
 #endif
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0);
 
-// The mathematical operations of the solar engine. Each hands its argument to the C library
-// unchanged and returns what comes back; angles are radians. The build keeps the compiler from
-// merging a sine and a cosine into one call and from working them out itself, both of which may
-// differ from the library in the last place.
+// The mathematical functions of the solar engine, computed by the C library; angles in radians. The
+// build flags forbid the compiler to merge a sine and a cosine into one call or to fold constants,
+// since the result may differ from the library's in the last digit.
 
 /// The sine of an angle.
 inline double Sin(double angle) {
@@ -30,19 +29,19 @@ inline double Cos(double angle) {
   return std::cos(angle);
 }
 
-/// The arctangent, from minus half pi to plus half pi.
+/// The arctangent, -pi/2 to pi/2.
 inline double ATan(double tangent) {
   return std::atan(tangent);
 }
 
-/// The square root; not-a-number below zero.
+/// The square root; NaN below zero.
 inline double Sqrt(double value) {
   return std::sqrt(value);
 }
 
 /// The largest whole number not above the argument.
 inline double Floor(double value) {
-  // The same for what is positive and may have a fraction, in half of the time.
+  // Twice as fast for positive numbers that may have a fraction.
   constexpr double FirstWithout = 0x1p52;
   if (value > 0.0 && value < FirstWithout) {
     return static_cast<double>(static_cast<std::int64_t>(value));
@@ -55,18 +54,17 @@ inline double Abs(double value) {
   return std::fabs(value);
 }
 
-/// -1, 0 or 1 by the sign of the value; 0 for both zeros and for not-a-number.
+/// -1, 0 or 1 by the sign of the value; 0 for NaN.
 inline std::int32_t Sign(double value) {
   return static_cast<std::int32_t>(value > 0.0) - static_cast<std::int32_t>(value < 0.0);
 }
 
-/// The integer as a double, exactly.
+/// Converts an integer to a double, exactly.
 inline double RuntimeCvtSInt32ToReal64(std::int32_t value) {
   return value;
 }
 
-/// The double without its fraction, toward zero; the nearest end of the range for one that leaves
-/// it, and 0 for not-a-number.
+/// Truncates a double toward zero. Saturates at the ends of the range; NaN gives 0.
 inline std::int32_t RuntimeCvtReal64ToSInt32(double value) {
   constexpr double Smallest = std::numeric_limits<std::int32_t>::min();
   constexpr double Largest = std::numeric_limits<std::int32_t>::max();

@@ -18,23 +18,23 @@ struct Number {
   bool negative;
 };
 
-/// Reads a text from the front. Its steps are plain loops, because two dates are read for every
-/// event of a calendar.
+/// Reads a text from left to right. It uses plain loops for speed: every event of a calendar needs
+/// two dates.
 class Parser {
  public:
   explicit Parser(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
 
-  /// Whether there were any.
+  /// Returns whether there were any.
   bool skipBlanks() {
     const char* const before = at_;
     while (at_ != end_ && (*at_ == ' ' || *at_ == '\t')) ++at_;
     return at_ != before;
   }
 
-  /// The mark of a separator, a blank where it has none, 0 where there is no separator.
+  /// Reads a separator. Returns its mark, ' ' if it is only blanks, or 0 if there is none.
   char separator() {
     const bool blanks = skipBlanks();
-    // Behind blanks a "-" right before a digit is the sign of a year.
+    // After blanks, a "-" right before a digit is the sign of a year.
     const bool sign = blanks && end_ - at_ > 1 && *at_ == '-' && isDigit(at_[1]);
     const bool mark = at_ != end_ && (*at_ == '/' || *at_ == '.' || *at_ == '-');
     if (!mark || sign) return blanks ? ' ' : '\0';
@@ -43,7 +43,7 @@ class Parser {
     return found;
   }
 
-  /// Whether the text ends here, but for a closing point and blanks.
+  /// Whether only a closing point and blanks are left.
   bool ends() {
     if (at_ == end_) return true;
     if (*at_ == '.') ++at_;
@@ -51,7 +51,7 @@ class Parser {
     return at_ == end_;
   }
 
-  /// A number of no digits where there is none, or one that no year of 32 bits needs.
+  /// Reads a number. `digits` is 0 if there is none, or if it has more digits than a 32-bit year.
   Number number() {
     const bool negative = at_ != end_ && *at_ == '-';
     if (negative) ++at_;

@@ -9,15 +9,16 @@
 
 namespace veldrin {
 
-/// The day that a text names, if it names one. Two forms are read, with blanks around and no more:
-/// the host's short form with any of "/", ".", "-" or a blank between the numbers and perhaps a "."
-/// behind them, and a day that begins with the year, as in "2008-03-09". A year has two digits (69
-/// to 99 are 1969 to 1999, 00 to 68 are 2000 to 2068) or four and more, a month or a day one or
-/// two; a day that does not exist is no date.
+/// Reads a date, or returns nothing if the text is not one. Two forms are accepted, with blanks
+/// around them: the host's short form, with "/", ".", "-" or a blank between the numbers and
+/// optionally a "." after them; and year-month-day with a year of four digits or more, as in
+/// "2008-03-09". A year of two digits means 1969 to 2068. Month and day have one or two digits. The
+/// day must exist.
 std::optional<CivilDay> readDate(std::string_view text, const ShortDateForm& form);
 
-/// Reads a text as a date, by `readDate` and the host's form. On true `date` holds that day at
-/// 00:00:00 (a new one is made where it is nil); on false it is left as it was. It never raises.
+/// Reads a date with `readDate` and the host's form. On success sets `date` to 00:00:00 of that
+/// day, making a new object for nil, and returns true. Otherwise leaves `date` unchanged. Never
+/// raises.
 bool ParseDate(const String& text, Ref<Date>& date);
 
 }  // namespace veldrin

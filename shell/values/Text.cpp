@@ -21,13 +21,12 @@ bool isSign(char character) {
   return character == '+' || character == '-';
 }
 
-/// The digits of a number, with a point among them or none.
+/// The digits of a number, with or without a decimal point.
 struct Mantissa {
-  std::size_t end;       ///< behind its last character
-  std::size_t digits;    ///< how many there are; 0 where there is no mantissa
-  std::size_t decimals;  ///< how many of them stand behind the point
-  std::uint64_t
-      integer;  ///< their number without the point; it wraps around where they are too many
+  std::size_t end;        ///< one past the last character
+  std::size_t digits;     ///< the count of all digits; 0 if there is no mantissa
+  std::size_t decimals;   ///< the count of digits after the point
+  std::uint64_t integer;  ///< all digits as one integer, modulo 2^64
 };
 
 Mantissa readMantissa(std::string_view text, std::size_t at) {
@@ -46,13 +45,13 @@ Mantissa readMantissa(std::string_view text, std::size_t at) {
   return mantissa;
 }
 
-/// The first place at or behind `at` that holds no digit.
+/// The first position from `at` on that holds no digit.
 std::size_t skipDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && isDigit(text[at])) ++at;
   return at;
 }
 
-/// The end of the exponent that begins at `at`, or `at` where there is none.
+/// The end of the exponent that begins at `at`, or `at` without one.
 std::size_t exponentEnd(std::string_view text, std::size_t at) {
   if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) return at;
   std::size_t digits = at + 1;
@@ -61,9 +60,9 @@ std::size_t exponentEnd(std::string_view text, std::size_t at) {
   return end == digits ? at : end;
 }
 
-/// What a number without its sign is whose magnitude no double holds: infinity if its first digit
-/// that counts stands before the decimal point once the exponent has moved it, else zero.
-double beyondDoubles(std::string_view mantissa, std::string_view exponent) {
+/// The value on overflow or underflow, without the sign. It is infinity if the first nonzero digit
+/// is before the decimal point after the exponent has moved the point, else zero.
+double valueOutOfRange(std::string_view mantissa, std::string_view exponent) {
   const std::size_t first = mantissa.find_first_not_of("0.");
   if (first == std::string_view::npos) return 0.0;
   const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
@@ -73,17 +72,18 @@ double beyondDoubles(std::string_view mantissa, std::string_view exponent) {
   if (exponent.front() == '+') exponent.remove_prefix(1);
   std::int64_t power = 0;
   const auto [end, error] = std::from_chars(exponent.begin(), exponent.end(), power);
-  // An exponent that leaves 64 bits outweighs any mantissa that fits in memory.
+  // An exponent beyond 64 bits outweighs any mantissa that fits in memory.
   if (error != std::errc()) power = exponent.front() == '-' ? INT64_MIN / 2 : INT64_MAX / 2;
   return place + power > 0 ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-/// The value of any mantissa and exponent, which follow each other in the text.
+/// The value of any mantissa and exponent. The exponent must directly follow the mantissa in
+/// memory.
 double longNumber(std::string_view mantissa, std::string_view exponent) {
   double value = 0.0;
   const auto [end, error] =
       std::from_chars(mantissa.data(), mantissa.data() + mantissa.size() + exponent.size(), value);
-  return error == std::errc() ? value : beyondDoubles(mantissa, exponent);
+  return error == std::errc() ? value : valueOutOfRange(mantissa, exponent);
 }
 
 }  // namespace
@@ -103,9 +103,9 @@ std::optional<NumberPrefix> readNumber(std::string_view text) {
   const Mantissa mantissa = readMantissa(text, start);
   if (mantissa.digits == 0) return std::nullopt;
   const std::size_t end = exponentEnd(text, mantissa.end);
-  // With up to 15 digits the whole number and the power of ten are both exact, and the one division
-  // rounds as it should: W. D. Clinger, How to Read Floating Point Numbers Accurately, 1990. Nearly
-  // every number that a person types is one of these.
+  // Fast path for most numbers that a user types. With up to 15 digits the integer and the power of
+  // ten are both exact, so their quotient is correctly rounded: W. D. Clinger, How to Read Floating
+  // Point Numbers Accurately, 1990.
   constexpr std::array PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const bool exact = end == mantissa.end && mantissa.digits < PowersOfTen.size();

@@ -11,34 +11,34 @@
 
 namespace veldrin {
 
-// Numbers as text and back. Nothing here asks the C locale: "47.5" is read on every desktop.
+// Converts numbers to text and back, independently of the C locale.
 //
 //   number   = blank* (sign | minus)? mantissa exponent?
 //   mantissa = digit+ ("." digit*)? | "." digit+
 //   exponent = ("e" | "E") sign? digit+
 //   sign     = "+" | "-"           blank = " " | tab
-//   minus    = U+2212 in UTF-8, the minus sign of web pages; an exponent has none
+//   minus    = U+2212 in UTF-8, the minus sign of web pages; not allowed in an exponent
 
-/// A number at the start of a text, and how many bytes it took, blanks before it included.
+/// A number at the start of a text, and its length in bytes including leading blanks.
 struct NumberPrefix {
   double value;
   std::size_t length;
 };
 
-/// Reads the longest number that the text begins with; nothing where it begins with none. A number
-/// beyond the doubles is an infinity or a zero of its sign.
+/// Reads the longest number at the start of the text, or returns nothing without one. On overflow
+/// the value is an infinity, on underflow a zero, of the same sign.
 std::optional<NumberPrefix> readNumber(std::string_view text);
 
-/// The number at the start of a text as a double; 0.0 where there is none. It stops at the first
-/// character that does not belong to a number: `Val("47.5 north")` is 47.5, `Val("nan")` is 0.0.
+/// The number at the start of a text, or 0.0 without one. Text after the number is ignored:
+/// `Val("47.5 north")` is 47.5, `Val("nan")` is 0.0.
 double Val(const String& text);
 
-/// The decimal digits of an integer, behind a "-" if it is negative: `Str(-5)` is "-5".
+/// The decimal digits of an integer: `Str(-5)` is "-5".
 String Str(std::int32_t value);
 
 namespace detail {
 
-/// "00" to "99": the texts of nearly all that is formatted, as constants.
+/// "00" to "99" as constants: nearly every formatted number is one of these.
 template <std::size_t... Number>
 constexpr auto twoDigits(std::index_sequence<Number...> /*numbers*/) {
   constexpr auto digit = [](std::size_t value) {
@@ -50,14 +50,14 @@ constexpr auto twoDigits(std::index_sequence<Number...> /*numbers*/) {
 }
 inline constexpr auto TwoDigits = twoDigits(std::make_index_sequence<100>());
 
-/// `Format` without its shortcut.
+/// `Format` without the fast path.
 String formatAny(double value, const String& pattern);
 
 }  // namespace detail
 
 /// The value, rounded to a whole number (a half away from zero), with at least as many digits as
-/// the pattern has zeros: `Format(7.0, "00"_s)` is "07". A larger number shows all its digits; what
-/// is not finite is "inf", "-inf" or "nan".
+/// the pattern has zeros: `Format(7.0, "00"_s)` is "07". Infinities and NaN give "inf", "-inf" and
+/// "nan".
 inline String Format(double value, const String& pattern) {
   if (pattern.record() == ("00"_s).record() && value >= 0.0 && value < 100.0) {
     const auto whole = static_cast<std::uint32_t>(value);

@@ -51,11 +51,11 @@ void Application::_CallFunctionWithExceptionHandling(void* function) {
   try {
     call->call();
   } catch (const Raised& raised) {
-    if (!dealsWith(raised.exception)) _UnhandledException(raised.exception);
+    if (!handlesException(raised.exception)) _UnhandledException(raised.exception);
   }
 }
 
-bool Application::dealsWith(const Ref<RuntimeException>& exception) {
+bool Application::handlesException(const Ref<RuntimeException>& exception) {
   return RuntimeObjectIsa(exception.get(), EndException::__Lookup()) ||
          RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
          callHandler(*this, Events::UnhandledException, exception);
@@ -63,7 +63,7 @@ bool Application::dealsWith(const Ref<RuntimeException>& exception) {
 
 namespace {
 
-/// "IOException, error 28: No space left on device", and where a file is incomplete
+/// "IOException, error 28: No space left on device", or if a file is incomplete
 /// "/home/me/Veldrin.ics is incomplete: No space left on device (IOException, error 28)".
 String sentenceOn(const RuntimeException& exception) {
   const String& incomplete = exception.incompleteFile;
@@ -82,8 +82,8 @@ String sentenceOn(const RuntimeException& exception) {
   return reason.isEmpty() ? what + failure : what + reason + " ("_s + failure + ")"_s;
 }
 
-/// Writes the calls that an exception comes from on the error stream. Those of a failed file, of
-/// exhausted memory and of an end that was asked for tell nobody anything: the sentence is enough.
+/// Writes the call stack of an exception to standard error. Skips it for I/O errors, exhausted
+/// memory and `EndException`, because their sentence says enough.
 void printCalls(const RuntimeException& exception) {
   for (ClassRecord* const told :
        {IOException::__Lookup(), OutOfMemoryException::__Lookup(), EndException::__Lookup()}) {
@@ -115,7 +115,7 @@ Ref<Application> registeredApplication() {
   return registered;
 }
 
-void layDownApplication() {
+void releaseApplication() {
   registered = nullptr;
   isFailureReported = false;
 }

@@ -10,23 +10,23 @@ namespace veldrin {
 
 class FolderItem;
 
-/// The application object: there is one for the process.
+/// The application object, one for each process.
 class Application : public Described<Application, Object> {
  public:
   static constexpr FixedString FullName = "Application";
   static void fillTable(ClassTable<Application>& table);
 
-  /// The events of the application, in the order of its table, with what their handlers take and
-  /// give. True is for handled, and for refused in "CancelClose".
+  /// The events of the application, in the order of its table. A handler returns true for handled,
+  /// and the handler of "CancelClose" returns true to refuse.
   ///
-  /// "Open" comes once, ahead of the event loop, and "Close" once behind it, however it has ended;
-  /// "Activate" and "Deactivate" come in turn as a person turns to the program and to another.
-  /// "CancelClose" is asked first of all when the application is to quit, and the windows after it,
-  /// but not where the application ends with its last window. "UnhandledException" comes for what
-  /// leaves a handler in the event loop: where it answers true, the loop goes on.
+  /// "Open" is raised once before the event loop, "Close" once after it, even after an error.
+  /// "Activate" and "Deactivate" alternate when the user switches between programs. "CancelClose"
+  /// is raised when the application is to quit, before that of the windows, but not when closing
+  /// the last window ends the application. "UnhandledException" is raised for an exception that
+  /// leaves a handler; if it returns true, the event loop continues.
   ///
-  /// "NewDocument", "OpenDocument" and "HandleAppleEvent" are sent by no desktop that there is a
-  /// toolkit for: nobody raises them.
+  /// "NewDocument", "OpenDocument" and "HandleAppleEvent" exist because the framework's conventions
+  /// ask for them; no toolkit raises them.
   struct Events {
     static constexpr Event<void()> Open{"Open"_s};
     static constexpr Event<void()> Close{"Close"_s};
@@ -41,32 +41,29 @@ class Application : public Described<Application, Object> {
     static constexpr Event<bool()> CancelClose{"CancelClose"_s};
   };
 
-  /// The menu bar that stands while no window does.
+  /// The menu bar of windows without their own, shown alone while no window is open.
   LiveProperty<Application, Ref<veldrin::MenuBar>> MenuBar{*this};
 
   /// Raises "EnableMenuItems".
   void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
 
-  /// The second that is asked to handle a menu item that a person has chosen, behind the window in
-  /// front. This one does nothing and answers false.
+  /// Called after the front window when the user chooses a menu item, see
+  /// `Session::handlesMenuCommand`. An override returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
-  /// Runs a function, a `void (*)()`, under the application's rules of failure: `EndException` and
-  /// `ThreadEndException` are dropped, others go to the handler of "UnhandledException" and, where
-  /// that does not take them, to the report.
+  /// Calls a `void (*)()` and catches its exceptions. Those that `handlesException` does not handle
+  /// are reported.
   void _CallFunctionWithExceptionHandling(void* function);
 
-  /// Whether an exception that has left a handler is dealt with: `EndException` and
-  /// `ThreadEndException` by being dropped, others where the handler of "UnhandledException" takes
-  /// them.
-  bool dealsWith(const Ref<RuntimeException>& exception);
+  /// Handles an exception that has left a handler. Drops `EndException` and `ThreadEndException`;
+  /// passes others to the handler of "UnhandledException". Returns whether it was handled.
+  bool handlesException(const Ref<RuntimeException>& exception);
 
-  /// A person has turned to the program or to another; does nothing where it is so already.
+  /// The user has switched to the program or to another. Does nothing without a change.
   void userTurnedTo(bool active);
 
-  /// Whether the application ends when its last window has been closed. The program leaves it
-  /// false; it ends all the same where the desktop has no menu bar of its own, since the menu bar,
-  /// and with it the way to end it, has gone with the window.
+  /// Whether closing the last window ends the application. Veldrin leaves it false. On a desktop
+  /// without its own menu bar the application ends anyway, because the user could not quit it.
   bool AutoQuit = false;
 
  private:
@@ -79,26 +76,25 @@ class Application : public Described<Application, Object> {
   bool active_ = false;
 };
 
-/// The application of this program, which adds nothing.
+/// Veldrin's application class. Adds nothing.
 class App final : public Described<App, Application> {
  public:
   static constexpr FixedString FullName = "App";
 };
 
-/// `RuntimeUnhandledException`: reports an exception that nothing caught, and the file that it has
-/// left incomplete, if any.
+/// `RuntimeUnhandledException`: reports an uncaught exception and its incomplete file, if any.
 void _UnhandledException(const Ref<RuntimeException>& exception);
 
 /// Whether `_UnhandledException` has reported an exception in this process.
 bool hasReportedFailure();
 
-/// `RuntimeRegisterAppObject`: makes the object the application of the process, which keeps it.
+/// `RuntimeRegisterAppObject`: makes the object the application of the process.
 void _RuntimeRegisterAppObject(const Ref<Application>& application);
 
 /// The application of the process, nil before it is registered.
 Ref<Application> registeredApplication();
 
-/// Gives the application up, and forgets the failures that were reported.
-void layDownApplication();
+/// Releases the application and resets `hasReportedFailure`.
+void releaseApplication();
 
 }  // namespace veldrin

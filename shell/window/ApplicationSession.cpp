@@ -13,7 +13,7 @@
 namespace veldrin {
 namespace {
 
-/// The item's descendants that are no separators, each first set to its `AutoEnable`.
+/// Collects the item's descendants except separators, and resets each to its `AutoEnable`.
 void gatherItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
   RuntimeStackCheck();
   for (const Ref<MenuItem>& child : item.children()) {

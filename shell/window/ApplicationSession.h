@@ -6,11 +6,11 @@
 
 namespace veldrin {
 
-/// The menu bar that a window shows: its own, or else the application's; the application's for nil.
+/// The window's own menu bar, or the application's if the window has none or is nullptr.
 Ref<MenuBar> menuBarOf(const Window* window);
 
-/// The session of the process: what menu items and windows ask for, carried out with the registered
-/// application, the open windows and the toolkit in force.
+/// The session of the process. It acts on the registered application, the open windows and the
+/// toolkit in force.
 class ApplicationSession final : public Session {
  public:
   /// Tells the toolkit if the item is in the bar of an open window or of the application.
@@ -21,7 +21,7 @@ class ApplicationSession final : public Session {
   bool endApplication() override;
 
  private:
-  bool isEnabling_ = false;  ///< while all items are refreshed, the toolkit is not told of each
+  bool isEnabling_ = false;  ///< suppresses a notification for each item
 };
 
 }  // namespace veldrin

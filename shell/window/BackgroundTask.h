@@ -5,14 +5,15 @@
 
 namespace veldrin {
 
-/// Lets the toolkit repaint. It never delivers user input, so no handler runs inside another. For
-/// work that must not be left half done; all other loops use `RuntimeBackgroundTask`.
+/// Lets the toolkit repaint. Never delivers user input, so handlers do not nest. Ignores stop
+/// signals: use it for work that must not be interrupted, and `RuntimeBackgroundTask` in all other
+/// loops.
 inline void yieldToToolkit() {
   InForce<Toolkit>::get().backgroundTask();
 }
 
-/// The cooperative yield. Every loop calls it once in each pass, at the end of the pass. It lets
-/// the toolkit repaint, and raises `EndException`, once, after a stop signal.
+/// The cooperative yield, called at the end of each pass of every loop. Lets the toolkit repaint,
+/// and raises `EndException` once after a stop signal.
 inline void RuntimeBackgroundTask() {
   yieldToToolkit();
   if (isStopPending()) raiseStop();

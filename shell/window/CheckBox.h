@@ -5,13 +5,13 @@
 
 namespace veldrin {
 
-/// What a check box can show; `CheckBox.CheckedStates` in the tables.
+/// The states of a check box; `CheckBox.CheckedStates` in the class tables.
 enum class CheckedStates : std::int32_t { Unchecked, Checked, Indeterminate };
 
 template <>
 inline constexpr FixedString EnumFullName<CheckedStates> = "CheckBox.CheckedStates";
 
-/// A box that is ticked or not; it raises "Action" when a person changes that.
+/// A check box. It raises "Action" when the user ticks or unticks it.
 class CheckBox final : public Described<CheckBox, RectControl>, public TextStyle {
  public:
   static constexpr FixedString FullName = "CheckBox";
@@ -30,7 +30,7 @@ class CheckBox final : public Described<CheckBox, RectControl>, public TextStyle
   void Value(bool ticked) { State(stateOf(ticked)); }
   Live<CheckedStates> State{*this};
 
-  /// A person has ticked the box or taken the tick out, which nobody can where it is disabled.
+  /// The user has ticked or unticked the box. Ignored if the box is disabled.
   void userTicked(bool ticked);
 
   Live<String> Caption{*this};

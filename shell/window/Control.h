@@ -9,7 +9,7 @@ namespace veldrin {
 
 class Window;
 
-/// What receives an event of a control: a bare function that gets the control as its one argument.
+/// A handler of a control's event: a function with the control as its only argument.
 using EventHandler = Event<void()>::Handler;
 
 /// The root of all controls: a name, a window, and the handlers of its events.
@@ -23,25 +23,24 @@ class Control : public Described<Control, Object> {
     static constexpr Event<void()> Close{"Close"_s};
   };
 
-  /// A property that the toolkit is told of while the control is in an open window.
+  /// A property whose changes are reported to the toolkit while the control is in an open window.
   template <class T>
   using Live = LiveProperty<Control, T>;
 
-  String Name;  ///< by which `RuntimeWindowControlByName` finds it
-  /// The place in a control array; the smallest integer marks a control that stands by itself.
+  String Name;  ///< for `RuntimeWindowControlByName`
+  /// The index in a control array; `NoArray` for a control outside any array.
   std::int32_t Index = NoArray;
   static constexpr std::int32_t NoArray = INT32_MIN;
 
-  /// The window that the control lies in, or nil. Not counted: the window owns its controls.
+  /// The window that contains the control, or nil. The control does not keep the window alive.
   [[nodiscard]] Ref<veldrin::Window> Window() const;
-  /// Moves the control into a window, or out of the one it lies in; `Window::_AddControl` and the
-  /// window's end call it.
+  /// Sets the containing window, or none for nullptr. Called only by class `Window`.
   void moveTo(veldrin::Window* window) { window_ = window; }
 
-  /// Takes the control out of its window; "Close" is raised before.
+  /// Raises "Close", then removes the control from its window.
   void Close();
 
-  /// Runs the handler of the event, if there is one: that of this object, else that of its class.
+  /// Calls the handler of this object for the event, else the handler of its class, if any.
   /// Raises what `callHandler` raises.
   void raiseEvent(const String& event);
   void raiseEvent(const Event<void()>& event) { raiseEvent(event.name()); }
@@ -60,15 +59,15 @@ class Control : public Described<Control, Object> {
   std::vector<Function> handlers_;  ///< by the index of the event in the class
 };
 
-/// Binds the function to that event of this one control; nil leaves the event to its class. Raises
-/// `IllegalCastException` for what is no control, `NilObjectException` for nil, and what
-/// `RequireEvent` raises.
+/// Binds the function to the event of this one control; nullptr leaves the event to its class.
+/// Raises `IllegalCastException` if the object is not a control, `NilObjectException` for nil, and
+/// what `RequireEvent` raises.
 void _InstallInstanceEventHandler(const Ref<Object>& object, const String& event,
                                   EventHandler handler);
 
-/// Puts right what a control's handler is called with: afterwards `Self` is the window and `Me` the
-/// control. What is no control but has a window by `_PaneChild` gives that; anything else leaves
-/// `Self` as it was, with `Me` the same object.
+/// Sets `Me` to `Self`, a control, and `Self` to its window, as the handler of a control expects.
+/// For a non-control that implements `_PaneChild`, `Self` is its window; any other object stays
+/// `Self`.
 void RuntimeSwapSelfAndMe(Ref<Object>& Self, Ref<Object>& Me);
 
 }  // namespace veldrin

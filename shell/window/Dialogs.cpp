@@ -6,8 +6,7 @@
 namespace veldrin {
 namespace {
 
-/// Shows a dialog of the toolkit. The window in front gives way to it and comes back behind it, if
-/// it was the active one.
+/// Shows a dialog of the toolkit. Deactivates an active front window before and activates it after.
 template <class Show>
 auto inFrontOfTheWindow(Show show) {
   const Ref<Window> window = frontWindow();

@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// Shows the modal save dialog and waits: the chosen place, or nil if the user cancels. `filter`
+/// Shows the modal save dialog. Returns the chosen place, or nil if the user cancels. `filter`
 /// names registered file types, joined by ";".
 Ref<FolderItem> GetSaveFolderItem(const String& filter, const String& defaultName);
 

@@ -4,7 +4,8 @@
 
 namespace veldrin {
 
-/// What is dragged over a window or a control; no part of this system drags anything.
+/// An object being dragged. It exists because the framework's conventions ask for it; nothing in
+/// Veldrin uses it.
 class DragItem final : public Described<DragItem, Object> {
  public:
   static constexpr FixedString FullName = "DragItem";

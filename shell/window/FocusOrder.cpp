@@ -7,7 +7,7 @@
 namespace veldrin {
 namespace {
 
-/// Appends the controls inside a parent. Each is inside one parent, and none is its own.
+/// Moves the controls inside a parent from `left` to `order`, so that each is visited once.
 void appendInside(const String& parent, std::vector<Ref<RectControl>>& left,
                   std::vector<Ref<RectControl>>& order) {
   const auto inside = std::stable_partition(

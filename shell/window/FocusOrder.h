@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// The controls of a window that can hold the keyboard focus, in the order in which the focus goes
-/// through them: by `TabIndex` within a parent, a panel's controls in the panel's place.
+/// The controls of a window that can get the keyboard focus, in focus order: by `TabIndex` within a
+/// parent, the children of a panel at the panel's position.
 std::vector<Ref<RectControl>> focusOrder(const Window& window);
 
 }  // namespace veldrin

@@ -4,8 +4,8 @@
 
 namespace veldrin {
 
-/// A property that a toolkit may have to show: a write tells the object that has it, in C++ as by
-/// description. `Owner` has a `changed()` for that, which is called once the new value stands.
+/// A property that reports each change to its owner, so that a toolkit can show it. After a write
+/// that changes the value, it calls `Owner::changed()`.
 ///
 ///     template <class T>
 ///     using Live = LiveProperty<Control, T>;
@@ -25,13 +25,13 @@ class LiveProperty {
 
   [[nodiscard]] T operator()() const { return value_; }
 
-  /// Writes the property. The same value again is nothing that anybody has to be told.
+  /// Writes the property; calls `changed()` only if the value differs.
   void operator()(T value) {
     std::swap(value_, value);
     if (!(value_ == value)) owner_.changed();
   }
 
-  /// Takes over what the toolkit shows already, and tells nobody.
+  /// Writes a value that the toolkit already shows, without calling `changed()`.
   void keep(T shown) { value_ = std::move(shown); }
 
  private:

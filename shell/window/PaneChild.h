@@ -6,8 +6,9 @@ namespace veldrin {
 
 class Window;
 
-/// The interface of what lies in a window without being a control. Its operations give what it lies
-/// in directly, and the window.
+/// The interface of an object in a window that is not a control. Its operations return the parent
+/// and the window. It exists because the framework's conventions ask for it; no class implements
+/// it.
 struct _PaneChild : DescribedInterface<_PaneChild> {
   static constexpr FixedString FullName = "_PaneChild";
   using Operations = std::tuple<MethodShape<Ref<Object>>, MethodShape<Ref<Window>>>;

@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// A framed panel with no text, which groups the controls that name it as their parent.
+/// A framed panel. It groups the controls whose `InitialParent` is its name.
 class Placard final : public Described<Placard, RectControl> {
  public:
   static constexpr FixedString FullName = "Placard";

@@ -8,8 +8,7 @@
 namespace veldrin {
 namespace {
 
-/// The entries of controls that are kept outside the class tables, in their fixed order. The form
-/// has use for one of them, that of the panels.
+/// The names of the entries in their fixed order.
 constexpr std::array<StringConstant, PluginEntryCount> EntryNames{
     "_"_s,
     "BevelButton.DeleteAllRows"_s,
@@ -75,7 +74,7 @@ const std::vector<Function>& pluginEntries() {
   return entries;
 }
 
-void layDownPluginEntries() {
+void releasePluginEntries() {
   entries.clear();
 }
 

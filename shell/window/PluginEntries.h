@@ -7,24 +7,23 @@
 
 namespace veldrin {
 
-/// The number of plug-in entries that the start-up asks for: those of controls that are kept
-/// outside the class tables.
+/// The number of plug-in entries: operations of controls, looked up by name at the start. They
+/// exist because the framework's conventions ask for them; nothing in Veldrin calls one.
 inline constexpr std::int32_t PluginEntryCount = 29;
 
-/// The implementation of a control's operation by its name, such as "Placard.Value.Set"; nil for
-/// what this build does not have. An entry that sets a property takes the object, an index word
-/// that it does not look at, and the value: it is found for properties that are computed, since the
-/// one of a stored property would take the index for the place of the field.
+/// The implementation of a control's operation by its name, such as "Placard.Value.Set", or
+/// nullptr. A setter takes the object, an unused index and the value. Only setters of computed
+/// properties are found, because the setter of a stored property uses the index as the offset of
+/// the field.
 Function RuntimeLookupPluginEntrypoint(const String& name);
 
-/// Looks the entries up, one after the other, and keeps them.
+/// Looks up all entries and stores them.
 void _InitPluginEntrypoints();
 
-/// The table of the entries, in the order of their names; empty before `_InitPluginEntrypoints`.
-/// Nothing calls an entry: the table exists because the framework's conventions ask for it.
+/// The entries in their fixed order. Empty before `_InitPluginEntrypoints`.
 const std::vector<Function>& pluginEntries();
 
-/// Gives the table up.
-void layDownPluginEntries();
+/// Clears the table.
+void releasePluginEntries();
 
 }  // namespace veldrin

@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-/// A drop-down list of texts of which one is selected, or none. It raises "Change" when the
-/// selection moves to another row, whether a person or the program moved it.
+/// A drop-down list with at most one selected row. It raises "Change" when the user or the program
+/// selects another row.
 class PopupMenu final : public Described<PopupMenu, RectControl>, public TextStyle {
  public:
   static constexpr FixedString FullName = "PopupMenu";
@@ -21,24 +21,24 @@ class PopupMenu final : public Described<PopupMenu, RectControl>, public TextSty
   };
 
   [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(rows_.size()); }
-  /// The text of a row, counted from 0. Raises `OutOfBoundsException` where there is none.
+  /// The text of a row, counted from 0. Raises `OutOfBoundsException` if there is no such row.
   [[nodiscard]] String List(std::int32_t row) const;
   /// Adds a row at the end.
   void AddRow(String text);
 
   /// The selected row, -1 when none is.
   [[nodiscard]] std::int32_t ListIndex() const { return listIndex_; }
-  /// Selects a row; a number that is no row selects none.
+  /// Selects a row, or none if there is no such row.
   void ListIndex(std::int32_t row);
   /// The text of the selected row, empty when none is.
   [[nodiscard]] String Text() const;
 
-  /// The rows that the form gives, each ended by a carriage return.
+  /// The initial rows, each ended by a carriage return.
   [[nodiscard]] String InitialValue() const { return initialValue_; }
-  /// Replaces the rows; none is selected afterwards.
+  /// Replaces the rows and selects none.
   void InitialValue(String rows);
 
-  /// A person has chosen a row, which nobody can where the list is disabled.
+  /// The user has chosen a row. Ignored if the list is disabled.
   void userChose(std::int32_t row);
 
   String DataSource;

@@ -5,7 +5,7 @@
 
 namespace veldrin {
 
-/// A button that a person presses; it raises "Action".
+/// A button. A press by the user raises "Action".
 class PushButton final : public Described<PushButton, RectControl>, public TextStyle {
  public:
   static constexpr FixedString FullName = "PushButton";
@@ -17,7 +17,7 @@ class PushButton final : public Described<PushButton, RectControl>, public TextS
     static constexpr Event<void()> Action{"Action"_s};
   };
 
-  /// A person has pressed the button.
+  /// The user has pressed the button.
   void userPressed() { raiseForPerson(Events::Action); }
 
   Live<String> Caption{*this};

@@ -4,8 +4,8 @@
 
 namespace veldrin {
 
-/// A control with a rectangle in its window. All numbers are pixels of the window's content, also
-/// for a control that lies inside another; the locks would act if the window could be resized.
+/// A control with a rectangle, in pixels relative to the window's content, even inside another
+/// control. The locks have no effect, because the window cannot be resized.
 class RectControl : public Described<RectControl, Control> {
  public:
   static constexpr FixedString FullName = "RectControl";
@@ -15,7 +15,7 @@ class RectControl : public Described<RectControl, Control> {
     static constexpr Event<void()> LostFocus{"LostFocus"_s};
   };
 
-  /// Readies a new control.
+  /// Does nothing.
   void Constructor() {}
 
   Live<std::int32_t> Left{*this};
@@ -27,32 +27,30 @@ class RectControl : public Described<RectControl, Control> {
   bool LockRight = false;
   bool LockBottom = false;
   std::int32_t TabPanelIndex = 0;
-  Live<std::int32_t> TabIndex{*this};  ///< the place in the order of the focus, in one parent
+  Live<std::int32_t> TabIndex{*this};  ///< position in the focus order within a parent
   Live<bool> TabStop{*this, true};
-  Live<String> InitialParent{*this};  ///< the name of what it lies in, empty for the window
+  Live<String> InitialParent{*this};  ///< name of the parent control; empty for the window
   Live<bool> Visible{*this, true};
   Live<String> HelpTag{*this};
   Live<bool> AutoDeactivate{*this, true};
   Live<bool> Enabled{*this, true};
 
-  /// Whether the keyboard focus stops here now.
+  /// Whether the control can currently get the keyboard focus.
   [[nodiscard]] bool takesFocus() const {
     return isFocusable() && TabStop() && Visible() && Enabled();
   }
 
-  /// A person has left the control: raises "LostFocus". A control that has been disabled while it
-  /// had the focus is not left by a person, and raises nothing.
+  /// The user has moved the focus away: raises "LostFocus", unless the control is disabled.
   void userLeft() { raiseForPerson(Events::LostFocus); }
 
  protected:
-  /// Raises the event of something that a person has done, unless the control is disabled: then it
-  /// raises none, whoever presses it.
+  /// Raises the event of a user action, unless the control is disabled.
   void raiseForPerson(const Event<void()>& event) {
     if (Enabled()) raiseEvent(event);
   }
 
  private:
-  /// Whether the class has something to do with a focus.
+  /// Whether controls of the class can have the keyboard focus at all.
   [[nodiscard]] virtual bool isFocusable() const { return false; }
 };
 

@@ -9,8 +9,8 @@ namespace veldrin {
 
 class MenuItem;
 
-/// What menu items and windows ask of the application that runs. They do not know it: it puts
-/// itself in force as `InForce<Session>`.
+/// The services of the running application that menu items and windows use. The session in force is
+/// `InForce<Session>::get()`.
 class Session {
  public:
   static constexpr std::string_view Kind = "session";

@@ -6,7 +6,7 @@
 
 namespace veldrin {
 
-/// A text that a person cannot change. A carriage return in it breaks the line.
+/// A text that the user cannot change. A carriage return starts a new line.
 class StaticText final : public Described<StaticText, RectControl>, public TextStyle {
  public:
   static constexpr FixedString FullName = "StaticText";

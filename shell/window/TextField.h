@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// A line of text that a person can edit. It raises "LostFocus" when the focus leaves it, and
-/// nothing when its text changes.
+/// An editable line of text. It raises "LostFocus" when the focus leaves it, but no event when its
+/// text changes.
 class TextField final : public Described<TextField, RectControl>, public TextStyle {
  public:
   static constexpr FixedString FullName = "TextField";
@@ -15,11 +15,9 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
 
   TextField() : TextStyle(static_cast<Control&>(*this)) {}
 
-  /// The present text, with what the person has typed.
   Live<String> Text{*this};
 
-  /// A person has changed the text to this, which no event tells of. Nobody can type into a field
-  /// that is disabled or only to be read.
+  /// The user has changed the text. Ignored if the field is disabled or read-only.
   void userTyped(String text);
 
   Live<bool> Border{*this, true};
@@ -31,7 +29,7 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
   Live<String> CueText{*this};
   Live<String> Mask{*this};
   Live<bool> ReadOnly{*this};
-  Live<std::int32_t> LimitText{*this};  ///< characters that a person can type; 0 for no limit
+  Live<std::int32_t> LimitText{*this};  ///< in characters; 0 for no limit
   Live<bool> AcceptTabs{*this};
   Live<std::int32_t> Alignment{*this};  ///< 0 the default, which is left; 1 left, 2 centre, 3 right
   String DataSource;

@@ -13,7 +13,7 @@ enum class FontUnits : std::uint8_t { Default, Pixel, Point, Inch, Millimeter };
 template <>
 inline constexpr FixedString EnumFullName<FontUnits> = "FontUnits";
 
-/// The settings of type that every control with a text has.
+/// The font settings of a control with a text.
 struct TextStyle {
   explicit TextStyle(Control& control)
       : TextFont(control),
@@ -31,7 +31,7 @@ struct TextStyle {
   Control::Live<bool> Underline;
 };
 
-/// The rows of the settings of type, for the table of a control that has them.
+/// Adds the font settings to the class table of a control.
 template <class Self>
 void fillTextStyle(ClassTable<Self>& table) {
   table.template property<&Self::TextFont>("TextFont"_s);

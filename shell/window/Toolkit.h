@@ -13,10 +13,10 @@ class FolderItem;
 class RuntimeException;
 class Window;
 
-/// All that Veldrin needs of a toolkit: it draws the window, shows dialogs and runs the event loop.
-/// The controls of the window are the live state, and a toolkit mirrors it. It is told here of each
-/// change by the program, and tells the controls (`TextField::userTyped` and its kin) of each
-/// change by the user. The toolkit in force is `InForce<Toolkit>::get()`.
+/// A toolkit draws the window, shows dialogs and runs the event loop. The window's controls hold
+/// the state, and the toolkit mirrors it. Veldrin reports its changes through this interface. The
+/// toolkit reports the user's changes to the controls, for example with `TextField::userTyped`. The
+/// toolkit in force is `InForce<Toolkit>::get()`.
 class Toolkit {
  public:
   static constexpr std::string_view Kind = "toolkit";
@@ -25,54 +25,51 @@ class Toolkit {
   Toolkit& operator=(const Toolkit&) = delete;
   virtual ~Toolkit() = default;
 
-  /// A window stands with its controls and their values; the toolkit shows it if it is `Visible`.
+  /// A window is complete with its controls and their values. Show it if it is `Visible`.
   virtual void windowOpened(Window& window) = 0;
 
-  /// A window has been closed and is about to give up its controls.
+  /// A window has been closed and will release its controls.
   virtual void windowClosed(Window& window) = 0;
 
   /// The program has changed a control in an open window: a property, its rows or its selection.
-  /// The toolkit follows what it draws.
   virtual void controlChanged(Control& control) = 0;
 
   /// The program has changed a property of an open window, such as its title or its bar of menus.
   virtual void windowChanged(Window& window) = 0;
 
-  /// The program has changed the application's bar, or the items of a bar that shows: their tree,
-  /// their texts, their ticks, or which are enabled. The editing commands go by the focused field
-  /// besides, as the desktop has it.
+  /// The program has changed the application's menu bar or an item of a visible menu bar. The
+  /// focused field also decides which editing commands are enabled.
   virtual void menusChanged() = 0;
 
-  /// Whether the desktop has a menu bar of its own, which stands when no window does.
+  /// Whether the desktop shows a menu bar also while no window is open.
   [[nodiscard]] virtual bool hasOwnMenuBar() const = 0;
 
-  /// Shows the modal save dialog and waits: the place that was chosen, or nil for cancelled.
-  /// `filter` names file types, joined by ";"; an existing file is confirmed in the dialog.
+  /// Shows the modal save dialog. Returns the chosen place, or nil if the user cancels. `filter`
+  /// names file types, joined by ";". The dialog asks before choosing an existing file.
   virtual Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) = 0;
 
-  /// Shows a text in a message box and returns when it has been dismissed.
+  /// Shows a message box and returns when the user has dismissed it.
   virtual void messageBox(const String& text) = 0;
 
-  /// Runs the event loop until `quit`, or until `stopSignalDescriptor` can be read. What a handler
-  /// raises comes out of here, and the loop can be run again.
+  /// Runs the event loop until `quit`, or until `stopSignalDescriptor` is readable. Throws the
+  /// exceptions of handlers; afterwards `run` may be called again.
   virtual void run() = 0;
 
-  /// Ends the event loop when the handler at hand has run to its end.
+  /// Ends the event loop after the current handler returns.
   virtual void quit() = 0;
 
-  /// Repaints what waits for it. Called often, from inside of handlers; delivers no user input.
+  /// Repaints pending changes. Called often, from inside handlers. Must not deliver user input.
   virtual void backgroundTask() = 0;
 
-  /// Reports an exception that nothing caught, to a person and to whoever reads the errors; where
-  /// it is the `EndException` of a process that the system ends, only to the latter. `sentence`
-  /// says what has happened, with no full stop.
+  /// Reports an uncaught exception to the user and on standard error. Reports an `EndException`
+  /// after a stop signal on standard error only. `sentence` has no full stop.
   virtual void reportUnhandledException(const RuntimeException& exception,
                                         const String& sentence) = 0;
 
-  /// Reports a fault of the build, which ends the process.
+  /// Reports an error that is not a framework exception. The process then ends.
   virtual void reportFault(const String& sentence) = 0;
 
-  /// Says that a report has failed itself, for lack of memory. Must not allocate any.
+  /// Reports that a report failed for lack of memory. Must not allocate memory.
   virtual void reportLost() noexcept = 0;
 
  protected:

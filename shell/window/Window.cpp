@@ -56,7 +56,7 @@ void Window::fillTable(ClassTable<Window>& table) {
 }
 
 void Window::__Init() {
-  InForce<Toolkit>::get();  // fails now, and not when the window is shown
+  InForce<Toolkit>::get();  // fails now instead of when the window is shown
   _WindowSupport.Windows.emplace_back(this);
 }
 
@@ -104,7 +104,7 @@ void Window::_AddControl(const String& name, const Ref<Object>& control) {
   const Ref<Control> added = CheckCast<Control>(control);
   const Ref<Window> before = added->Window();
   if (before && before.get() != this) before->_RemoveControl(added);
-  // Where there is no memory for one list, neither has the control.
+  // Reserve first, so that a failed allocation leaves both lists unchanged.
   _mControlNames.reserve(_mControlNames.size() + 1);
   _mControlList.reserve(_mControlList.size() + 1);
   added->moveTo(this);
@@ -131,8 +131,8 @@ void Window::_RemoveControl(const Ref<Control>& control) {
 
 namespace {
 
-/// Takes a closed window out of the list of open windows, of the dirty and of the implicit ones.
-void leaveWindowSupport(const Ref<Window>& window) {
+/// Removes a closed window from the open, the dirty and the implicit windows.
+void removeFromWindowSupport(const Ref<Window>& window) {
   auto& windows = _WindowSupport.Windows;
   for (auto entry = windows.begin(); entry != windows.end(); ++entry) {
     if (*entry == window) {
@@ -161,7 +161,7 @@ bool Window::_UnifiedClose(bool quitting) {
   if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
-    yieldToToolkit();  // a window that is half closed is not left by a signal
+    yieldToToolkit();  // a stop signal must not leave a half-closed window
   }
   leave();
   if (!quitting) InForce<Session>::get().windowClosed();
@@ -173,7 +173,7 @@ void Window::leave() {
   if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
   while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
   _mMenuHandlers = nullptr;  // a handler may be bound to this very window
-  leaveWindowSupport(Ref<Window>(this));
+  removeFromWindowSupport(Ref<Window>(this));
 }
 
 void Window::_CallActivated() {
@@ -218,9 +218,9 @@ void Window::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items) {
   }
 }
 
-void leaveAllWindows() {
-  // A window whose menu handler is bound to the window itself would live on otherwise. Nothing here
-  // allocates memory, of which there may be none.
+void removeAllWindows() {
+  // Breaks the reference cycle of a window whose menu handler is bound to the window. Must not
+  // allocate, because memory may be exhausted.
   auto& windows = _WindowSupport.Windows;
   while (!windows.empty()) Ref<Window>(windows.back())->leave();
 }
@@ -235,14 +235,13 @@ Ref<Window> frontWindow() {
 
 Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name) {
   const auto& names = window._mControlNames;
-  // The names of the program are constants, so nearly always it is the very same record as the last
-  // time, in the same place.
+  // Names are mostly constants, so the same record usually finds the same control as before.
   const auto address = reinterpret_cast<std::uintptr_t>(name.record());
   std::uint8_t& hint = window.places_[address / alignof(StringRecord) % window.places_.size()];
   if (hint != 0 && names[hint - 1U].record() == name.record()) {
     return window._mControlList[hint - 1U];
   }
-  // From the end, as the newest control has the name.
+  // From the end, because the newest control of a name is found.
   const auto found = std::find(names.rbegin(), names.rend(), name);
   if (found == names.rend()) return nullptr;
   const auto place = static_cast<std::size_t>(names.rend() - found);

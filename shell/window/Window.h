@@ -13,22 +13,22 @@
 
 namespace veldrin {
 
-/// A window with its controls. It is made in two steps, `New` and `Constructor`; the second raises
-/// the events of its opening, in this order: "Layout", "CreateControls", "AddMenuHandlers",
-/// "SetupBindings", the "Open" of each control, then its own "Open". An open window lives until it
-/// is closed, whoever holds it besides. A window that is closed in the middle of its opening, or
-/// whose opening fails, is never shown, and no further event of the opening is raised.
+/// A window with its controls. `New` makes it; `Constructor` opens it and raises, in this order,
+/// "Layout", "CreateControls", "AddMenuHandlers", "SetupBindings", the "Open" of each control, and
+/// the window's "Open". The framework keeps a reference to an open window until it is closed. If a
+/// handler closes the window or throws during the opening, the remaining events are not raised and
+/// the window is never shown.
 class Window : public Described<Window, Object> {
  public:
   static constexpr FixedString FullName = "Window";
   static void fillTable(ClassTable<Window>& table);
 
-  /// The events of a window, in the order of its table, with what their handlers take and give.
-  /// True is for handled, and for refused in "CancelClose", which is told whether the application
-  /// quits. "Activate" and "Deactivate" come in turn, also around a dialog; "KeyDown" comes with
-  /// the letters of a key that no control takes. What is raised by no toolkit so far: "KeyUp", the
-  /// events of the mouse, of dragging and of contextual menus, "Paint", "Resizing", "Resized" and
-  /// "Maximize", as the form draws nothing, takes nothing and keeps its size.
+  /// The events of a window, in the order of its table. A handler returns true for handled. The
+  /// handler of "CancelClose" gets whether the application is quitting and returns true to refuse.
+  /// "Activate" and "Deactivate" alternate, also around a dialog. "KeyDown" gets the characters of
+  /// a key that no control uses. No toolkit raises "KeyUp", "Paint", "Resizing", "Resized",
+  /// "Maximize" or the events of the mouse, of dragging and of contextual menus. They exist because
+  /// the framework's conventions ask for them.
   struct Events {
     static constexpr Event<void()> Layout{"Layout"_s};
     static constexpr Event<void()> CreateControls{"CreateControls"_s};
@@ -67,75 +67,73 @@ class Window : public Described<Window, Object> {
         "DragOver"_s};
   };
 
-  /// `RuntimeCreateWindow`: enters the window among the open ones.
+  /// `RuntimeCreateWindow`: adds the window to the open windows.
   void __Init();
-  /// `RuntimeViewDestructor`: lets go of the toolkit's window and of the controls.
+  /// `RuntimeViewDestructor`: releases the toolkit's window and the controls.
   void __Exit();
-  /// `WindowDefaultConstructor`: raises the events of the opening and hands the window to the
+  /// `WindowDefaultConstructor`: raises the events of the opening and passes the window to the
   /// toolkit.
   void Constructor();
 
-  /// A new object of the class that belongs to this window; so controls and dates are made.
+  /// Makes an object of the class. The form makes its controls and dates through this slot.
   [[nodiscard]] Ref<Object> __New(ClassRecord* record) const { return RuntimeNewObject(record); }
 
-  /// Enters a control under its name, and takes it out of another window. Where a control of that
-  /// name stands already, the name finds the new one from then on; the old one stays in the window.
-  /// A toolkit does not show what comes into an open window. Raises `IllegalCastException` for what
-  /// is no control.
+  /// Adds a control under a name and removes it from any other window. If the name is taken, later
+  /// look-ups find the new control; the old one stays in the window. Toolkits do not show a control
+  /// added to an open window. Raises `IllegalCastException` if the object is not a control.
   void _AddControl(const String& name, const Ref<Object>& control);
 
-  /// Takes a control away, under whatever names it has; a closing control comes to this. The
-  /// reference may be an element of the window's own list.
+  /// Removes a control under all its names. The argument may refer into the window's own list.
   void _RemoveControl(const Ref<Control>& control);
 
   /// Closes the window as its close button does.
   void Close() { _UnifiedClose(false); }
-  /// Closes the controls and takes the window from the open ones. False where the handler of
-  /// "CancelClose" says no, which is told whether the application is quitting, and where the window
-  /// is being closed already. A closed window has nothing left to do. With the last window the
-  /// application may end, see `Application::AutoQuit`.
+  /// Closes the controls and the window. Returns false if the handler of "CancelClose" refuses or
+  /// the window is already being closed. Returns true for a closed window. Closing the last window
+  /// may end the application, see `Application::AutoQuit`.
   bool _UnifiedClose(bool quitting);
-  /// Takes the window from the toolkit and from the open ones, without asking or telling it.
+  /// Removes the window from the toolkit and from the open windows without raising an event.
   void leave();
 
-  /// A property that the toolkit is told of while the window is open.
+  /// A property whose changes are reported to the toolkit while the window is open.
   template <class T>
   using Live = LiveProperty<Window, T>;
 
-  Live<Ref<veldrin::MenuBar>> MenuBar{*this};  ///< the bar of menus, or nil
+  Live<Ref<veldrin::MenuBar>> MenuBar{*this};  ///< nil for the application's bar
 
-  /// Notes that the window waits for a redraw, until it is closed; a closed one waits for none.
+  /// Marks an open window as waiting for a redraw. It exists because the framework's conventions
+  /// ask for it; nothing in Veldrin calls it.
   void _AddDirtyWindow();
 
-  /// The window has become the active one: raises "Activate" and enables the menu items afresh.
+  /// Marks the window active, raises "Activate" and refreshes the menu items.
   void _CallActivated();
-  /// The window is no longer the active one, likewise.
+  /// Marks the window inactive, raises "Deactivate" and refreshes the menu items.
   void _CallDeactivated();
-  /// The window has come to the front or gone from there; does nothing where it is so already.
+  /// The user has activated or deactivated the window. Does nothing without a change.
   void userTurnedTo(bool active);
   [[nodiscard]] bool isActive() const { return active_; }
 
-  /// Binds the menu item of that name to a handler of the window; with nil, the item is enabled and
-  /// goes its own way.
+  /// Binds the menu item of that name to a handler. Nil enables the item and leaves the command to
+  /// the item's own "Action".
   void _AddMenuHandler(const String& name, const Ref<Delegate>& handler);
-  /// Calls the handler that is bound to the menu item of that name; false where there is none.
+  /// Calls the handler bound to the menu item of that name. Returns false if there is none.
   bool callMenuHandler(const String& name);
-  /// Whether the menu item of that name has been bound, be it to nil.
+  /// Whether the menu item of that name has been bound, also if bound to nil.
   [[nodiscard]] bool hasMenuHandler(const String& name) const;
-  /// Raises "EnableMenuItems" and enables those of the items that have a handler of the window.
+  /// Raises "EnableMenuItems" and enables the items that are bound to a handler of the window.
   void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
-  /// The first that is asked to handle a menu item that a person has chosen. This one does nothing
-  /// and answers false.
+  /// Called first when the user chooses a menu item, see `Session::handlesMenuCommand`. An override
+  /// returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
-  /// The controls in the order in which they were made.
+  /// The controls in the order in which they were added.
   [[nodiscard]] const std::vector<Ref<Control>>& controls() const { return _mControlList; }
 
-  /// Whether the opening has run to its end.
+  /// Whether the opening is complete and the window is not closed.
   [[nodiscard]] bool isOpen() const { return open_; }
 
   std::int32_t Placement = 0;       ///< 0: the toolkit chooses the place on the screen
-  Live<std::int32_t> Width{*this};  ///< of the content, pixels, as the heights
+  Live<std::int32_t> Width{*this};  ///< of the content in pixels, as all sizes
   Live<std::int32_t> Height{*this};
   Live<std::int32_t> MinWidth{*this};
   Live<std::int32_t> MinHeight{*this};
@@ -165,11 +163,11 @@ class Window : public Described<Window, Object> {
   void changed();
   void raiseTheOpening();
 
-  std::vector<String> _mControlNames;  ///< by which the controls were entered
-  /// Where a name was found the last time, counted from 1, by the address of its record: a hint
-  /// that is forgotten when controls come or go.
+  std::vector<String> _mControlNames;
+  /// A cache of `RuntimeWindowControlByName`: for a hash of the name's address, the index of its
+  /// control plus 1. Cleared when controls are added or removed.
   mutable std::array<std::uint8_t, 64> places_{};
-  std::vector<Ref<Control>> _mControlList;  ///< the controls themselves, in the same places
+  std::vector<Ref<Control>> _mControlList;  ///< parallel to `_mControlNames`
   Ref<Dictionary> _mMenuHandlers;
   bool open_ = false;
   bool active_ = false;
@@ -177,33 +175,34 @@ class Window : public Described<Window, Object> {
   bool closed_ = false;
 };
 
-/// What the framework keeps of the windows of the process.
+/// The framework's state of all windows of the process.
 struct WindowSupport {
-  std::vector<Ref<Window>> Windows;  ///< the open windows, which live because they are here
-  Ref<Dictionary> mDirtyWindows;     ///< the windows that wait for a redraw; made on first use
+  std::vector<Ref<Window>> Windows;  ///< the open windows; this reference keeps them alive
+  Ref<Dictionary> mDirtyWindows;     ///< see `Window::_AddDirtyWindow`; nil until used
 };
 inline WindowSupport _WindowSupport;
 
-/// The implicit windows by class name. Stays nil: `_GetImplicitWindow` searches the open windows.
-/// It exists because the framework's conventions name it among the globals of a program.
+/// The implicit windows by class name. It exists because the framework's conventions ask for it; it
+/// stays nil, and `_GetImplicitWindow` searches the open windows instead.
 inline Ref<Dictionary> _mImplicitWindowList;
 
-/// Takes the windows that are still open down, without asking anything.
-void leaveAllWindows();
+/// Removes all open windows without raising events.
+void removeAllWindows();
 
-/// The control of that name in the window, nil where there is none.
+/// The control of that name in the window, or nil.
 Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name);
 
-/// The same, typed as the class `T`. Raises `IllegalCastException` for a control of another class.
+/// The control of that name as a `T`, or nil. Raises `IllegalCastException` for a control of
+/// another class.
 template <class T>
 Ref<T> RuntimeWindowControlByName(const Window& window, const String& name) {
   return CheckCast<T>(RuntimeWindowControlByName(window, name));
 }
 
-/// The open window that is the active one, else the one that was opened last; nil without any.
+/// The active window, else the window opened last; nil if no window is open.
 Ref<Window> frontWindow();
 
-/// The open window of the class of that full name, nil where there is none.
+/// The open window whose class has that full name, or nil.
 Ref<Window> _GetImplicitWindow(const String& className);
 
 }  // namespace veldrin

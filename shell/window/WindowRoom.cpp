@@ -8,9 +8,9 @@ namespace veldrin {
 WindowRoom::~WindowRoom() {
   _mImplicitWindowList = nullptr;
   _WindowSupport.mDirtyWindows = nullptr;
-  leaveAllWindows();
-  layDownApplication();
-  layDownPluginEntries();
+  removeAllWindows();
+  releaseApplication();
+  releasePluginEntries();
   endObjectsThatWait();
 }
 

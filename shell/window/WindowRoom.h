@@ -5,12 +5,11 @@
 
 namespace veldrin {
 
-/// Takes up the state of this room: the toolkit and the session in force. At its end it closes the
-/// windows that are still open, without asking anything, and gives up the application and the
-/// plug-in entries.
+/// Puts the toolkit and the session in force. The destructor removes the windows that are still
+/// open, without raising events, and releases the application and the plug-in entries.
 class WindowRoom {
  public:
-  /// `toolkit` must outlive this.
+  /// `toolkit` must outlive the object.
   explicit WindowRoom(Toolkit& toolkit) : toolkit_(toolkit), inForce_(session_) {}
   WindowRoom(const WindowRoom&) = delete;
   WindowRoom& operator=(const WindowRoom&) = delete;
