@@ -18,6 +18,8 @@ endfunction()
 if(TARGET veldrin-calendar)
   install(TARGETS veldrin-calendar)
   install_compressed(veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES desktop/veldrin-calendar.bash RENAME veldrin-calendar
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 endif()
 if(TARGET veldrin)
   install(TARGETS veldrin)

@@ -37,6 +37,7 @@ same "the files" "$(dpkg-deb -c "$package" | awk '$1 !~ /^d/ { print $1, $2, $6 
 -rwxr-xr-x root/root ./usr/bin/veldrin
 -rwxr-xr-x root/root ./usr/bin/veldrin-calendar
 -rw-r--r-- root/root ./usr/share/applications/org.veldrin.Veldrin.desktop
+-rw-r--r-- root/root ./usr/share/bash-completion/completions/veldrin-calendar
 -rw-r--r-- root/root ./usr/share/doc/veldrin/changelog.gz
 -rw-r--r-- root/root ./usr/share/doc/veldrin/copyright
 -rw-r--r-- root/root ./usr/share/icons/hicolor/128x128/apps/org.veldrin.Veldrin.png

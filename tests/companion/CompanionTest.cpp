@@ -404,7 +404,7 @@ TEST_F(CompanionTest, ATownOrAZoneStandsForTheNumbers) {
 
 TEST_F(CompanionTest, WhatATownOrAZoneCannotSayIsOneSentence) {
   const struct {
-    std::string options, sentence, setting;
+    std::string options, sentence, setting = {};
   } rows[] = {{"--town=Cambridge", "Cambridge, England, GB; "},
               {"--town=Berln", "Berlin, Berlin, DE"},
               {"--town=", "town"},

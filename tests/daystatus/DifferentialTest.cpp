@@ -227,9 +227,12 @@ TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
       const std::string set = after("Sunset = ");
       char number[16];
       std::snprintf(number, sizeof number, "%d%02d%02d ", day->Year(), day->Month(), day->Day());
-      days.push_back(number + (rise == "N/A" || set == "N/A"
-                                   ? "No sunrise or sunset"
-                                   : "Sunrise at " + rise + ", Sunset at " + set));
+      std::string& line = days.emplace_back(number);
+      if (rise == "N/A" || set == "N/A") {
+        line.append("No sunrise or sunset");
+      } else {
+        line.append("Sunrise at ").append(rise).append(", Sunset at ").append(set);
+      }
       if (!source.oneIn(20)) continue;
       person->press("BackOneDay");
       ASSERT_NE(status(), shown) << described();

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <sstream>
 #include <string>
@@ -42,8 +43,9 @@ TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
       continue;
     }
     std::istringstream words(line.substr(4));
-    std::string name, year, latitude, longitude, zone, hemisphere, size, checksum;
-    words >> name >> year >> latitude >> longitude >> zone >> hemisphere >> size >> checksum;
+    std::array<std::string, 8> row;
+    for (std::string& word : row) words >> word;
+    const auto& [name, year, latitude, longitude, zone, hemisphere, size, checksum] = row;
     SCOPED_TRACE(name);
     fillIn(year, latitude, longitude, zone);
     person->tick("DownUnderFlag", hemisphere == "south");
@@ -53,10 +55,12 @@ TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
     EXPECT_THAT(days,
                 Each(MatchesRegex("[0-9]+ (No sunrise or sunset|Sunrise at [0-9]{2}:[0-9]{2}, "
                                   "Sunset at [0-9]{2}:[0-9]{2})")));
-    std::vector<std::string> numbers;
-    for (const std::string& day : days) numbers.push_back(day.substr(0, day.find(' ')));
+    std::vector<std::string> numbers(days.size());
+    std::ranges::transform(days, numbers.begin(),
+                           [](const std::string& day) { return day.substr(0, day.find(' ')); });
     EXPECT_EQ(numbers, numbersOf(std::stoi(year)));
-    EXPECT_EQ(std::to_string(document.size()) + " " + checksumOf(document), size + " " + checksum);
+    EXPECT_EQ(std::to_string(document.size()), size);
+    EXPECT_EQ(checksumOf(document), checksum);
   }
 }
 
