@@ -3,7 +3,8 @@
 find_path(CCTZ_INCLUDE cctz/time_zone.h)
 find_library(CCTZ_LIBRARY cctz)
 find_path(UTF8PROC_INCLUDE utf8proc.h)
-find_library(UTF8PROC_LIBRARY utf8proc)
+# The archive where there is one: a shared library costs every start.
+find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a utf8proc)
 
 # cctz reads the files of the time zone database.
 if(CCTZ_INCLUDE AND CCTZ_LIBRARY)
