@@ -1,7 +1,7 @@
 // The application's arithmetic and text in plain functions: no window, no controls, no counted
 // objects, and no code of the application. Benchmarks compare the speed of the application with it.
-// Tests compare the results: equal bits prove that the framework around the arithmetic changes none,
-// not that the arithmetic is right.
+// Tests compare the results: equal bits prove that the framework around the arithmetic changes
+// none, not that the arithmetic is right.
 //
 //   bare::Saving off{false, false, std::nullopt, std::nullopt};
 //   bare::status({47.5, -122.5, -8.0}, off, {2024, 6, 21});

@@ -3,9 +3,9 @@
 #include <clocale>
 #include <string>
 
+#include "daystatus/FormParts.h"
 #include "tests/qt/QtPerson.h"
 #include "tests/support/Programs.h"
-#include "daystatus/FormParts.h"
 
 namespace veldrin::test {
 namespace {

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "daystatus/FormParts.h"
 #include "shell/window/FocusOrder.h"
 #include "tests/support/Form.h"
 #include "tests/support/RuntimeTest.h"
-#include "daystatus/FormParts.h"
 #include "ui/FormStreams.h"
 #include "ui/PropertyStream.h"
 

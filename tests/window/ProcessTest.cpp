@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
+#include "daystatus/FormParts.h"
 #include "shell/window/PluginEntries.h"
 #include "tests/support/RuntimeTest.h"
-#include "daystatus/FormParts.h"
 #include "ui/MenuBar1.h"
 
 namespace veldrin::test {
