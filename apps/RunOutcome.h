@@ -6,9 +6,9 @@
 
 namespace veldrin {
 
-/// What became of a run of the companion.
+/// What became of a run of veldrin-calendar.
 struct RunOutcome {
-  int status = 0;                            ///< the exit status
+  int status = 0;                            ///< the exit status to return
   std::string output = {};                   ///< text for standard output
   std::vector<std::string> complaints = {};  ///< sentences for standard error
   bool isOutOfMemory = false;                ///< memory ran out, even for a sentence about it

@@ -41,7 +41,7 @@ struct ControlExtras {
 
 /// One control of the form: a row of the table below. Positions and sizes are pixels relative to
 /// the window's content, even inside a panel. To add a control, add its row in the order of
-/// creation.
+/// creation; docs/adding.md has the other steps.
 struct ControlRow {
   ControlKind kind;
   std::string_view name;

@@ -6,8 +6,9 @@
 
 namespace veldrin {
 
-/// A kind of file that a dialog can offer. It registers itself with the framework on its first use
-/// as a filter, and on the first use after a change. It may outlive the `Runtime`.
+/// A kind of file that a dialog can offer; calendar/OutputFile.h has those of Veldrin. It registers
+/// itself with the framework on its first use as a filter, and on the first use after a change. It
+/// may outlive the `Runtime`.
 class FileType final : public Described<FileType, Object> {
  public:
   static constexpr FixedString FullName = "FileType";

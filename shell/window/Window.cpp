@@ -161,7 +161,7 @@ bool Window::_UnifiedClose(bool quitting) {
   if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
-    yieldToToolkit();  // a stop signal must not leave a half-closed window
+    yieldToToolkit();  // a stop signal must not interrupt the closing
   }
   leave();
   if (!quitting) InForce<Session>::get().windowClosed();
