@@ -58,7 +58,7 @@ constexpr std::size_t handlerCount() {
   std::size_t count = 0;
   for (const ControlRow& row : Rows) {
     for (const HandlerRow& handler : row.extras.handlers) {
-      if (handler.method != nullptr) ++count;
+      if (!handler.event.empty()) ++count;
     }
   }
   return count;
@@ -69,7 +69,7 @@ constexpr auto handlerPlaces() {
   std::size_t place = 0;
   for (std::size_t row = 0; row < Rows.size(); ++row) {
     for (std::size_t handler = 0; handler < Rows[row].extras.handlers.size(); ++handler) {
-      if (Rows[row].extras.handlers[handler].method != nullptr) places[place++] = {row, handler};
+      if (!Rows[row].extras.handlers[handler].event.empty()) places[place++] = {row, handler};
     }
   }
   return places;
