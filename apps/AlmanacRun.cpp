@@ -36,13 +36,13 @@ std::int64_t stampOf(const Host& host) {
   return isWhole && seconds >= 0 && seconds <= LastSecond ? seconds : host.now();
 }
 
-/// A number that was asked for, or the one that the form begins with.
+/// Reads a number of the request; without one, the initial number of the form.
 double numberOr(const std::optional<std::string>& text, std::string_view control) {
   const auto* const row = std::ranges::find(FormTable, control, &ControlRow::name);
   return Val(String(text ? std::string_view(*text) : row->text));
 }
 
-/// The zone that was asked for, or the one that the window begins with.
+/// The zone of the request; without one, the initial zone of the window.
 double zoneOf(const Host& host, const CalendarRequest& request) {
   if (request.timeZone) return Val(String(*request.timeZone));
   const Ref<Date> today = New<Date>();
@@ -96,7 +96,7 @@ std::string zoneInWords(const Host& host, const CalendarRequest& request,
   return std::string(zone < 0.0 ? "UTC-" : "UTC+") + std::string(digits.data(), end);
 }
 
-/// What the run writes: the picture, or the calendar.
+/// Composes the picture or the calendar.
 std::string documentOf(const Host& host, const CalendarRequest& request,
                        const PlaceOfRequest& found) {
   const Place place{request.place, numberOr(request.latitude, "Latitude"),

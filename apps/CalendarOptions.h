@@ -11,8 +11,8 @@
 
 namespace veldrin {
 
-/// What the companion was asked for, checked. The window reads every text below as the user meant
-/// it. What was not given stays as the window has it.
+/// The checked options of veldrin-calendar. The window reads every text below as the user meant it.
+/// An option that was not given keeps the value of the window.
 struct CalendarRequest {
   std::optional<std::string> town;   ///< gives place, coordinates and zone
   std::optional<std::string> towns;  ///< list the towns that this text may mean, and no more

@@ -10,7 +10,7 @@
 
 namespace veldrin {
 
-/// What a town or a zone of the request stands for.
+/// The result of looking up the town or the zone of a request.
 struct PlaceOfRequest {
   std::string town;                 ///< the full name of the town that was meant, empty for none
   std::string zone;                 ///< the full name of the zone

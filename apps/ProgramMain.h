@@ -16,9 +16,9 @@ void complain(const char* program, const std::string& sentence);
 /// Says that there is not enough memory, without allocating any.
 void complainOfMemory(const char* program);
 
-/// What `main` of every program does: opens the standard descriptors that are closed, runs the body
-/// and returns its exit status. Whatever the body throws is said in one sentence, and the status is
-/// `Failed`.
+/// The body of `main` of every program: opens the standard descriptors that are closed, runs the
+/// body and returns its exit status. Whatever the body throws is said in one sentence, and the
+/// status is `Failed`.
 int runProgram(const char* program, const std::function<int()>& body);
 
 }  // namespace veldrin
