@@ -1,12 +1,12 @@
 # The libraries of places/, which are parts of the companion alone. Without one of them the companion
 # is built all the same, and says what it was built without.
-find_path(CCTZ_INCLUDE cctz/time_zone.h)
-find_library(CCTZ_LIBRARY cctz)
+# An archive where there is one: a shared library costs every start.
+find_path(CCTZ_INCLUDE absl/time/internal/cctz/include/cctz/time_zone.h)
+find_library(CCTZ_LIBRARY NAMES libabsl_time_zone.a absl_time_zone)
 find_path(UTF8PROC_INCLUDE utf8proc.h)
-# The archive where there is one: a shared library costs every start.
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a utf8proc)
 
-# cctz reads the files of the time zone database.
+# cctz, a part of Abseil, reads the files of the time zone database.
 if(CCTZ_INCLUDE AND CCTZ_LIBRARY)
   veldrin_room(places/cctz)
   target_include_directories(veldrin_cctz SYSTEM PRIVATE ${CCTZ_INCLUDE})

@@ -33,7 +33,7 @@ need_packages() {
 
 # Packages for the core and veldrin-calendar, the window, tests with a display, other tests,
 # benchmarks.
-BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev libcctz-dev libutf8proc-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev libabsl-dev libutf8proc-dev)
 WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
   at-spi2-core dbus-daemon)

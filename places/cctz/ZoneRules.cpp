@@ -1,7 +1,7 @@
 #include "places/ZoneRules.h"
 
-#include <cctz/time_zone.h>
-#include <cctz/zone_info_source.h>
+#include <absl/time/internal/cctz/include/cctz/time_zone.h>
+#include <absl/time/internal/cctz/include/cctz/zone_info_source.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -13,9 +13,11 @@
 #include <utility>
 #include <vector>
 
-#include "places/PosixRule.h"
 #include "places/ZoneFile.h"
 #include "shell/host/Civil.h"
+
+// Debian has an archive of cctz as a part of Abseil alone.
+namespace cctz = absl::time_internal::cctz;
 
 namespace veldrin {
 namespace {
@@ -42,40 +44,17 @@ class Bytes final : public cctz::ZoneInfoSource {
   std::string_view left_;
 };
 
-/// A zone as its file has it. The library reads the listed changes; some of its versions go wrong
-/// where the last two of them do not follow the rule behind them, so that rule is read here.
-class FileZone {
- public:
-  /// Nothing if the file is damaged.
-  static std::optional<FileZone> read(std::string_view bytes) {
-    FileZone zone;
-    auto file = readZoneFile(bytes);
-    // The bytes themselves are the name by which the library knows the zone. It keeps each zone
-    // that it has read, so two files never share a name.
-    if (!file || !cctz::load_time_zone(file->changes, &zone.listed_)) return std::nullopt;
-    zone.lastChange_ = file->lastChange;
-    zone.rule_ = file->rule;
-    return zone;
-  }
-
-  /// Seconds ahead of Universal Time.
-  [[nodiscard]] std::int64_t offsetAt(std::int64_t second) const {
-    if (rule_ && second >= lastChange_) return rule_->offsetAt(second);
-    return listed_.lookup(cctz::time_point<cctz::seconds>(cctz::seconds(second))).offset;
-  }
-
- private:
-  cctz::time_zone listed_;
-  std::int64_t lastChange_ = 0;
-  std::optional<PosixRule> rule_;
-};
+/// Seconds ahead of Universal Time.
+std::int64_t offsetAt(const cctz::time_zone& zone, std::int64_t second) {
+  return zone.lookup(cctz::time_point<cctz::seconds>(cctz::seconds(second))).offset;
+}
 
 /// Appends the changes in (from, to] by halving. Two changes that cancel each other are missed, so
 /// the span is a day: no zone of the database has changed twice within three days.
-void appendChanges(const FileZone& zone, std::int64_t from, std::int64_t to,
+void appendChanges(const cctz::time_zone& zone, std::int64_t from, std::int64_t to,
                    std::vector<ClockChange>& changes) {
-  const std::int64_t offset = zone.offsetAt(to);
-  if (zone.offsetAt(from) == offset) return;
+  const std::int64_t offset = offsetAt(zone, to);
+  if (offsetAt(zone, from) == offset) return;
   if (to - from == 1) {
     changes.push_back({static_cast<double>(to) / 60.0, static_cast<double>(offset) / 60.0});
     return;
@@ -85,36 +64,34 @@ void appendChanges(const FileZone& zone, std::int64_t from, std::int64_t to,
   appendChanges(zone, middle, to, changes);
 }
 
+/// Gives the library the bytes of a zone. Its name for a zone is the bytes themselves, so that two
+/// files never share one: it keeps each zone that it has read.
+std::unique_ptr<cctz::ZoneInfoSource> sourceOf(
+    const std::string& name,
+    const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>& /*usual*/) {
+  return std::make_unique<Bytes>(name);
+}
+
 }  // namespace
 
 std::optional<ClockRules> zoneRules(std::string_view file, std::int64_t firstYear,
                                     std::int64_t lastYear) {
-  const auto zone = FileZone::read(file);
-  if (!zone) return std::nullopt;
+  cctz::time_zone zone;
+  if (!isWholeZoneFile(file) || !cctz::load_time_zone(std::string(file), &zone)) {
+    return std::nullopt;
+  }
   constexpr std::int64_t DaysBeside = 40;
   const std::int64_t first = (dayNumber(firstYear, 1, 1) - DaysBeside) * SecondsOfDay;
   const std::int64_t last = (dayNumber(lastYear, 12, 31) + DaysBeside) * SecondsOfDay;
   std::vector<ClockChange> changes;
   for (std::int64_t day = first; day < last; day += SecondsOfDay) {
-    appendChanges(*zone, day, day + SecondsOfDay, changes);
+    appendChanges(zone, day, day + SecondsOfDay, changes);
   }
-  return ClockRules(static_cast<double>(zone->offsetAt(first)) / 60.0, std::move(changes));
+  return ClockRules(static_cast<double>(offsetAt(zone, first)) / 60.0, std::move(changes));
 }
 
 }  // namespace veldrin
 
-/// Where the library gets the bytes of a zone, by its own name for this function.
-namespace cctz_extension {
-namespace {
-
-std::unique_ptr<cctz::ZoneInfoSource> bytesOf(
-    const std::string& name,
-    const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>& /*usual*/) {
-  return std::make_unique<veldrin::Bytes>(name);
-}
-
-}  // namespace
-
-ZoneInfoSourceFactory zone_info_source_factory = bytesOf;
-
-}  // namespace cctz_extension
+/// The library's own variable; it asks this function for the bytes of a zone.
+absl::time_internal::cctz_extension::ZoneInfoSourceFactory
+    absl::time_internal::cctz_extension::zone_info_source_factory = veldrin::sourceOf;

@@ -10,7 +10,6 @@
 #include <set>
 #include <string>
 
-#include "places/PosixRule.h"
 #include "places/ZoneFolder.h"
 #include "shell/host/Civil.h"
 
@@ -78,58 +77,6 @@ TEST(ZoneRulesTest, EveryZoneGoesByTheCLibrary) {
     }
   }
   EXPECT_GT(seen.size(), 300U);
-}
-
-TEST(PosixRuleTest, RulesGoByTheCLibrary) {
-  for (const char* text : {"UTC0", "<+0545>-5:45", "ABC-1:02:03", "CET-1CEST,M3.5.0,M10.5.0/3",
-                           "IST-1GMT0,M10.5.0,M3.5.0/1", "NZST-12NZDT,M9.5.0,M4.1.0/3",
-                           "<-02>2<-01>,M3.5.0/-1,M10.5.0/0", "<-04>4<-03>,M9.1.6/24,M4.1.6/24",
-                           "EET-2EEST,M3.4.4/50,M10.4.4/50", "ABC3DEF,J60,J300/4",
-                           "ABC3DEF,59/0:30,299/1:02:03", "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0"}) {
-    const auto rule = PosixRule::read(text);
-    ASSERT_TRUE(rule) << text;
-    const ZoneOfCLibrary oracle(text);
-    for (std::int64_t at = dayNumber(2023, 1, 10) * SecondsOfDay;
-         at < dayNumber(2025, 12, 20) * SecondsOfDay; at += 1799) {
-      ASSERT_EQ(rule->offsetAt(at), ZoneOfCLibrary::offsetAt(at)) << text << ' ' << at;
-    }
-  }
-}
-
-/// The example of RFC 8536, 3.3.1.
-TEST(PosixRuleTest, DaylightSavingMayHoldAllYear) {
-  const auto rule = PosixRule::read("XXX3EDT4,0/0,J365/23");
-  ASSERT_TRUE(rule);
-  for (std::int64_t at = dayNumber(2023, 6, 1) * SecondsOfDay;
-       at < dayNumber(2025, 6, 1) * SecondsOfDay; at += 1800) {
-    ASSERT_EQ(rule->offsetAt(at), -4 * 3600) << at;
-  }
-}
-
-TEST(PosixRuleTest, OtherTextsAreNoRules) {
-  for (const char* text : {"",
-                           "UT0",
-                           "UTC",
-                           "UTC25",
-                           "UTC0:60",
-                           "UTC--1",
-                           "UTC-+1",
-                           "<UTC0",
-                           "<A>0",
-                           "CET-1CEST",
-                           "CET-1CEST,M3.5.0",
-                           "CET-1CEST,M3.5.0,",
-                           "CET-1CEST,M0.5.0,M10.5.0",
-                           "UTC0 ",
-                           "CET-1CEST,M3.6.0,M10.5.0",
-                           "CET-1CEST,M3.5.7,M10.5.0",
-                           "CET-1CEST,J0,J300",
-                           "CET-1CEST,1,366",
-                           "CET-1CEST,1/168,2",
-                           "CET-1CEST,1,2,3",
-                           "UTC99999999999"}) {
-    EXPECT_FALSE(PosixRule::read(text)) << text;
-  }
 }
 
 TEST(ZoneRulesTest, DamagedBytesAreRefusedOrGiveSoundRules) {
