@@ -56,7 +56,7 @@ AlmanacDocument::AlmanacDocument(const Place& place, const AlmanacOptions& optio
 
   appendLine(text_, "BEGIN:VCALENDAR");
   appendLine(text_, "VERSION:2.0");
-  appendLine(text_, "PRODID:-//Veldrin//Veldrin 6//EN");
+  appendLine(text_, "PRODID:-//Veldrin//Veldrin " VELDRIN_VERSION "//EN");
   appendLine(text_, "CALSCALE:GREGORIAN");
   appendLine(text_, "X-WR-CALNAME:" + name);
 }

@@ -133,7 +133,7 @@ class CommandLine {
  public:
   explicit CommandLine(CalendarRequest& request) : request_(request) {
     app.footer(Examples);
-    app.set_version_flag("--version", "Veldrin v6");
+    app.set_version_flag("--version", "Veldrin v" VELDRIN_VERSION);
     app.formatter(std::make_shared<PlainFormatter>());
     app.get_formatter()->column_width(28);
     addPlace();

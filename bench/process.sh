@@ -16,15 +16,15 @@ readonly latitude=47.5 longitude=-122.5 zone=-8 year=2030
 need valgrind valgrind
 readonly gnu_time=/usr/bin/time
 [[ -x $gnu_time ]] || die "$gnu_time is missing (package time)"
-need_programs "$1" veldrin-calendar bench/bare-calendar bench/empty-program
+need_programs "$1" veldrin-calendar bench/veldrin-bare-calendar bench/veldrin-empty-program
 
 veldrin=("$1/veldrin-calendar" "--latitude=$latitude" "--longitude=$longitude"
   "--time-zone=$zone" "--year=$year" "--output=$work/veldrin.ics")
-bare=("$1/bench/bare-calendar" "$latitude" "$longitude" "$zone" "$year" "$work/bare.ics")
+bare=("$1/bench/veldrin-bare-calendar" "$latitude" "$longitude" "$zone" "$year" "$work/bare.ics")
 
 bare_instructions=$(instructions "${bare[@]}")
 veldrin_instructions=$(instructions "${veldrin[@]}")
-empty_instructions=$(instructions "$1/bench/empty-program")
+empty_instructions=$(instructions "$1/bench/veldrin-empty-program")
 status_instructions=$(instructions "$1/veldrin-calendar" --status=2026-06-21)
 cmp -s "$work/bare.ics" "$work/veldrin.ics" || die "the two programs wrote different documents"
 

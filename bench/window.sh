@@ -18,12 +18,12 @@ need Xvfb xvfb
 need hyperfine hyperfine
 need python3 python3
 need valgrind valgrind
-need_programs "$1" veldrin-calendar bench/bare-window bench/veldrin-window bench/year-press
+need_programs "$1" veldrin-calendar bench/veldrin-bare-window bench/veldrin-status-window bench/veldrin-year-press
 build=$(cd "$1" && pwd)
 readonly build
-readonly empty="$build/bench/bare-window"
-readonly word="$build/bench/bare-window Sunrise"
-readonly veldrin="$build/bench/veldrin-window"
+readonly empty="$build/bench/veldrin-bare-window"
+readonly word="$build/bench/veldrin-bare-window Sunrise"
+readonly veldrin="$build/bench/veldrin-status-window"
 
 # The save dialog opens in the working folder.
 cd "$work"
@@ -69,7 +69,7 @@ empty_memory=$($empty) word_memory=$($word) veldrin_memory=$($veldrin)
 empty_instructions=$(instructions $empty) word_instructions=$(instructions $word)
 veldrin_instructions=$(instructions $veldrin)
 
-read -r press fast_press < <(timeout 60 "$build/bench/year-press" "$work/window.ics") ||
+read -r press fast_press < <(timeout 60 "$build/bench/veldrin-year-press" "$work/window.ics") ||
   die "no press was measured"
 "$build/veldrin-calendar" --year=2020 "--output=$work/calendar.ics"
 cmp -s "$work/window.ics" "$work/calendar.ics" || die "the button wrote a different document"

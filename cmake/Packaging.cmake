@@ -1,32 +1,44 @@
 # What `cmake --install` puts where, and the Debian package that `cpack` makes of it.
-find_program(GZIP gzip REQUIRED)
+find_program(VELDRIN_GZIP gzip)
+set(texts ${PROJECT_BINARY_DIR}/desktop)
 
-# install_compressed(NAME DESTINATION): a file of desktop/, compressed as Debian wants manuals and
-# change logs. Its date stays out, so that the same text gives the same bytes.
-function(install_compressed name destination)
-  set(text ${PROJECT_SOURCE_DIR}/desktop/${name})
-  set(compressed ${CMAKE_BINARY_DIR}/desktop/${name}.gz)
-  file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/desktop)
+# with_version(NAME): writes a file of desktop/ to the build folder, with the version filled in.
+function(with_version name)
+  configure_file(desktop/${name}.in ${texts}/${name} @ONLY)
+endfunction()
+
+# install_compressed(TEXT DESTINATION): Debian wants manuals and change logs compressed. --no-name
+# leaves their date out, so that the same text gives the same bytes.
+function(install_compressed text destination)
+  if(NOT VELDRIN_GZIP)
+    install(FILES ${text} DESTINATION ${destination})
+    return()
+  endif()
+  cmake_path(GET text FILENAME name)
+  set(compressed ${texts}/${name}.gz)
   add_custom_command(OUTPUT ${compressed}
-    COMMAND ${GZIP} -9 --no-name --stdout ${text} > ${compressed}
+    COMMAND ${VELDRIN_GZIP} -9 --no-name --stdout ${text} > ${compressed}
     DEPENDS ${text}
     VERBATIM)
-  add_custom_target(${name}.gz ALL DEPENDS ${compressed})
+  add_custom_target(veldrin_${name}.gz ALL DEPENDS ${compressed})
   install(FILES ${compressed} DESTINATION ${destination})
 endfunction()
 
 if(TARGET veldrin-calendar)
   install(TARGETS veldrin-calendar)
-  install_compressed(veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  with_version(veldrin-calendar.1)
+  install_compressed(${texts}/veldrin-calendar.1 ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES desktop/veldrin-calendar.bash RENAME veldrin-calendar
     DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
 endif()
 if(TARGET veldrin)
   install(TARGETS veldrin)
-  install_compressed(veldrin.1 ${CMAKE_INSTALL_MANDIR}/man1)
+  with_version(veldrin.1)
+  install_compressed(${texts}/veldrin.1 ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES desktop/org.veldrin.Veldrin.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-  install(FILES desktop/org.veldrin.Veldrin.metainfo.xml
+  with_version(org.veldrin.Veldrin.metainfo.xml)
+  install(FILES ${texts}/org.veldrin.Veldrin.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
   install(FILES desktop/org.veldrin.Veldrin.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
@@ -38,7 +50,7 @@ if(TARGET veldrin)
 endif()
 # No licence has been chosen, which the package says in the place where one is looked for.
 install(FILES desktop/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
-install_compressed(changelog ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
+install_compressed(${PROJECT_SOURCE_DIR}/desktop/changelog ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME veldrin)

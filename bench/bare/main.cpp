@@ -1,4 +1,4 @@
-// bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]
+// veldrin-bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]
 //
 // Writes the calendar of a year with its default daylight-saving dates, one write() per line.
 
@@ -16,7 +16,7 @@
 namespace {
 
 constexpr std::string_view kUsage =
-    "usage: bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]\n";
+    "usage: veldrin-bare-calendar LAT LON ZONE YEAR FILE [nodst] [downunder]\n";
 
 template <class Number>
 bool parse(std::string_view text, Number& number) {
@@ -64,10 +64,10 @@ int main(int argc, char** argv) {
   }
 
   const int file = ::open(argv[5], O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file < 0) return fail("bare-calendar: cannot open the file\n", 1);
+  if (file < 0) return fail("veldrin-bare-calendar: cannot open the file\n", 1);
   bool good = true;
   bare::writeYear(place, saving, year,
                   [&](std::string_view line) { good = good && writeAll(file, line); });
   good = ::close(file) == 0 && good;
-  return good ? 0 : fail("bare-calendar: cannot write the file\n", 1);
+  return good ? 0 : fail("veldrin-bare-calendar: cannot write the file\n", 1);
 }

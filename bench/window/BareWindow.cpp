@@ -1,4 +1,4 @@
-// bare-window [WORD]
+// veldrin-bare-window [WORD]
 //
 // The baseline for Veldrin's window: a plain Qt window of the same size, empty or with one word.
 

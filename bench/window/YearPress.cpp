@@ -1,4 +1,4 @@
-// year-press FILE
+// veldrin-year-press FILE
 //
 // Repeatedly presses the year button for 2020 and answers the save dialog with FILE. Prints the
 // median and the tenth percentile of the time from the answer to the end of the handler, in ms.
@@ -71,7 +71,7 @@ void measure(const QString& path) {
 
 int main(int count, char** arguments) {
   if (count != 2) {
-    std::fputs("usage: year-press FILE\n", stderr);
+    std::fputs("usage: veldrin-year-press FILE\n", stderr);
     return 2;
   }
   const QString path = QString::fromLocal8Bit(arguments[1]);
