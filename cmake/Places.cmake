@@ -1,16 +1,16 @@
 # The libraries of places/, which are parts of the companion alone. Without one of them the companion
 # is built all the same, and says what it was built without.
 # An archive where there is one: a shared library costs every start.
-find_path(CCTZ_INCLUDE absl/time/internal/cctz/include/cctz/time_zone.h)
-find_library(CCTZ_LIBRARY NAMES libabsl_time_zone.a absl_time_zone)
+find_path(ABSL_INCLUDE absl/time/internal/cctz/include/cctz/time_zone.h)
+find_library(ABSL_TIME_ZONE_LIBRARY NAMES libabsl_time_zone.a absl_time_zone)
 find_path(UTF8PROC_INCLUDE utf8proc.h)
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a utf8proc)
 
 # cctz, a part of Abseil, reads the files of the time zone database.
-if(CCTZ_INCLUDE AND CCTZ_LIBRARY)
+if(ABSL_INCLUDE AND ABSL_TIME_ZONE_LIBRARY)
   veldrin_room(places/cctz)
-  target_include_directories(veldrin_cctz SYSTEM PRIVATE ${CCTZ_INCLUDE})
-  target_link_libraries(veldrin_cctz PRIVATE ${CCTZ_LIBRARY})
+  target_include_directories(veldrin_cctz SYSTEM PRIVATE ${ABSL_INCLUDE})
+  target_link_libraries(veldrin_cctz PRIVATE ${ABSL_TIME_ZONE_LIBRARY})
   target_link_libraries(veldrin_places PUBLIC veldrin_cctz)
 else()
   message(STATUS "cctz is not at hand: veldrin-calendar will know no time zones")

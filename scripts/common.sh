@@ -41,7 +41,7 @@ TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata d
   dpkg-dev file man-db python3-icalendar python3-vobject)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)
 # Clang, with its sanitizers and libFuzzer.
-CLANG_PACKAGES=(clang libclang-rt-14-dev)
+CLANG_PACKAGES=(clang libclang-rt-dev)
 
 # Locales for the tests: one for each date format of the C library, the German one, in which all of
 # Veldrin is tested, and one that is not UTF-8.
@@ -64,15 +64,22 @@ test_locales() {
     fail "localedef failed"
 }
 
-# build PRESET [CMAKE-OPTION...]: configures and builds.
-build() {
-  local preset=$1
+# configure PRESET [CMAKE-OPTION...]: a build of the preset, with ccache where there is one.
+configure() {
+  local preset=$1 options=()
   shift
-  say "Building ($preset)"
-  cmake --preset "$preset" "$@" >"build-$preset.log" 2>&1 && rm -f "build-$preset.log" || {
+  [ "$preset" = tidy ] || ! command -v ccache >/dev/null ||
+    options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+  cmake --preset "$preset" "${options[@]}" "$@" >"build-$preset.log" 2>&1 && rm -f "build-$preset.log" || {
     cat "build-$preset.log" >&2
     rm -f "build-$preset.log"
     fail "the project could not be configured"
   }
-  cmake --build --preset "$preset" -- --quiet || fail "the project could not be built"
+}
+
+# build PRESET [CMAKE-OPTION...]: configures and builds.
+build() {
+  say "Building ($1)"
+  configure "$@"
+  cmake --build --preset "$1" -- --quiet || fail "the project could not be built"
 }
