@@ -2,11 +2,13 @@
 # others.sh BUILD
 #
 # Compares veldrin-calendar with other programs that calculate the sun times of a year: hdate,
-# remind, and a Node script with the library suncalc. Each writes its own format. There are no
-# limits. BUILD is the folder of a release build. Programs that are not installed are skipped.
+# remind, and a Node script with the library suncalc. Each writes its own format. BUILD is the folder
+# of a release build. Programs that are not installed are skipped. Exits with 1 if --standard is
+# slower than remind.
 . "$(dirname "$0")/measure.sh"
 
 readonly runs=40
+readonly standard_limit=1.0  # times remind
 
 [[ $# -eq 1 ]] || die "usage: others.sh BUILD"
 need hyperfine hyperfine
@@ -25,7 +27,8 @@ side() { sides+=(-n "$1" "$2"); }
 
 side veldrin-calendar "$veldrin --output=$work/veldrin.ics"
 if "$build/veldrin-calendar" --help | grep -q -- --standard; then
-  side "veldrin-calendar --standard" "$veldrin --standard --output=$work/standard.ics"
+  # To standard output, as the others do: replacing a file waits for the disk.
+  side "veldrin-calendar --standard" "$veldrin --standard --output=-"
 fi
 if command -v hdate >/dev/null; then
   side hdate "hdate -q -s -T -l 47.5 -L -122.5 -z -8 2030"
@@ -50,13 +53,23 @@ fi
 hyperfine -N --warmup 3 --runs "$runs" --output "$work/output" --export-json "$work/sides.json" \
   "${sides[@]}" >"$work/log" 2>&1 || die "hyperfine failed: $(cat "$work/log")"
 
-python3 - "$work/sides.json" <<'PYTHON' | while IFS='|' read -r name time ratio; do
+while IFS='|' read -r name time ratio; do
+  line "a year by $name, ms" "$time"
+  [[ $name = veldrin-calendar ]] || line "ratio to veldrin-calendar" "$ratio"
+done < <(python3 - "$work/sides.json" <<'PYTHON'
 import json, sys
 sides = json.load(open(sys.argv[1]))["results"]
 own = sides[0]["median"]
 for side in sides:
     print(side["command"], f"{side['median'] * 1000:.1f}", f"{side['median'] / own:.2f}", sep="|")
 PYTHON
-  line "a year by $name, ms" "$time"
-  [[ $name = veldrin-calendar ]] || line "ratio to veldrin-calendar" "$ratio"
-done
+)
+if command -v remind >/dev/null; then
+  row "--standard, to remind" "$(python3 - "$work/sides.json" <<'PYTHON'
+import json, sys
+medians = {side["command"]: side["median"] for side in json.load(open(sys.argv[1]))["results"]}
+print(f"{medians['veldrin-calendar --standard'] / medians['remind']:.2f}")
+PYTHON
+  )" "$standard_limit" times
+fi
+exit "$status"
