@@ -1,7 +1,7 @@
 cmake_minimum_required(VERSION 3.25)
 
-# Fails if a file of ROOM includes from a room that the table of Rooms.cmake does not allow it; else
-# touches STAMP.
+# Fails if a file of ROOM includes a room that Rooms.cmake does not list for it. Otherwise touches
+# STAMP.
 include(${CMAKE_CURRENT_LIST_DIR}/Rooms.cmake)
 
 veldrin_uses(${ROOM} allowed)
@@ -10,7 +10,7 @@ if(NOT sentence)
   set(sentence "nothing of ours")
 endif()
 
-# line_of(FILE TEXT RESULT): the number of the line on which a text begins.
+# line_of(FILE TEXT RESULT): the number of the line on which the text begins.
 function(line_of file text result)
   file(READ ${file} content)
   string(FIND "${content}" "${text}" place)
@@ -26,7 +26,7 @@ foreach(file IN LISTS files)
   file(STRINGS ${file} includes REGEX "^[ \t]*#[ \t]*include[ \t]*[\"<]")
   foreach(include IN LISTS includes)
     string(REGEX REPLACE "^[ \t]*#[ \t]*include[ \t]*[\"<]([^\">]*)[\">].*$" "\\1" path "${include}")
-    # Headers of libraries lie in no room of the house.
+    # A header of a library.
     if(include MATCHES "<" AND NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${path}")
       continue()
     endif()

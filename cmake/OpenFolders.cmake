@@ -1,4 +1,4 @@
-# The folders of a package are for everyone, whatever the umask of the one who makes it.
+# Makes the folders of the package readable for all users, regardless of the umask at packaging.
 file(CHMOD_RECURSE ${CPACK_TEMPORARY_DIRECTORY}${CPACK_PACKAGING_INSTALL_PREFIX}
   DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)

@@ -1,4 +1,4 @@
-# What `cmake --install` puts where, and the Debian package that `cpack` makes of it.
+# Installs the programs and their texts. cpack makes a Debian package of them.
 find_program(VELDRIN_GZIP gzip)
 set(texts ${PROJECT_BINARY_DIR}/desktop)
 
@@ -48,7 +48,7 @@ if(TARGET veldrin)
       DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
   endforeach()
 endif()
-# No licence has been chosen, which the package says in the place where one is looked for.
+# This file says that no licence has been chosen.
 install(FILES desktop/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 install_compressed(${PROJECT_SOURCE_DIR}/desktop/changelog ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 
@@ -65,6 +65,6 @@ set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/OpenFolders.cmake)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# How Qt reaches a Wayland desktop; any other it reaches by itself.
+# Qt needs this plugin on a Wayland desktop.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)
 include(CPack)

@@ -1,12 +1,11 @@
-# The libraries of places/, which are parts of the companion alone. Without one of them the companion
-# is built all the same, and says what it was built without.
-# An archive where there is one: a shared library costs every start.
+# Finds the libraries of places/. Only veldrin-calendar needs them. It also builds without them,
+# and its messages say what is missing. Archives are preferred: a shared library slows every start.
 find_path(ABSL_INCLUDE absl/time/internal/cctz/include/cctz/time_zone.h)
 find_library(ABSL_TIME_ZONE_LIBRARY NAMES libabsl_time_zone.a absl_time_zone)
 find_path(UTF8PROC_INCLUDE utf8proc.h)
 find_library(UTF8PROC_LIBRARY NAMES libutf8proc.a utf8proc)
 
-# cctz, a part of Abseil, reads the files of the time zone database.
+# cctz, a part of Abseil, reads files of the time zone database.
 if(ABSL_INCLUDE AND ABSL_TIME_ZONE_LIBRARY)
   veldrin_room(places/cctz)
   target_include_directories(veldrin_cctz SYSTEM PRIVATE ${ABSL_INCLUDE})
@@ -18,7 +17,7 @@ else()
   target_link_libraries(veldrin_places PUBLIC veldrin_nozones)
 endif()
 
-# utf8proc folds the names of towns. The table of towns is built into the program as it is.
+# utf8proc folds the names of towns. The table of towns is embedded in the program.
 set(towns ${CMAKE_CURRENT_SOURCE_DIR}/places/towns.tsv)
 set_source_files_properties(places/TownTable.cpp PROPERTIES
   COMPILE_DEFINITIONS VELDRIN_TOWNS="${towns}" OBJECT_DEPENDS ${towns}

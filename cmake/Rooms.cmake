@@ -1,5 +1,5 @@
-# The house: each room, and the rooms that its files may include. This table is the one place where
-# the rule is told; the build fails where an include breaks it.
+# The house: each room, and the rooms that its files may include. An include that breaks this table
+# fails the build.
 #
 #    room               | may include
 set(VELDRIN_ROOMS
@@ -23,7 +23,7 @@ set(VELDRIN_ROOMS
   "toolkits/headless    | shell/objects shell/host shell/values shell/files shell/window"
   "toolkits/qt          | shell/objects shell/host shell/values shell/files shell/window")
 
-# The class Veldrin is defined in three rooms, so they need each other when a program is linked.
+# These rooms define one class, Veldrin, so a program links all three.
 set(VELDRIN_LINKED_TOGETHER daystatus calendar ui)
 
 # veldrin_target(ROOM RESULT): the name of the room's library, such as veldrin_values.

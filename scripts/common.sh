@@ -64,7 +64,7 @@ test_locales() {
     fail "localedef failed"
 }
 
-# configure PRESET [CMAKE-OPTION...]: a build of the preset, with ccache where there is one.
+# configure PRESET [CMAKE-OPTION...]: configures the build, with ccache if it is installed.
 configure() {
   local preset=$1 options=()
   shift

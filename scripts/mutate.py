@@ -1,4 +1,4 @@
-"""Puts small faults into copies of the sources, one at a time, and tells what catches them.
+"""Puts small faults into copies of the sources, one at a time, and prints which test notices each.
 
 The faults are drawn by a seed from the lines of the product. A fault that no test notices survives.
 """
@@ -36,7 +36,7 @@ def arguments() -> argparse.Namespace:
 
 
 def check(seed: str) -> list[str]:
-    """What is wrong with the draw or the excuses."""
+    """Checks the draw and the excuses; returns complaints."""
     drawn, possible = draw(seed), list(all_faults())
     complaints = []
     if drawn != draw(seed):
@@ -58,7 +58,7 @@ def check(seed: str) -> list[str]:
 
 @dataclass
 class Result:
-    """What came of a fault."""
+    """The outcome of a trial."""
 
     outcome: str
     by: str
@@ -66,7 +66,7 @@ class Result:
 
 
 class Log:
-    """The results of a seed on disk, so that a run goes on where another was interrupted."""
+    """The results of a seed on disk, so that an interrupted run resumes."""
 
     def __init__(self, seed: str, mark: str):
         self._path = FOLDER / f"log-{seed}.jsonl"
@@ -106,7 +106,7 @@ class Trials:
         self.failures: list[str] = []
 
     def next(self) -> tuple[int, Fault] | None:
-        """The next fault to try; waits while those in work may be the last ones."""
+        """The next fault, or None. Waits while the running trials may complete the sample."""
         with self._changed:
             while not self.failures and self._compiled < self._wanted:
                 if self._compiled + self._in_work >= self._wanted:

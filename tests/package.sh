@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# package.sh BUILD: makes the Debian package of a build with both programs, reads it, installs it in
-# an empty root, runs it from there and removes it. Everything happens in a folder of its own, and
-# nothing needs to be root.
+# package.sh BUILD: makes the Debian package of a build with both programs, checks it, installs it in
+# an empty root, runs it there and removes it. Works in a temporary folder, without root.
 set -euo pipefail
 
 fail() {
@@ -20,7 +19,7 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 export LC_ALL=C PATH=$PATH:/usr/sbin:/sbin
 
-# A umask that would keep everybody else out of the folders of the program.
+# The package must not depend on the umask.
 umask 077
 (cd "$work" && cpack --config "$build/CPackConfig.cmake" -B "$work") >"$work/log" 2>&1 ||
   fail "cpack failed: $(cat "$work/log")"
@@ -51,8 +50,8 @@ same "the files" "$(dpkg-deb -c "$package" | awk '$1 !~ /^d/ { print $1, $2, $6 
 same "the modes of the folders" \
   "$(dpkg-deb -c "$package" | awk '/^d/ { print $1, $2 }' | sort -u)" "drwxr-xr-x root/root"
 
-# in_root OPTION...: dpkg, with an empty root for its system, whatever this system leaves out of
-# packages.
+# in_root OPTION...: runs dpkg on an empty root. It installs all files, even those that this computer
+# excludes.
 root=$work/root
 in_root() {
   dpkg --root="$root" --log="$work/dpkg.log" --force-not-root --force-depends --path-include='*' \

@@ -21,7 +21,7 @@ WITHOUT_INFLUENCE = ("docs/", ".ci/", "scripts/mutat", "scripts/excuses")
 
 @dataclass(frozen=True)
 class Fault:
-    """An edit of one line of a file; a statement that it drops may go on in the lines below."""
+    """An edit that begins on one line of a file. A dropped statement may span several lines."""
 
     file: str
     line: int  # from 1
@@ -55,7 +55,7 @@ def tracked_files() -> list[str]:
 
 
 def fingerprint() -> str:
-    """Equal for equal contents of all files that what comes of a fault depends on."""
+    """A hash of all files that influence the outcome of a trial."""
     digest = hashlib.sha256()
     for name in tracked_files():
         if not name.startswith(WITHOUT_INFLUENCE) and not name.endswith(".md"):

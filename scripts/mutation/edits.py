@@ -24,7 +24,7 @@ RAW_STRING = r'(\w*R"[^(]*\()(.*)(\)[^("]*"\w*)'
 NO_LETTERS = r"\\.[0-9a-fA-F]*|%[-.0-9lzt]*\w"
 DEFAULTS = ("{}", "0", "0.0", "false", "nullptr", '""', "std::nullopt")
 
-# With one of these begins no statement that can be dropped: it declares, or it returns a value.
+# A statement that begins with one of these is not dropped: it declares or returns something.
 KEPT = CONTROL | {"return", "using", "typedef", "static_assert", "static", "const", "constexpr",
                   "constinit", "auto", "struct", "class", "enum", "union", "goto", "asm",
                   "template", "typename", "namespace", "else", "do", "try", "friend"}
@@ -45,7 +45,7 @@ Edits = Iterator[Edit]
 
 
 def _spaced(reading: Reading, token: Token) -> bool:
-    """Whether blanks surround the token, as they do where an operator has two operands."""
+    """Whether blanks surround the token, as around a binary operator."""
     return reading.text[token.start - 1].isspace() and reading.text[token.end].isspace()
 
 
@@ -57,7 +57,7 @@ def _comparisons(reading: Reading) -> Edits:
 
 
 def _conditions(reading: Reading) -> Edits:
-    """Negates the conditions of `if` and `while`, and takes "!" away."""
+    """Negates the conditions of `if` and `while`, and removes "!"."""
     tokens = reading.tokens
     for index, token in enumerate(tokens[:-1]):
         if token.text == "!" and tokens[index + 1].start == token.end:
@@ -85,7 +85,7 @@ def _operators(reading: Reading) -> Edits:
 
 
 def _number_beside(text: str) -> tuple[str, ...]:
-    """The texts of the numbers beside a number: one more and one less in its last digit."""
+    """A number's neighbours, as text: its last digit plus one and minus one."""
     parts = re.fullmatch(r"(0[xX])?([\da-fA-F']+?)(\.\d*)?([eE][+-]?\d+)?([uUlLzZfF]*)", text)
     if not parts or "'" in text:
         return ()
@@ -105,7 +105,7 @@ def _number_beside(text: str) -> tuple[str, ...]:
 
 
 def _character_beside(text: str) -> str:
-    """Another character than that of a literal."""
+    """A character that differs from the literal's."""
     before, inner = text.split("'", 1)
     inner = inner[:-1]
     if inner.startswith("\\"):
@@ -130,7 +130,7 @@ def _drops(reading: Reading) -> Edits:
             continue
         start, end = reading.tokens[statement.first].start, reading.tokens[statement.last].end
         rest = reading.text[end:].split("\n", 1)[0].strip()
-        # A line that is left empty keeps no blanks. The lines below keep their numbers.
+        # An emptied line loses its blanks too. The lines below keep their numbers.
         while not statement.is_controlled and not rest and reading.text[start - 1] == " ":
             start -= 1
         lines = reading.text.count("\n", start, end)
@@ -161,7 +161,7 @@ def _is_action(reading: Reading, statement: Statement) -> bool:
 
 
 def _arguments(reading: Reading) -> Edits:
-    """Swaps neighbours of one form in calls and initialisers."""
+    """Swaps neighbouring arguments that look alike."""
     for opening, kind in reading.kinds.items():
         before = reading.tokens[opening - 1]
         is_call = (kind == "group" and reading.tokens[opening].text == "("
@@ -199,7 +199,7 @@ def _parts(reading: Reading, opening: int) -> list[tuple[int, int]]:
 
 
 def _form(reading: Reading, first: int, last: int) -> str:
-    """What an argument looks like."""
+    """The form of an argument: a name, a number or another expression."""
     tokens = reading.tokens[first: last + 1]
     if len(tokens) == 2 and tokens[0].text == "-":
         tokens = tokens[1:]
@@ -236,7 +236,7 @@ def _truths(reading: Reading) -> Edits:
 
 
 def _returns(reading: Reading) -> Edits:
-    """Returns nothing or a default before a statement, or a default in place of a value."""
+    """Inserts an early return, or returns a default in place of a value."""
     for at, routine in reading.starts:
         start = reading.tokens[at].start
         if routine.returns == "void" and not reading.is_at(at, "return"):

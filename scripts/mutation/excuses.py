@@ -11,7 +11,7 @@ FILE = ROOT / "scripts" / "excuses"
 
 @dataclass(frozen=True)
 class Excuse:
-    """Excuses the edits of a kind, or the one that makes `after` of the line."""
+    """Excuses all edits of a kind, or the edit that turns the line into `after`."""
 
     before: str
     kind: str  # or "" if `after` says which edit
@@ -26,7 +26,7 @@ class Excuse:
 
 
 def read_excuses() -> list[Excuse]:
-    """All excuses. Throws `ValueError` with a paragraph that is none."""
+    """All excuses. Raises `ValueError` with a malformed paragraph."""
     found = []
     for paragraph in FILE.read_text().split("\n\n"):
         lines = [line for line in paragraph.split("\n") if line and not line.startswith("#")]

@@ -1,4 +1,4 @@
-"""Runs programs that a fault may keep from ending."""
+"""Runs programs that may hang because of a fault."""
 
 import os
 import signal
@@ -6,13 +6,13 @@ import subprocess
 import threading
 from pathlib import Path
 
-# Against a fault that takes all memory or fills the disk: bytes.
+# Limits in bytes: a fault may allocate all memory or fill the disk.
 LIMITS = ("prlimit", f"--as={8 << 30}", f"--fsize={1 << 30}", "--core=0")
 GRACE = 2.0  # seconds between asking and killing
 
 
 class Runner:
-    """Starts programs in groups of their own and ends each group with its program."""
+    """Starts each program in its own process group, and ends the group with the program."""
 
     def __init__(self) -> None:
         self._lock = threading.Lock()
@@ -21,7 +21,7 @@ class Runner:
 
     def run(self, command: list[str], folder: Path, environment: dict[str, str], log: Path,
             seconds: float | None = None) -> int | None:
-        """The exit status, or None if the time is over. The log takes all output."""
+        """The exit status, or None after the time limit. Writes all output to the log."""
         with open(log, "wb") as output:
             with self._lock:
                 if self.stopped:
@@ -38,7 +38,7 @@ class Runner:
                 self._end(process)
 
     def stop(self) -> None:
-        """Ends everything; whatever runs or is started raises `KeyboardInterrupt`."""
+        """Ends all programs. From now on, run() raises `KeyboardInterrupt`."""
         with self._lock:
             self.stopped = True
             for process in self._running:
@@ -53,7 +53,7 @@ class Runner:
 
 
 def _end_group(process: subprocess.Popen) -> None:
-    """Asks the group to end, since ninja then ends its compilers; kills what does not."""
+    """Asks the group to end, because ninja then ends its compilers. Kills the rest."""
     _signal(process, signal.SIGTERM)
     try:
         process.wait(GRACE)

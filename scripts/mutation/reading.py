@@ -28,7 +28,7 @@ class Routine:
 
 @dataclass
 class Scope:
-    """What a bracket opens: "namespace", "class", "enum", "code", "list" or "group"."""
+    """The kind of a bracket: "namespace", "class", "enum", "code", "list" or "group"."""
 
     kind: str
     opening: int
@@ -50,7 +50,7 @@ class Statement:
 
 @dataclass
 class Reading:
-    """The tokens of a file and what is known about them."""
+    """The tokens, functions and statements of a file."""
 
     text: str
     tokens: list[Token]
@@ -87,7 +87,7 @@ def read(text: str) -> Reading:
 
 
 class _Reader:
-    """Goes through the tokens once, with a stack of what is open."""
+    """Visits the tokens once, with a stack of open brackets."""
 
     def __init__(self, reading: Reading):
         self._reading = reading
@@ -171,7 +171,7 @@ class _Reader:
         top.begin, top.is_controlled = index + 1, False
 
     def _braced(self, index: int) -> Scope:
-        """What the brace at the index opens."""
+        """The kind of the brace at the index."""
         top = self._stack[-1]
         scope = Scope("list", index, index + 1, top.routine)
         lambda_returns = self._lambda_returns(index)
@@ -211,11 +211,11 @@ class _Reader:
         if "=" in texts and texts.index("=") < parameters and "operator" not in texts:
             return False
         initialised = ":" in texts[parameters:]
-        # In a list of members to initialise, a name before the brace is one of them.
+        # In an initialiser list, the name before the brace is a member.
         return not initialised or texts[-1] in ("(", "{")
 
     def _after_prefixes(self, begin: int) -> int:
-        """Behind templates, attributes and specifiers, where the type of a function begins."""
+        """The index of a function's type, after templates, attributes and specifiers."""
         while True:
             if self._reading.is_at(begin, "template") and self._reading.is_at(begin + 1, "<"):
                 begin = self._reading.angle_end(begin + 1) + 1
@@ -227,7 +227,7 @@ class _Reader:
                 return begin
 
     def _top_level(self, first: int, end: int) -> list[int]:
-        """The tokens from first to before end, of each bracket the opening one alone."""
+        """The tokens in [first, end), without the contents of brackets."""
         found = []
         while first < end:
             found.append(first)
@@ -235,7 +235,7 @@ class _Reader:
         return found
 
     def _returns(self, head: list[int], texts: list[str]) -> str:
-        """What the function returns whose head is given."""
+        """The kind of result of the function with this head."""
         parameters = texts.index("(")
         kind = texts[: self._name_start(texts[:parameters])]
         if "->" in texts[parameters:]:
@@ -249,7 +249,7 @@ class _Reader:
 
     @staticmethod
     def _name_start(texts: list[str]) -> int:
-        """Where the qualified name of a function begins, at the end of the texts."""
+        """The index at which the qualified name at the end of the texts begins."""
         at = texts.index("operator") if "operator" in texts else len(texts) - 1
         if texts[at - 1: at] == ["~"]:
             at -= 1
@@ -260,7 +260,7 @@ class _Reader:
         return at
 
     def _lambda_returns(self, index: int) -> tuple[str, bool] | None:
-        """What the lambda returns whose body the brace opens, and whether that is deduced."""
+        """The kind of result of the lambda with this body, and whether it is deduced."""
         at, has_arrow, words = index - 1, False, []
         while at >= 0 and (self._tokens[at].kind == "word" or self._tokens[at].text in TYPE_SIGNS):
             has_arrow = has_arrow or self._tokens[at].text == "->"

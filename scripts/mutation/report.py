@@ -1,4 +1,4 @@
-"""Says what came of the faults."""
+"""Formats the outcomes of trials."""
 
 from mutation.draw import Fault
 
@@ -35,7 +35,7 @@ class Table:
 
 
 def survival(row: dict[str, int]) -> float:
-    """The share of the survivors among the faults that have an effect."""
+    """The share of survivors among the faults with an effect."""
     effective = row["caught"] + row["survived"]
     return row["survived"] / effective if effective else 0.0
 
@@ -45,7 +45,7 @@ def heading(number: int, fault: Fault) -> str:
 
 
 def verdict(outcome: str, by: str, reason: str) -> str:
-    """What came of a fault, in a line."""
+    """One line about an outcome."""
     if outcome == "caught":
         return f"caught by {by}" + ("; its excuse is wrong" if reason else "")
     return {"survived": "SURVIVED", "idle": "without effect: the same object code",

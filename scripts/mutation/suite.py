@@ -1,11 +1,11 @@
-"""The tests of a build as ctest lists them, put together to steps that run one process each."""
+"""Groups the tests of a build, as ctest lists them, into steps of one process each."""
 
 import os
 import re
 from dataclasses import dataclass, field
 from pathlib import Path
 
-# Labels and folders of the tests that come late, in the order of their cost. Others come first.
+# Labels and folders of expensive tests, cheapest first. All other tests run before them.
 LATE = ("companion", "qt", "screen", "slow")
 UNSTEADY = "screen"  # Tests that a busy machine may fail run once more.
 SPARE = 20.0  # seconds that every step may take
@@ -80,7 +80,7 @@ def _words(test: dict, build: Path) -> set[str]:
 
 
 def _step(tests: list[dict], build: Path, outputs: set[str], is_part: bool) -> Step:
-    """The step that runs those tests: one, or the cases of one program of googletest."""
+    """The step for these tests: one test, or cases of one GoogleTest program."""
     properties = _properties(tests[0])
     command, name = list(tests[0]["command"]), tests[0]["name"]
     filters = [word.removeprefix("--gtest_filter=") for test in tests for word in test["command"]
@@ -101,14 +101,14 @@ def _step(tests: list[dict], build: Path, outputs: set[str], is_part: bool) -> S
 
 
 def _built(step: Step, build: Path, outputs: set[str]) -> set[str]:
-    """The built files that the command and the environment name."""
+    """The built files named in the command and the environment."""
     named = [*step.command, *step.environment.values()]
     relative = {os.path.relpath(word, build) for word in named if word.startswith(str(build) + "/")}
     return relative & outputs
 
 
 def failure_in(output: str) -> str:
-    """The test that an output of googletest or unittest blames, or ""."""
+    """The failed test in the output of GoogleTest or unittest, or ""."""
     patterns = (r"^\[  FAILED  \] (\w\S*?)(?:,|\s|$)", r"^(?:FAIL|ERROR): (\w+)",
                 r"^\[ RUN      \] (\S+)")
     for pattern in patterns[:2]:

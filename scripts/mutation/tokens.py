@@ -20,7 +20,7 @@ PATTERN = re.compile(
 
 
 class Token(NamedTuple):
-    """A token, and the characters of the text that it takes, from `start` to before `end`."""
+    """A token and its range [start, end) in the text."""
 
     kind: str  # "string", "character", "number", "word" or "sign"
     text: str
@@ -29,7 +29,7 @@ class Token(NamedTuple):
 
 
 def tokens_of(text: str) -> list[Token]:
-    """The tokens of a text, without comments and without lines of the preprocessor."""
+    """The tokens of a text, without comments and preprocessor lines."""
     found = []
     for match in PATTERN.finditer(text):
         kind = match.lastgroup if match.lastgroup != "mark" else "string"
@@ -39,5 +39,5 @@ def tokens_of(text: str) -> list[Token]:
 
 
 def spelling(text: str) -> list[str]:
-    """The texts of the tokens alone: equal for two texts that differ in their layout only."""
+    """The texts of the tokens. Equal for texts that differ only in layout."""
     return [token.text for token in tokens_of(text)]

@@ -1,4 +1,4 @@
-"""A copy of the sources with a build of its own, in which faults are tried."""
+"""A copy of the sources with its own build, for trying faults."""
 
 import json
 import os
@@ -22,7 +22,7 @@ class TreeFault(Exception):
 
 
 class Tree:
-    """A copy in build/mutate/NUMBER. A build without a fault is kept beside the used one."""
+    """A copy in build/mutate/NUMBER. It keeps a second build, without a fault."""
 
     def __init__(self, number: int, runner: Runner, jobs: int):
         self.folder = FOLDER / str(number)
@@ -32,14 +32,14 @@ class Tree:
         self._log = self.folder / "output"
         self._runner = runner
         self._jobs = str(jobs)
-        # The cache knows what another copy has compiled.
+        # The copies share the compiler cache.
         self._environment = os.environ | {"CCACHE_BASEDIR": str(self.folder),
                                           "CCACHE_NOHASHDIR": "1"}
         self._object_code: dict[str, bytes] = {}
         self.steps: list[Step] = []
 
     def prepare(self, mark: str) -> None:
-        """Builds the sources and tries the tests. `mark` is the fingerprint of the sources."""
+        """Builds the sources and runs the tests. `mark` is the fingerprint of the sources."""
         self._copy_sources()
         self._configure()
         if not self._makes(["all"], None):
@@ -64,7 +64,9 @@ class Tree:
     def _configure(self) -> None:
         options = ["-DVELDRIN_TESTS=ON", "-DCMAKE_BUILD_TYPE=Debug",
                    "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-                   # A build starts no test program, which a fault may keep from ending.
+                   # A header is compiled once for a target, not once for each of its sources.
+                   "-DCMAKE_UNITY_BUILD=ON", "-DCMAKE_UNITY_BUILD_BATCH_SIZE=0",
+                   # No test program runs during the build; with a fault it may hang.
                    "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"]
         if shutil.which("ccache"):
             options.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
@@ -84,7 +86,7 @@ class Tree:
                               capture_output=True, text=True).stdout
 
     def _learn(self) -> None:
-        """Learns the tests, what they need, and what depends on which file."""
+        """Reads the tests, their inputs, and the dependents of each file."""
         outputs = {line.rsplit(":", 1)[0]
                    for line in self._said("ninja", "-t", "targets", "all").splitlines()}
         self.steps = steps_of(json.loads(self._said("ctest", "--show-only=json-v1")), self.build,
@@ -105,13 +107,13 @@ class Tree:
             self._commands[command[command.index("-o") + 1]] = command
 
     def _name(self, path: str) -> str:
-        """A path of the build, from the folder of the sources if it is there."""
+        """A path of the build, relative to the sources if it is inside them."""
         whole = os.path.normpath(self.build / path)
         inside = whole.startswith(str(self.source) + "/")
         return os.path.relpath(whole, self.source) if inside else path
 
     def _try_without_fault(self, mark: str) -> None:
-        """Measures the steps, unless that is known of the same sources."""
+        """Measures the steps, unless the times of the same sources are stored."""
         kept = self.folder / "seconds.json"
         known = json.loads(kept.read_text()) if kept.exists() else {}
         if known.get("mark") != mark:
@@ -128,7 +130,7 @@ class Tree:
         self.steps.sort(key=Step.order)
 
     def _blamed(self, step: Step) -> str:
-        """What in the step fails, or "" if it passes."""
+        """The test of the step that fails, or ""."""
         with tempfile.TemporaryDirectory(prefix="mutate-", ignore_cleanup_errors=True) as scratch:
             environment = os.environ | {"TMPDIR": scratch} | step.environment
             status = self._runner.run([*LIMITS, *step.command], step.folder, environment,
@@ -146,7 +148,7 @@ class Tree:
         costs = []
         for step in self.steps:
             affected = set().union(*(changed & self._inputs[target] for target in step.targets))
-            # Where the compiler is the test, it reads headers.
+            # A test that only compiles reads headers.
             reads = "-fsyntax-only" in step.command and fault.file.endswith(".h")
             if affected or reads:
                 late, seconds = step.order()
@@ -154,7 +156,7 @@ class Tree:
         return [step for *_, step in sorted(costs, key=lambda cost: cost[:2])]
 
     def trial(self, fault: Fault) -> tuple[str, str]:
-        """What comes of the fault: "uncompiled", "caught", "idle" or "survived", and by what."""
+        """The outcome ("uncompiled", "caught", "idle" or "survived") and the test that noticed."""
         path = self.source / fault.file
         times, sound = path.stat(), path.read_text()
         path.write_text(fault.applied(sound))
@@ -183,12 +185,12 @@ class Tree:
         return ("survived" if has_effect else "idle"), ""
 
     def _has_effect(self, fault: Fault, sound: str) -> bool:
-        """Whether the object code of the product, as it is shipped, differs by the fault."""
+        """Whether the fault changes the optimised object code of the product."""
         path = self.source / fault.file
         times, faulty = path.stat(), path.read_text()
         try:
             for made in sorted(self._dependents.get(fault.file, set()) & set(self._commands)):
-                if self._name(self._commands[made][-1]).startswith(NO_PRODUCT):
+                if made.startswith(NO_PRODUCT):
                     continue
                 code = self._compiled(made)
                 if made not in self._object_code:
@@ -211,13 +213,13 @@ class Tree:
 
 
 def _write(path: Path, text: str, times: os.stat_result) -> None:
-    """Writes a file and gives it back its time, so that nothing is built again for it."""
+    """Writes a file and restores its time, so that ninja does not rebuild."""
     path.write_text(text)
     os.utime(path, ns=(times.st_atime_ns, times.st_mtime_ns))
 
 
 def copy_changed(source: Path, copy: Path) -> None:
-    """Makes the copy equal to the source. Files of one size and time are taken for equal."""
+    """Makes the copy equal to the source. Files with equal size and time count as equal."""
     copy.mkdir(parents=True, exist_ok=True)
     wanted = {entry.name: entry for entry in os.scandir(source)}
     for entry in os.scandir(copy):
