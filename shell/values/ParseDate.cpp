@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <limits>
 
+#include "shell/values/Text.h"
+
 namespace veldrin {
 namespace {
 
@@ -18,13 +20,13 @@ struct Number {
   bool negative;
 };
 
-/// Reads a text from left to right. It uses plain loops for speed: every event of a calendar needs
-/// two dates.
+/// Reads a text from left to right. Plain loops make it fast: a year run reads two dates for every
+/// event.
 class Parser {
  public:
   explicit Parser(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
 
-  /// Returns whether there were any.
+  /// Skips blanks, and returns whether there were any.
   bool skipBlanks() {
     const char* const before = at_;
     while (at_ != end_ && (*at_ == ' ' || *at_ == '\t')) ++at_;
@@ -56,7 +58,7 @@ class Parser {
     const bool negative = at_ != end_ && *at_ == '-';
     if (negative) ++at_;
     const char* const first = at_;
-    std::uint64_t value = 0;  // may wrap around in a number of too many digits
+    std::uint64_t value = 0;  // wraps around if there are too many digits
     for (; at_ != end_ && isDigit(*at_); ++at_) {
       value = value * 10 + static_cast<std::uint64_t>(*at_ - '0');
     }
@@ -68,8 +70,6 @@ class Parser {
   }
 
  private:
-  static bool isDigit(char character) { return static_cast<unsigned char>(character - '0') < 10; }
-
   const char* at_;
   const char* end_;
 };
@@ -81,14 +81,14 @@ bool isShort(const Number& number) {
 std::optional<std::int64_t> yearOf(const Number& number) {
   if (number.digits >= 4) {
     using Years = std::numeric_limits<std::int32_t>;
-    const bool held = number.value >= Years::min() && number.value <= Years::max();
-    return held ? std::optional(number.value) : std::nullopt;
+    const bool fits = number.value >= Years::min() && number.value <= Years::max();
+    return fits ? std::optional(number.value) : std::nullopt;
   }
   if (number.digits != 2 || number.negative) return std::nullopt;
   return number.value < 69 ? 2000 + number.value : 1900 + number.value;
 }
 
-/// The day that the three numbers name in this order, if it exists.
+/// The day with these numbers, if it exists.
 std::optional<CivilDay> dayOf(const Number& year, const Number& month, const Number& day) {
   const auto fullYear = yearOf(year);
   if (!fullYear || !isShort(month) || !isShort(day)) return std::nullopt;

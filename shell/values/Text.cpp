@@ -13,10 +13,6 @@
 namespace veldrin {
 namespace {
 
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
 bool isSign(char character) {
   return character == '+' || character == '-';
 }
@@ -31,15 +27,15 @@ struct Mantissa {
 
 Mantissa readMantissa(std::string_view text, std::size_t at) {
   Mantissa mantissa{at, 0, 0, 0};
-  bool behindPoint = false;
-  for (; at < text.size() && (isDigit(text[at]) || (text[at] == '.' && !behindPoint)); ++at) {
+  bool afterPoint = false;
+  for (; at < text.size() && (isDigit(text[at]) || (text[at] == '.' && !afterPoint)); ++at) {
     if (text[at] == '.') {
-      behindPoint = true;
+      afterPoint = true;
       continue;
     }
     mantissa.integer = mantissa.integer * 10 + static_cast<std::uint64_t>(text[at] - '0');
     ++mantissa.digits;
-    mantissa.decimals += behindPoint ? 1 : 0;
+    mantissa.decimals += afterPoint ? 1 : 0;
   }
   mantissa.end = at;
   return mantissa;
@@ -73,8 +69,9 @@ double valueOutOfRange(std::string_view mantissa, std::string_view exponent) {
   std::int64_t power = 0;
   const auto [end, error] = std::from_chars(exponent.begin(), exponent.end(), power);
   // An exponent beyond 64 bits outweighs any mantissa that fits in memory.
-  if (error != std::errc()) power = exponent.front() == '-' ? INT64_MIN / 2 : INT64_MAX / 2;
-  return place + power > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  if (error != std::errc()) power = exponent.front() == '-' ? INT64_MIN : INT64_MAX;
+  // Compared instead of added, because the sum may overflow.
+  return power > -place ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
 /// The value of any mantissa and exponent. The exponent must directly follow the mantissa in
@@ -103,9 +100,9 @@ std::optional<NumberPrefix> readNumber(std::string_view text) {
   const Mantissa mantissa = readMantissa(text, start);
   if (mantissa.digits == 0) return std::nullopt;
   const std::size_t end = exponentEnd(text, mantissa.end);
-  // Fast path for most numbers that a user types. With up to 15 digits the integer and the power of
-  // ten are both exact, so their quotient is correctly rounded: W. D. Clinger, How to Read Floating
-  // Point Numbers Accurately, 1990.
+  // Fast path for most numbers that a user types. With up to 15 digits, integer and power of ten
+  // are exact, so their quotient is correctly rounded: W. D. Clinger, How to Read Floating Point
+  // Numbers Accurately, 1990.
   constexpr std::array PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const bool exact = end == mantissa.end && mantissa.digits < PowersOfTen.size();

@@ -19,6 +19,11 @@ namespace veldrin {
 //   sign     = "+" | "-"           blank = " " | tab
 //   minus    = U+2212 in UTF-8, the minus sign of web pages; not allowed in an exponent
 
+/// Whether the character is "0" to "9".
+constexpr bool isDigit(char character) {
+  return character >= '0' && character <= '9';
+}
+
 /// A number at the start of a text, and its length in bytes including leading blanks.
 struct NumberPrefix {
   double value;

@@ -14,7 +14,7 @@ namespace {
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
-/// Everything here holds under every C locale; the German one has a comma in place of the point.
+/// The tests run in two C locales; the German one has a decimal comma.
 class TextTest : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
@@ -34,7 +34,7 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
   const struct {
     std::string text;
     double value;
-    std::size_t length;  // what the number took
+    std::size_t length;
   } rows[] = {{"+3", 3.0, 2},
               {" \t 47.5 ", 47.5, 7},
               {"47,5", 47.0, 2},
@@ -54,6 +54,8 @@ TEST_P(TextTest, ValReadsTheNumberAtTheStart) {
               {"-1e-400", -0.0, 7},
               {"1e99999999999999999999", Infinity, 22},
               {"1e-99999999999999999999", 0.0, 23},
+              {"-1e9223372036854775807", -Infinity, 22},
+              {"0.01e-9223372036854775808", 0.0, 25},
               {"5e-324", std::numeric_limits<double>::denorm_min(), 6},
               {".9007199254740993", 0.9007199254740993, 17},
               {std::string(310, '9'), Infinity, 310},
@@ -85,7 +87,7 @@ TEST_P(TextTest, StrAndChrWritePlainCharacters) {
   }
 }
 
-TEST_P(TextTest, FormatFillsUpWithZeros) {
+TEST_P(TextTest, FormatPadsWithZeros) {
   const struct {
     double value;
     const char* pattern;
@@ -107,7 +109,7 @@ TEST_P(TextTest, FormatFillsUpWithZeros) {
   }
 }
 
-TEST(MathematicsTest, ConversionToAnIntegerGoesTowardZeroAndSaturates) {
+TEST(MathematicsTest, ConversionToAnIntegerTruncatesAndSaturates) {
   const struct {
     double value;
     std::int32_t integer, sign;
