@@ -11,7 +11,7 @@ namespace veldrin {
 
 /// A mutable civil moment in local time. A new date holds the host's current time.
 ///
-/// Every day has 86,400 seconds, also where the host's zone changes its clocks: adding 86,400.0 to
+/// Every day has 86,400 seconds, even if the host's zone changes its clocks: adding 86,400.0 to
 /// `TotalSeconds` always moves the date by one calendar day.
 ///
 ///     const Ref<Date> day = New<Date>();
@@ -22,9 +22,8 @@ namespace veldrin {
 /// the next year, `Day(0)` the last day of the previous month. A date beyond the 32-bit years
 /// becomes their first or last moment.
 ///
-/// Veldrin uses neither the constructors with fields, the time of day, `DayOfYear` and `WeekOfYear`
-/// nor the texts other than `ShortDate`. They exist because the framework's conventions ask for
-/// them.
+/// Veldrin uses only year, month, day, `DayOfWeek`, `ShortDate`, `TotalSeconds`, `GMTOffset` and
+/// `Operator_Compare`. The framework's conventions require the other members.
 class Date final : public Described<Date, Object> {
  public:
   static constexpr FixedString FullName = "Date";
@@ -38,8 +37,8 @@ class Date final : public Described<Date, Object> {
   void Constructor() {}
   /// Copies the other's moment and offset. Raises `NilObjectException` for nil.
   void Constructor(const Ref<Date>& other);
-  /// Sets the fields, which carry over as when they are written. A month below 1 means January, a
-  /// day below 1 means the first.
+  /// Sets the fields. A month below 1 means January, a day below 1 means the first; other values
+  /// out of range carry over.
   void Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
                    std::int32_t minute, std::int32_t second);
   /// Also sets `GMTOffset`.
@@ -78,7 +77,9 @@ class Date final : public Described<Date, Object> {
   /// The time of day with seconds: "16:05:09".
   [[nodiscard]] String LongTime() const;
 
-  /// Civil seconds since 1904-01-01 00:00:00; later moments have larger values.
+  /// Civil seconds since 1904-01-01 00:00:00; later moments have larger values. Exact up to 2^53
+  /// seconds, which is in the years -285,424,877 to 285,428,684; rounded to at most 8 seconds
+  /// beyond.
   [[nodiscard]] double TotalSeconds() const {
     if (held_ == Held::Instant) readClock();
     return static_cast<double>((day_ - Origin) * SecondsOfDay + secondOfDay_);
@@ -87,8 +88,8 @@ class Date final : public Described<Date, Object> {
   void TotalSeconds(double seconds);
 
   /// The UTC offset in hours, east positive: the written offset, else that of the host's zone at
-  /// this date, daylight-saving time included. A date that was never changed uses the instant at
-  /// which it was made. A changed date uses its fields, see `Host::gmtOffset`.
+  /// this date, daylight-saving time included. A date that was never changed uses the instant of
+  /// its creation. A changed date uses its fields, see `Host::gmtOffset`.
   [[nodiscard]] double GMTOffset() const;
   /// Sets an offset that stays until it is written again. The fields keep their values, so the date
   /// becomes another instant. Infinities and NaN are ignored.

@@ -15,9 +15,9 @@ namespace veldrin {
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0);
 
-// The mathematical functions of the solar engine, computed by the C library; angles in radians. The
+// The mathematical functions of the solar engine, from the C library; angles are in radians. The
 // build flags forbid the compiler to merge a sine and a cosine into one call or to fold constants,
-// since the result may differ from the library's in the last digit.
+// because the last digit might differ from the library's.
 
 /// The sine of an angle.
 inline double Sin(double angle) {
@@ -41,15 +41,15 @@ inline double Sqrt(double value) {
 
 /// The largest whole number not above the argument.
 inline double Floor(double value) {
-  // Twice as fast for positive numbers that may have a fraction.
-  constexpr double FirstWithout = 0x1p52;
-  if (value > 0.0 && value < FirstWithout) {
+  // Twice as fast as std::floor.
+  constexpr double FirstWithoutFraction = 0x1p52;
+  if (value > 0.0 && value < FirstWithoutFraction) {
     return static_cast<double>(static_cast<std::int64_t>(value));
   }
   return std::floor(value);
 }
 
-/// The magnitude.
+/// The absolute value.
 inline double Abs(double value) {
   return std::fabs(value);
 }

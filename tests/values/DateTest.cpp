@@ -28,7 +28,7 @@ Ref<Date> dateOf(const Fields& fields) {
   return date;
 }
 
-/// The week as the C library has it.
+/// The ISO week by the C library.
 std::int32_t isoWeekOf(std::int32_t year, std::int32_t dayOfYear, std::int32_t dayOfWeek) {
   tm fields{};
   fields.tm_year = year - 1900;
@@ -39,7 +39,7 @@ std::int32_t isoWeekOf(std::int32_t year, std::int32_t dayOfYear, std::int32_t d
   return (week[0] - '0') * 10 + week[1] - '0';
 }
 
-TEST_F(DateTest, NewDateKeepsTheMomentAtWhichItWasMade) {
+TEST_F(DateTest, NewDateKeepsTheMomentOfItsCreation) {
   host.stand({2024, 2, 29, 23, 59, 58}, 5.75);
   const Ref<Date> read = New<Date>();
   const Ref<Date> written = New<Date>();
@@ -49,11 +49,11 @@ TEST_F(DateTest, NewDateKeepsTheMomentAtWhichItWasMade) {
   EXPECT_EQ(fieldsOf(*written), (Fields{2024, 2, 1, 23, 59, 58}));
 }
 
-TEST_F(DateTest, StepsOfADayWalkTheCalendarBothWays) {
+TEST_F(DateTest, AStepOfADayIsTheNextOrThePreviousDay) {
   using std::chrono::days, std::chrono::sys_days, std::chrono::year;
   constexpr sys_days First = year(-400) / 1 / 1;
   constexpr sys_days Last = year(2500) / 12 / 31;
-  // The clocks of the host change at every noon.
+  // The host's clocks change at every noon.
   host.zone = [](std::int64_t at) { return (at + 43200) / 86400 % 2 * 3600; };
   const Ref<Date> date = dateOf({-400, 1, 1, 23, 59, 58});
   for (sys_days day = First; day <= Last; day += days(1)) {
@@ -96,9 +96,9 @@ TEST_F(DateTest, FieldOutOfItsRangeCarriesOver) {
       {"smallest year", start, Year, Smallest, FirstMoment},
       {"largest month", start, Month, Largest, {178958978, 7, 1, 0, 0, 0}},
       {"smallest day", start, Day, Smallest, {-5877603, 6, 21, 0, 0, 0}},
-      {"behind the last moment by months", LastMoment, Month, Largest, LastMoment},
-      {"before the first moment by a day", FirstMoment, Day, 0, FirstMoment},
-      {"before the first moment by a second", FirstMoment, &Date::Second, -1, FirstMoment}};
+      {"months after the last moment", LastMoment, Month, Largest, LastMoment},
+      {"a day before the first moment", FirstMoment, Day, 0, FirstMoment},
+      {"a second before the first moment", FirstMoment, &Date::Second, -1, FirstMoment}};
   for (const auto& row : rows) {
     const Ref<Date> date = dateOf(row.before);
     ASSERT_EQ(fieldsOf(*date), row.before) << row.what;
@@ -109,28 +109,32 @@ TEST_F(DateTest, FieldOutOfItsRangeCarriesOver) {
 
 TEST_F(DateTest, TotalSecondsMoveTheWholeDate) {
   constexpr double Infinity = std::numeric_limits<double>::infinity();
+  constexpr double Exact = 0x1p53;
   const struct {
     double seconds;
     Fields fields;
   } rows[] = {{59.9, {1904, 1, 1, 0, 0, 59}},
               {-1.0, {1903, 12, 31, 23, 59, 59}},
               {3287865599.0, {2008, 3, 8, 23, 59, 59}},
+              {Exact - 1.0, {285428685, 11, 10, 7, 36, 31}},
+              {-Exact + 1.0, {-285424878, 2, 19, 16, 23, 29}},
               {1e300, LastMoment},
-              {-Infinity, FirstMoment}};
+              {-Infinity, FirstMoment},
+              {2082844800.75, {1970, 1, 1, 0, 0, 0}},
+              {std::nan(""), {1970, 1, 1, 0, 0, 0}}};
   const Ref<Date> date = New<Date>();
   for (const auto& row : rows) {
     date->TotalSeconds(row.seconds);
     EXPECT_EQ(fieldsOf(*date), row.fields) << row.seconds;
+    if (std::fabs(row.seconds) < Exact) {
+      EXPECT_EQ(date->TotalSeconds(), std::floor(row.seconds));
+    }
   }
-  date->TotalSeconds(2082844800.75);
-  EXPECT_EQ(date->TotalSeconds(), 2082844800.0);
-  date->TotalSeconds(std::numeric_limits<double>::quiet_NaN());
-  EXPECT_EQ(fieldsOf(*date), (Fields{1970, 1, 1, 0, 0, 0}));
 }
 
-TEST_F(DateTest, IsMadeOfFieldsWithoutAnyThatTodayLeaves) {
+TEST_F(DateTest, FieldsOfTheConstructorReplaceThoseOfToday) {
   const struct {
-    Fields given, held;
+    Fields given, expected;
   } rows[] = {{{2023, 2, 30, 25, -1, 60}, {2023, 3, 3, 1, 0, 0}},
               {{2023, 0, 0, 0, 0, 0}, {2023, 1, 1, 0, 0, 0}},
               {{2023, -3, 31, 0, 0, 0}, {2023, 1, 31, 0, 0, 0}}};
@@ -143,15 +147,15 @@ TEST_F(DateTest, IsMadeOfFieldsWithoutAnyThatTodayLeaves) {
     plain->Constructor(year, month, day, hour, minute, second);
     const Ref<Date> copy = New<Date>();
     copy->Constructor(zoned);
-    EXPECT_EQ(fieldsOf(*zoned), row.held);
-    EXPECT_EQ(fieldsOf(*plain), row.held);
+    EXPECT_EQ(fieldsOf(*zoned), row.expected);
+    EXPECT_EQ(fieldsOf(*plain), row.expected);
     EXPECT_EQ(plain->GMTOffset(), 2.0);
     EXPECT_TRUE(copy->Operator_Compare(plain) == 0 && copy->GMTOffset() == -3.5);
   }
   EXPECT_EQ(raisedBy([] { New<Date>()->Constructor(nullptr); }), "NilObjectException");
 }
 
-TEST_F(DateTest, ComparesByTheMomentAndNeverEqualsNil) {
+TEST_F(DateTest, ComparesMomentsAndNeverEqualsNil) {
   const Ref<Date> date = dateOf({2008, 3, 9, 12, 0, 0});
   EXPECT_NE(date->Operator_Compare(nullptr), 0);
   EXPECT_EQ(date->Operator_Compare(dateOf({2008, 3, 9, 12, 0, 0})), 0);
@@ -159,7 +163,7 @@ TEST_F(DateTest, ComparesByTheMomentAndNeverEqualsNil) {
   EXPECT_EQ(date->Operator_Compare(dateOf({2008, 3, 9, 12, 0, 1})), -1);
 }
 
-TEST_F(DateTest, OffsetGoesByTheInstantUntilTheDateIsMoved) {
+TEST_F(DateTest, OffsetIsThatOfTheInstantUntilAFieldIsWritten) {
   constexpr std::int64_t ClocksGoBack = 1730624400;  // 2024-11-03 09:00 UTC, 02:00 by the clocks
   host.zone = [](std::int64_t at) { return (at >= ClocksGoBack ? -8 : -7) * std::int64_t{3600}; };
   const struct {
@@ -188,7 +192,7 @@ TEST_F(DateTest, OffsetGoesByTheInstantUntilTheDateIsMoved) {
   }
 }
 
-TEST_F(DateTest, TextsAreThoseOfTheHost) {
+TEST_F(DateTest, TextsHaveTheFormsOfTheHost) {
   const Ref<Date> date = dateOf({2008, 3, 9, 0, 0, 0});
   EXPECT_EQ(text(date->LongDate() + date->AbbreviatedDate()), "0 of 91 of 9");
   EXPECT_EQ(text(date->ShortTime() + date->LongTime()), "2 of 93 of 9");

@@ -11,7 +11,7 @@ namespace {
 using enum ShortDateForm::Order;
 using ParseDateTest = ValuesTest;
 
-/// The day that is read, as in "2008-3-9"; "none" where none is.
+/// The day that `readDate` finds, as in "2008-3-9", or "none".
 std::string dayIn(std::string_view text, ShortDateForm::Order order) {
   const auto day = readDate(text, {order, '/'});
   if (!day) return "none";
@@ -19,7 +19,7 @@ std::string dayIn(std::string_view text, ShortDateForm::Order order) {
          std::to_string(day->day);
 }
 
-TEST_F(ParseDateTest, EachOrderReadsItsOwnFormWithAnySeparatorAndIso) {
+TEST_F(ParseDateTest, EachOrderReadsItsFormWithAnySeparatorAndIsoDates) {
   const struct {
     std::string text, monthFirst, dayFirst, yearFirst;
   } rows[] = {{"3. 9. 2008", "2008-3-9", "2008-9-3", "none"},
@@ -44,7 +44,7 @@ TEST_F(ParseDateTest, EachOrderReadsItsOwnFormWithAnySeparatorAndIso) {
   }
 }
 
-TEST_F(ParseDateTest, NoOrderReadsWhatIsNoDate) {
+TEST_F(ParseDateTest, NoOrderReadsATextThatIsNoDate) {
   using namespace std::string_literals;
   std::istringstream texts(
       "|  |/|4|4/|4/4|4/4/|//|4//2008|4/4/2008/|4/4/-|-/4/2008|4/-/2008|4/4/2008/4|4/4/2008x|"
@@ -60,7 +60,7 @@ TEST_F(ParseDateTest, NoOrderReadsWhatIsNoDate) {
   }
 }
 
-TEST_F(ParseDateTest, FillsTheDateWithTheStartOfTheDayOrLeavesItAsItWas) {
+TEST_F(ParseDateTest, SetsTheDateToTheStartOfTheDayOrLeavesItUnchanged) {
   Ref<Date> date = New<Date>();
   const Ref<Date> same = date;
   host.form = {DayMonthYear, '.'};
