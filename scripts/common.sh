@@ -38,7 +38,7 @@ WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
   at-spi2-core dbus-daemon)
 TEST_PACKAGES=(libgtest-dev libgmock-dev libical-dev pkg-config locales tzdata desktop-file-utils appstream
-  dpkg-dev file man-db python3-icalendar python3-vobject)
+  dpkg-dev file man-db strace python3-icalendar python3-vobject)
 BENCH_PACKAGES=(libbenchmark-dev valgrind time)
 # Clang, with its sanitizers and libFuzzer.
 CLANG_PACKAGES=(clang libclang-rt-dev)

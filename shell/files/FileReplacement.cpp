@@ -15,7 +15,6 @@ namespace {
 
 using std::filesystem::path;
 
-constexpr mode_t ReadAndWrite = 0666;  // minus the umask
 constexpr mode_t Permissions = 0777;
 
 /// The path after following the symbolic links at its end. The target need not exist.
@@ -33,7 +32,7 @@ class TemporaryFile {
  public:
   /// `old` describes the existing target, if any. A failure is reported by `replaceWith`.
   TemporaryFile(const path& target, const std::optional<struct stat>& old) : target_(target) {
-    mode_t mode = old ? old->st_mode & Permissions : ReadAndWrite;
+    mode_t mode = old ? old->st_mode & Permissions : NewFileMode;
     int descriptor = -1;
     for (int count = 0; descriptor < 0; ++count) {
       // Not derived from the target's name, which may already have the greatest allowed length.
@@ -48,31 +47,30 @@ class TemporaryFile {
     file_ = openDescriptor(descriptor);
     if (!old) return;
     descriptor_ = descriptor;
-    // Only the superuser may change the owner, and a user may set only a group of which the user is
-    // a member. If the group changes, it loses the old group's permissions. The mode is set last,
+    // Only the superuser may change the owner, and other users may set only their own groups. A
+    // different group does not get the old group's permissions. The mode is set last,
     // because fchown clears some of its bits.
-    constexpr auto AsItIs = static_cast<uid_t>(-1);
+    constexpr auto Unchanged = static_cast<uid_t>(-1);
     const bool keepsGroup = ::fchown(descriptor, old->st_uid, old->st_gid) == 0 ||
-                            ::fchown(descriptor, AsItIs, old->st_gid) == 0;
+                            ::fchown(descriptor, Unchanged, old->st_gid) == 0;
     if (!keepsGroup) mode &= ~static_cast<mode_t>(S_IRWXG);
     if (::fchmod(descriptor, mode) != 0) error_ = errno;
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile() {
-    if (file_ && !tookPlace_) ::unlink(name_.c_str());
+    if (file_ && !isRenamed_) ::unlink(name_.c_str());
   }
 
   /// Writes the text and renames the file to the target. Returns 0 or the first error number.
   std::int32_t replaceWith(std::string_view text) {
     if (error_ == 0) error_ = file_->write(text, {});
-    // An older file must not be lost by a power cut: the new one is on the disk before it takes its
-    // place.
+    // A power cut must not lose the older file, so the text reaches the disk before the rename.
     if (error_ == 0 && replacesFile() && ::fsync(descriptor_) != 0) error_ = errno;
     if (error_ == 0) error_ = file_->close();
     if (error_ != 0) return error_;
-    tookPlace_ = std::rename(name_.c_str(), target_.c_str()) == 0;
-    if (!tookPlace_) return errno;
+    isRenamed_ = std::rename(name_.c_str(), target_.c_str()) == 0;
+    if (!isRenamed_) return errno;
     if (replacesFile()) syncFolder();
     return 0;
   }
@@ -80,7 +78,8 @@ class TemporaryFile {
  private:
   [[nodiscard]] bool replacesFile() const { return descriptor_ >= 0; }
 
-  /// Puts the new name on the disk. A failure loses nothing: the old name leads to the old file.
+  /// Writes the rename to the disk. Ignores failures: at worst, a power cut brings back the old
+  /// file.
   void syncFolder() const {
     const path folder = target_.has_parent_path() ? target_.parent_path() : path(".");
     const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -92,9 +91,9 @@ class TemporaryFile {
   path target_;
   path name_;
   std::unique_ptr<WritableFile> file_;
-  int descriptor_ = -1;  ///< of `file_`, if it is to replace a file
+  int descriptor_ = -1;  ///< of `file_` if it replaces a file, else -1
   std::int32_t error_ = 0;
-  bool tookPlace_ = false;
+  bool isRenamed_ = false;
 };
 
 /// The descriptor of standard output or standard error if it is open on this file, else -1.

@@ -10,7 +10,7 @@
 namespace veldrin {
 namespace {
 
-/// In the order of registration; nothing without a `Runtime`.
+/// In the order of registration; empty without a `Runtime`.
 std::optional<std::vector<RegisteredFileType>> registeredTypes;
 
 std::vector<RegisteredFileType>& typesOfRoom() {

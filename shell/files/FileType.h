@@ -6,9 +6,9 @@
 
 namespace veldrin {
 
-/// A kind of file that a dialog can offer; calendar/OutputFile.h has those of Veldrin. It registers
-/// itself with the framework on its first use as a filter, and on the first use after a change. It
-/// may outlive the `Runtime`.
+/// A kind of file that a dialog can offer; Veldrin's is in calendar/OutputFile.h. The type
+/// registers itself on its first use as a filter and on the first use after a change. It may
+/// outlive the `Runtime`.
 class FileType final : public Described<FileType, Object> {
  public:
   static constexpr FixedString FullName = "FileType";
@@ -20,7 +20,7 @@ class FileType final : public Described<FileType, Object> {
 
   [[nodiscard]] String Extensions() const { return mExtension; }
   void Extensions(String extensions);
-  /// Always nil. It exists because the framework's conventions ask for it; nothing calls it.
+  /// Always nil; unused. The framework's conventions require it.
   [[nodiscard]] Ref<Object> Icon() const { return nullptr; }
   [[nodiscard]] String MacCreator() const { return mMacCreator; }
   void MacCreator(String creator);
@@ -67,7 +67,8 @@ struct RegisteredFileType {
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
                              const String& extensions, const FileType* owner);
 
-/// Removes all that the owner has registered, under any name. Does nothing without a `Runtime`.
+/// Removes everything that the owner has registered. Ignores the name. Does nothing without a
+/// `Runtime`.
 void RuntimeDeregisterFileType(const String& name, const FileType* owner);
 
 /// The types in the order of registration. Throws `FatalFault` without a `Runtime`.

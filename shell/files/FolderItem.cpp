@@ -49,7 +49,7 @@ class SystemFile final : public WritableFile {
       const std::array<iovec, 2> parts{partOf(text), partOf(end)};
       const ssize_t count = end.empty() ? ::write(descriptor_, text.data(), text.size())
                                         : ::writev(descriptor_, parts.data(), 2);
-      if (count < 0 && !isStopPending() && (errno == EINTR || waited())) continue;
+      if (count < 0 && !isStopPending() && (errno == EINTR || waitedForRoom())) continue;
       if (count <= 0) return count < 0 ? errno : EIO;
       const std::size_t ofText = std::min(static_cast<std::size_t>(count), text.size());
       text.remove_prefix(ofText);
@@ -58,9 +58,9 @@ class SystemFile final : public WritableFile {
     return 0;
   }
 
-  /// After a failed write to a full nonblocking descriptor: waits until it is writable and returns
-  /// true. Ignores errors of poll(), because the next write reports them.
-  [[nodiscard]] bool waited() const {
+  /// If a write failed because a nonblocking descriptor is full, waits until it is writable and
+  /// returns true. Ignores errors of poll(), because the next write reports them.
+  [[nodiscard]] bool waitedForRoom() const {
     if (errno != EAGAIN && errno != EWOULDBLOCK) return false;
     pollfd writable{descriptor_, POLLOUT, 0};
     static_cast<void>(::poll(&writable, 1, -1));
@@ -93,7 +93,6 @@ String FolderItem::AbsolutePath() const {
 }
 
 std::unique_ptr<WritableFile> FolderItem::create() {
-  constexpr mode_t ReadAndWrite = 0666;  // minus the umask
   const std::string path(path_.view());
   LastErrorCode = 0;
   // The OS would cut the path at the zero byte and open another file.
@@ -102,16 +101,16 @@ std::unique_ptr<WritableFile> FolderItem::create() {
     return nullptr;
   }
   // Without O_NONBLOCK, opening a pipe without a reader would block the window.
-  constexpr int AtOnce = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+  constexpr int Flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
   int descriptor = -1;
   do {
-    descriptor = ::open(path.c_str(), AtOnce, ReadAndWrite);
+    descriptor = ::open(path.c_str(), Flags, NewFileMode);
   } while (descriptor < 0 && errno == EINTR);
   if (descriptor < 0) {
     LastErrorCode = errno;
     return nullptr;
   }
-  ::fcntl(descriptor, F_SETFL, 0);  // writes do wait for a slow reader
+  ::fcntl(descriptor, F_SETFL, 0);  // but writes wait for a slow reader
   return openDescriptor(descriptor);
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cstdint>
 #include <memory>
 #include <string_view>
@@ -7,6 +9,9 @@
 #include "shell/objects/Described.h"
 
 namespace veldrin {
+
+/// The mode of a new file. The OS takes off the bits of the umask.
+inline constexpr mode_t NewFileMode = 0666;
 
 /// A file that is open for writing.
 class WritableFile {
@@ -21,7 +26,7 @@ class WritableFile {
   virtual std::int32_t write(std::string_view text, std::string_view end) = 0;
 
   /// Closes now, to report errors that only closing reveals. Returns 0 or the error number of the
-  /// OS. Do not write afterwards.
+  /// OS. Write nothing afterwards.
   virtual std::int32_t close() { return 0; }
 
  protected:

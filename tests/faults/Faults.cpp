@@ -1,13 +1,14 @@
-// A library to be loaded ahead of the C library. It lets one call of the system fail, as the
-// environment variable VELDRIN_FAULT says: the call, which one of them, and how, such as
-// "write 3 ENOSPC". A how of digits is a write of so many bytes.
+// A library to preload. It makes one call to the OS fail. The environment variable VELDRIN_FAULT
+// holds the call, its number and the failure, such as "write 3 ENOSPC". The failure is the name of
+// an error, "onwards" for all calls from that number on, or for a write the number of bytes that it
+// writes.
 //
-//   open     that makes a file
-//   write    to what was made, or to a copy of a standard descriptor
-//   close    of the same
-//   fsync    of the same
-//   memory   a block of memory; 0 counts those until a file is made, and says how many on
-//   descriptor 9
+//   open     creates a file
+//   write    to a descriptor above 2
+//   close    the same
+//   fsync    the same
+//   memory   a block of memory; with number 0 no call fails, and the number of blocks taken before
+//            a file is created is written to descriptor 9
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -24,30 +25,30 @@
 
 namespace {
 
-struct Wanted {
+struct Fault {
   std::array<char, 16> call{};
-  std::array<char, 16> how{};
-  int which = 0;
-  bool read = false;
+  std::array<char, 16> failure{};
+  int number = 0;
+  bool isRead = false;
 };
-Wanted wanted;
+Fault wanted;
 int count = 0;
 
 using Main = int (*)(int, char**, char**);
 Main realMain = nullptr;
 
-/// The call of that name behind this library.
+/// The function of that name in the next library, usually the C library.
 template <class Function>
 Function next(const char* name) {
   return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
-/// Whether the call at hand is the one to fail. Nothing counts before the program's `main`.
+/// Counts a call, and returns whether it must fail. Counting starts at `main`.
 bool fails(std::string_view call) {
-  if (!wanted.read || call != wanted.call.data()) return false;
+  if (!wanted.isRead || call != wanted.call.data()) return false;
   ++count;
-  const bool onwards = std::strcmp(wanted.how.data(), "onwards") == 0;
-  return wanted.which != 0 && (count == wanted.which || (onwards && count > wanted.which));
+  const bool onwards = std::strcmp(wanted.failure.data(), "onwards") == 0;
+  return wanted.number != 0 && (count == wanted.number || (onwards && count > wanted.number));
 }
 
 bool isFile(int descriptor) {
@@ -61,26 +62,25 @@ int errorNumber() {
   };
   constexpr Name Names[] = {{"EINTR", EINTR}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EAGAIN", EAGAIN}};
   for (const auto& [name, number] : Names) {
-    if (std::strcmp(wanted.how.data(), name) == 0) return number;
+    if (std::strcmp(wanted.failure.data(), name) == 0) return number;
   }
   return 0;
 }
 
-/// A write of no more than was asked for, or none at all.
+/// Writes, unless this write must fail or be short.
 template <class Write>
 ssize_t faulty(int descriptor, const char* first, Write write) {
   if (!isFile(descriptor) || !fails("write")) return write();
   errno = errorNumber();
   if (errno != 0) return -1;
-  const auto length = static_cast<std::size_t>(std::atoi(wanted.how.data()));
+  const auto length = static_cast<std::size_t>(std::atoi(wanted.failure.data()));
   static const auto original = next<ssize_t (*)(int, const void*, std::size_t)>("write");
   return length == 0 ? 0 : original(descriptor, first, length);
 }
 
 }  // namespace
 
-// The C library's own names, which are bound to functions of other ones, because its declarations
-// are there as well.
+// The C++ names differ from those of the C library, whose declarations are visible here.
 extern "C" {
 int startMain(Main main, int argc, char** argv, void (*init)(), void (*fini)(), void (*rtldFini)(),
               void* stackEnd) __asm__("__libc_start_main");
@@ -92,15 +92,15 @@ int fsyncFaulty(int descriptor) __asm__("fsync");
 void* mallocFaulty(std::size_t size) __asm__("malloc");
 }
 
-// The program's start hands its `main` to this one.
+// The start code of a program passes its `main` to this function.
 int startMain(Main main, int argc, char** argv, void (*init)(), void (*fini)(), void (*rtldFini)(),
               void* stackEnd) {
   realMain = main;
   const auto start = [](int words, char** text, char** settings) {
     const char* const fault = std::getenv("VELDRIN_FAULT");
     if (fault != nullptr) {
-      std::sscanf(fault, "%15s %d %15s", wanted.call.data(), &wanted.which, wanted.how.data());
-      wanted.read = true;
+      std::sscanf(fault, "%15s %d %15s", wanted.call.data(), &wanted.number, wanted.failure.data());
+      wanted.isRead = true;
     }
     return realMain(words, text, settings);
   };
@@ -114,7 +114,7 @@ int openFaulty(const char* path, int flags, ...) {
   const auto mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   if ((flags & O_CREAT) != 0) {
-    if (wanted.read && wanted.which == 0) ::dprintf(9, "%d\n", count);
+    if (wanted.isRead && wanted.number == 0) ::dprintf(9, "%d\n", count);
     if (fails("open")) {
       errno = errorNumber();
       return -1;
@@ -140,7 +140,7 @@ int closeFaulty(int descriptor) {
   static const auto original = next<int (*)(int)>("close");
   const int closed = original(descriptor);
   if (!isFile(descriptor) || !fails("close")) return closed;
-  // The descriptor has gone all the same.
+  // Even a failed close closes the descriptor.
   errno = errorNumber();
   return -1;
 }

@@ -27,7 +27,7 @@ class FileTypeTest : public RuntimeTest {
   }
 };
 
-TEST_F(FileTypeTest, IsRegisteredByItsUseAsAFilterAndOnce) {
+TEST_F(FileTypeTest, UseAsAFilterRegistersItOnce) {
   const Ref<FileType> type = named("calendar"_s);
   type->Extensions("ics"_s);
   type->MacType("text"_s);
@@ -45,7 +45,7 @@ TEST_F(FileTypeTest, IsRegisteredByItsUseAsAFilterAndOnce) {
   EXPECT_EQ(findRegisteredFileType("ics"_s), nullptr);
 }
 
-TEST_F(FileTypeTest, IsDeregisteredUnderItsOldNameByEveryWriteAndAtItsEnd) {
+TEST_F(FileTypeTest, EveryWriteAndTheDestructorDeregisterIt) {
   using Write = void (FileType::*)(String);
   for (const Write write : {Write(&FileType::Name), Write(&FileType::Extensions),
                             Write(&FileType::MacType), Write(&FileType::MacCreator)}) {
@@ -61,7 +61,7 @@ TEST_F(FileTypeTest, IsDeregisteredUnderItsOldNameByEveryWriteAndAtItsEnd) {
   EXPECT_THAT(registered(), ElementsAre());
 }
 
-TEST_F(FileTypeTest, TypesOfOneNameComeAndGoByThemselves) {
+TEST_F(FileTypeTest, TypesOfOneNameAreRegisteredSeparately) {
   const Ref<FileType> first = named("calendar"_s);
   const Ref<FileType> second = named("calendar"_s);
   first->MacCreator("first"_s);
@@ -82,7 +82,7 @@ TEST(FileTypeEndTest, ATypeMayOutliveTheRuntime) {
     if (!type) type = New<FileType>();
     type->Register();
     type->Register();
-    EXPECT_EQ(registeredFileTypes().size(), 1U);  // the next runtime hears of it as well
+    EXPECT_EQ(registeredFileTypes().size(), 1U);
   }
   type = nullptr;
 }

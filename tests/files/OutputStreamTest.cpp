@@ -19,7 +19,7 @@
 namespace veldrin::test {
 namespace {
 
-/// The number of the `IOException` that the call raises; 0 for none.
+/// The error number of the `IOException` that the call raises, or 0.
 template <class Call>
 std::int32_t errorOf(Call&& call) {
   try {
@@ -31,7 +31,7 @@ std::int32_t errorOf(Call&& call) {
   return 0;
 }
 
-/// A folder of its own for each test.
+/// Gives each test its own folder.
 class OutputStreamTest : public RuntimeTest {
  protected:
   [[nodiscard]] Ref<FolderItem> item(const std::string& name) const {
@@ -53,7 +53,7 @@ TEST_F(OutputStreamTest, LinesEndWithTheDelimiter) {
   stream->WriteLine(String());
   stream->Write("no "_s);
   stream->Write("end"_s);
-  EXPECT_EQ(contentOf("lines.ics"), "BEGIN:VCALENDAR\r\n\r\nno end");  // nothing is held back
+  EXPECT_EQ(contentOf("lines.ics"), "BEGIN:VCALENDAR\r\n\r\nno end");  // no buffer
   stream->Delimiter = ""_s;
   stream->WriteLine(String());
   stream->Delimiter = String(std::string_view("\0|", 2));
@@ -65,7 +65,7 @@ TEST_F(OutputStreamTest, LinesEndWithTheDelimiter) {
 
 using SavingTest = WindowTest;
 
-TEST_F(SavingTest, NoDescriptorStaysOpenOrGoesToOtherPrograms) {
+TEST_F(SavingTest, NoDescriptorLeaksOrIsInherited) {
   const auto open = [] {
     return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
   };
@@ -82,13 +82,13 @@ TEST_F(SavingTest, NoDescriptorStaysOpenOrGoesToOtherPrograms) {
   EXPECT_EQ(::fcntl(next, F_GETFL) & (O_ACCMODE | O_NONBLOCK), O_WRONLY);
 }
 
-TEST_F(OutputStreamTest, APipeThatDoesNotBlockIsWaitedFor) {
+TEST_F(OutputStreamTest, WritesWaitForAFullNonblockingPipe) {
   std::array<int, 2> ends{};
   ASSERT_EQ(::pipe2(ends.data(), O_NONBLOCK), 0);
   ::fcntl(ends[0], F_SETFL, 0);
   std::string arrived;
   std::thread reader([&] {
-    // It does not begin before the pipe is full.
+    // Starts reading when the pipe is full.
     for (pollfd room{ends[1], POLLOUT, 0}; ::poll(&room, 1, 0) == 1;) std::this_thread::yield();
     std::array<char, 4096> piece{};
     for (ssize_t count; (count = ::read(ends[0], piece.data(), piece.size())) > 0;) {
@@ -109,7 +109,7 @@ TEST_F(OutputStreamTest, APipeThatDoesNotBlockIsWaitedFor) {
   EXPECT_TRUE(arrived == sent) << arrived.size() << " of " << sent.size();
 }
 
-TEST_F(OutputStreamTest, CreateRaisesWhereTheFileCannotBeMade) {
+TEST_F(OutputStreamTest, CreateRaisesIfTheFileCannotBeCreated) {
   EXPECT_EQ(raisedBy([] { TextOutputStream::Create(nullptr); }), "NilObjectException");
   const Ref<MemoryItem> memory = New<MemoryItem>();
   memory->errorOfCreate = EROFS;
@@ -167,10 +167,10 @@ TEST_F(OutputStreamTest, ExistingFileIsEmptiedInPlace) {
   EXPECT_EQ(status.st_mode & 07777U, 0604U);
 }
 
-TEST_F(OutputStreamTest, LineThatTheSystemTakesInPartEndsWithTheErrorOfTheRest) {
+TEST_F(OutputStreamTest, APartlyWrittenLineRaisesTheErrorOfTheRest) {
   for (const std::size_t length : {5U, 5000U}) {
     const std::string line(length, 'x');
-    // The limit falls into the text, between text and delimiter, into the delimiter, behind it.
+    // The limit is in the text, between text and delimiter, in the delimiter, after it.
     for (const std::size_t limit : {length - 2, length, length + 1, length + 2}) {
       const Ref<TextOutputStream> stream = TextOutputStream::Create(item("part.ics"));
       rlimit before{};
@@ -178,7 +178,7 @@ TEST_F(OutputStreamTest, LineThatTheSystemTakesInPartEndsWithTheErrorOfTheRest) 
       const rlimit small{limit, before.rlim_max};
       ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
       const std::int32_t error = errorOf([&] { stream->WriteLine(String(line)); });
-      // Before anything is reported: the report may go to a file as well.
+      // Restored before any report, which may go to a file.
       ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
       EXPECT_EQ(error, limit < length + 2 ? EFBIG : 0) << limit;
       EXPECT_EQ(contentOf("part.ics"), (line + "\r\n").substr(0, limit));
@@ -186,7 +186,7 @@ TEST_F(OutputStreamTest, LineThatTheSystemTakesInPartEndsWithTheErrorOfTheRest) 
   }
 }
 
-TEST_F(OutputStreamTest, PathIsAbsoluteForAPerson) {
+TEST_F(OutputStreamTest, DisplayedPathIsAbsolute) {
   EXPECT_EQ(text(FolderItem::atPath("/tmp/a b.ics"_s)->AbsolutePath()), "/tmp/a b.ics");
   EXPECT_EQ(text(FolderItem::atPath("here.ics"_s)->AbsolutePath()),
             (std::filesystem::current_path() / "here.ics").string());
