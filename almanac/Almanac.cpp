@@ -16,10 +16,9 @@
 namespace veldrin {
 namespace {
 
-constexpr int DegreesOfTwilight = 6;  // between one and the next
+constexpr std::size_t TwilightStep = 6;  // degrees from one twilight to the next
 
-/// The names of the events at an altitude: row 0 for sunrise and sunset, row n for the twilight of
-/// 6 n degrees.
+/// The events at an altitude: row 0 for sunrise and sunset, row n for the twilight of 6 n degrees.
 constexpr struct {
   EventKind rising, setting;
 } Passings[] = {
@@ -32,17 +31,17 @@ constexpr struct {
 constexpr EventKind UpAllDay{"no-sunset", "Sun up all day"};
 constexpr EventKind DownAllDay{"no-sunrise", "Sun down all day"};
 
-/// The altitudes that are searched for: first that of sunrise and sunset, then the twilights'.
+/// The altitudes to search for: that of sunrise and sunset first, then those of the twilights.
 struct Altitudes {
   std::vector<double> sines;
-  std::vector<std::size_t> passings;
+  std::vector<std::size_t> passings;  ///< for each altitude, the row of `Passings`
 
   explicit Altitudes(const std::set<Twilight>& twilights)
       : sines{solar::sineAtHorizon(solar::Rads)}, passings{0} {
     for (const Twilight twilight : twilights) {
       const auto degrees = static_cast<std::size_t>(twilight);
       sines.push_back(Sin((-solar::Rads) * static_cast<double>(degrees)));
-      passings.push_back(degrees / DegreesOfTwilight);
+      passings.push_back(degrees / TwilightStep);
     }
   }
 
@@ -59,7 +58,7 @@ bool isUpAtMiddle(const Sky& sky, const DaySpan& span, double sine) {
   return sky.sineAltitude(Sky::midnightOf(static_cast<std::int64_t>(day)), hour) > sine;
 }
 
-/// The events of one local day, in order of time.
+/// Adds the events of one local day, which are in order of time.
 void addEvents(AlmanacDocument& document, const Altitudes& altitudes, std::int64_t day,
                std::span<const Crossing> events) {
   for (auto event = events.begin(); event != events.end(); ++event) {
@@ -72,7 +71,7 @@ void addEvents(AlmanacDocument& document, const Altitudes& altitudes, std::int64
   }
 }
 
-/// The crossings by the local days that they belong to.
+/// Groups the crossings by local day.
 std::map<std::int64_t, std::vector<Crossing>> byLocalDay(const std::vector<Crossing>& found,
                                                          const ClockRules& clock) {
   std::map<std::int64_t, std::vector<Crossing>> days;
@@ -86,7 +85,7 @@ void addYear(AlmanacDocument& document, const Sky& sky, const Altitudes& altitud
              const ClockYear& year, const std::function<void()>& yield) {
   const std::int64_t first = dayNumber(year.year, 1, 1);
   const std::int64_t last = dayNumber(year.year, 12, 31);
-  // A clock is up to 25 hours away from that of Greenwich.
+  // Local time differs from Universal Time by up to 25 hours.
   auto days = byLocalDay(crossings(sky, first - 2, last + 2, altitudes.sines, yield), year.clock);
   for (std::int64_t day = first; day <= last; ++day) {
     const std::vector<Crossing>& events = days[day];

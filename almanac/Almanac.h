@@ -13,18 +13,18 @@ namespace veldrin {
 
 /// A place on Earth.
 struct Place {
-  std::string name;  ///< in UTF-8; empty for the coordinates
+  std::string name;  ///< in UTF-8; if empty, the calendar shows the coordinates
   double latitude;   ///< degrees, north positive [-90:90]
   double longitude;  ///< degrees, east positive [-180:180]
 };
 
-/// A year [1583:9998] and the clock of the place in it.
+/// A year [1583:9998] and the place's clock in that year.
 struct ClockYear {
   std::int32_t year;
   ClockRules clock;
 };
 
-/// A twilight, by the degrees of the Sun's centre below the horizon at its darker end.
+/// A twilight. Its value is the degrees of the Sun's centre below the horizon at its darker end.
 enum class Twilight : std::uint8_t { Civil = 6, Nautical = 12, Astronomical = 18 };
 
 /// The optional content of the calendar.
@@ -37,15 +37,15 @@ struct AlmanacOptions {
 /// The calendar of a place for some years as an iCalendar text (RFC 5545), for today's calendar
 /// programs.
 ///
-/// It holds each event of the local days from January 1 to December 31 of each year, at its moment
-/// in Universal Time, rounded to the minute. The clock decides only to which local day an event
-/// belongs. A day with neither sunrise nor sunset has an event of the whole day that says whether
-/// the Sun is up or down. A day that the clock skips has no event. The identifiers depend on place,
-/// kind and day alone, so that a calendar program replaces what it has, and the years of one place
-/// join.
+/// The calendar has each event of the local days from January 1 to December 31 of each year, in
+/// Universal Time rounded to the minute. The clock decides only to which local day an event
+/// belongs. A day with neither sunrise nor sunset has an all-day event that says whether the Sun is
+/// up or down. A day that the clock skips has no event. An identifier depends only on place, kind
+/// and day, so importing a calendar again replaces its events, and the years of one place can be
+/// joined.
 ///
 /// A time may differ by a minute from the window's: see `crossings`. `yield()` is called once for
-/// each day; what it throws passes through.
+/// each day; its exceptions pass through.
 std::string almanac(const Place& place, std::span<const ClockYear> years,
                     const AlmanacOptions& options, const std::function<void()>& yield);
 

@@ -1,5 +1,6 @@
 #include "almanac/AlmanacDocument.h"
 
+#include <array>
 #include <cstddef>
 #include <utility>
 
@@ -10,32 +11,31 @@
 namespace veldrin {
 namespace {
 
-/// Appends the last decimal digits of a number, as many as `width`, with leading zeros.
-void appendDigits(std::string& text, std::int64_t value, std::size_t width) {
-  text.append(width, '0');
-  for (auto digit = text.rbegin(); width > 0; --width, ++digit, value /= 10) {
-    *digit = static_cast<char>('0' + value % 10);
+/// Appends numbers from 0 to 99 with two digits each.
+template <std::size_t Count>
+void appendTwoDigits(std::string& text, const std::int64_t (&numbers)[Count]) {
+  std::array<char, 2 * Count> digits;
+  for (std::size_t number = 0; number < Count; ++number) {
+    digits[2 * number] = static_cast<char>('0' + numbers[number] / 10);
+    digits[2 * number + 1] = static_cast<char>('0' + numbers[number] % 10);
   }
+  text.append(digits.data(), digits.size());
 }
 
 /// Appends a day, as in "20260101".
 void appendDay(std::string& text, std::int64_t day) {
   const CivilDay civil = civilDay(day);
-  appendDigits(text, civil.year, 4);
-  appendDigits(text, civil.month, 2);
-  appendDigits(text, civil.day, 2);
+  appendTwoDigits(text, {civil.year / 100, civil.year % 100, civil.month, civil.day});
 }
 
-/// Appends a minute since 1970-01-01 00:00 UTC and its second, as in "20260101T120000Z".
+/// Appends a minute since 1970-01-01 00:00 UTC and a second of it, as in "20260101T120000Z".
 void appendMoment(std::string& text, std::int64_t minute, std::int64_t second = 0) {
   std::int64_t day = minute / MinutesOfDay;
   if (day * MinutesOfDay > minute) --day;
   const std::int64_t rest = minute - day * MinutesOfDay;
   appendDay(text, day);
   text += 'T';
-  appendDigits(text, rest / 60, 2);
-  appendDigits(text, rest % 60, 2);
-  appendDigits(text, second, 2);
+  appendTwoDigits(text, {rest / 60, rest % 60, second});
   text += 'Z';
 }
 
@@ -46,7 +46,7 @@ AlmanacDocument::AlmanacDocument(const Place& place, const AlmanacOptions& optio
   const Coordinate east(place.longitude);
   const std::string name = escapedText(
       place.name.empty() ? north.words('N', 'S') + ", " + east.words('E', 'W') : place.name);
-  suffix_ = north.signedDigits(2) + east.signedDigits(3) + "@veldrin";
+  suffix_ = placeCode(north, east) + "@veldrin";
   stamp_ = "DTSTAMP:";
   appendMoment(stamp_, options.stamp / 60, options.stamp % 60);
   appendLine(common_, "LOCATION:" + name);

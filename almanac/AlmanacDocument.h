@@ -14,13 +14,13 @@ struct EventKind {
   std::string_view summary;     ///< "Civil dawn"
 };
 
-/// Builds an iCalendar document: the constructor writes the header, then add events, then the end.
-/// Days are numbered as in shell/host/Civil.h, minutes counted since 1970-01-01 00:00 UTC.
+/// Builds an iCalendar document: the constructor writes the header, then add events, then finish.
+/// Days are numbered as in shell/host/Civil.h; minutes count from 1970-01-01 00:00 UTC.
 class AlmanacDocument {
  public:
   AlmanacDocument(const Place& place, const AlmanacOptions& options);
 
-  /// An event of the whole local day.
+  /// Adds an event of the whole local day.
   void addDay(const EventKind& kind, std::int64_t day);
 
   /// Adds an event at a minute. `ordinal` numbers the events of a kind on a local day from 1. The
@@ -29,7 +29,7 @@ class AlmanacDocument {
   void addMoment(const EventKind& kind, std::int64_t day, std::int64_t ordinal, std::int64_t minute,
                  bool reminds);
 
-  /// The whole text; nothing may be added afterwards.
+  /// Writes the end and returns the whole text. Add nothing afterwards.
   std::string finish() &&;
 
  private:

@@ -37,7 +37,7 @@ void appendLine(std::string& document, std::string_view line) {
     while (length > 1 && continuesCharacter(line[length])) --length;
     document.append(line.substr(0, length)).append(Fold);
     line.remove_prefix(length);
-    room = MostBytes - 1;  // the blank at the start of the line counts
+    room = MostBytes - 1;  // the blank of the fold counts
   }
   document.append(line).append("\r\n");
 }

@@ -26,4 +26,13 @@ std::string Coordinate::signedDigits(std::size_t wholeDigits) const {
   return (negative_ ? "-" : "+") + zeros + digits_;
 }
 
+std::string placeCode(const Coordinate& latitude, const Coordinate& longitude) {
+  const bool isPole = latitude == Coordinate(90.0) || latitude == Coordinate(-90.0);
+  const bool isOtherSign = longitude == Coordinate(-180.0);
+  const Coordinate meridian = isPole        ? Coordinate(0.0)
+                              : isOtherSign ? Coordinate(180.0)
+                                            : longitude;
+  return latitude.signedDigits(2) + meridian.signedDigits(3);
+}
+
 }  // namespace veldrin

@@ -13,13 +13,13 @@ namespace {
 
 constexpr double HoursOfDay = 24.0;
 
-/// Calls `visit(z, rises)` for each root from -1 to +1 of the curve through three values at -1, 0
-/// and +1, the earlier one first.
+/// Calls `visit(z, rises)` for each root from -1 to +1 of the parabola through three values at -1,
+/// 0 and +1, the earlier one first.
 template <class Visit>
 void eachRoot(double ym, double y0, double yp, const Visit& visit) {
   const double a = (0.5 * (ym + yp)) - y0;
   if (a == 0.0) {
-    // On one line the parabola would divide by zero.
+    // The values lie on a line; the parabola would divide by zero.
     const double slope = 0.5 * (yp - ym);
     const double z = -y0 / slope;
     if (Abs(z) <= 1.0) visit(z, slope > 0.0);
@@ -32,13 +32,12 @@ void eachRoot(double ym, double y0, double yp, const Visit& visit) {
   if (curve.nz == 2) visit(curve.z2, a > 0.0);
 }
 
-/// A search in progress, which walks on through the hours.
+/// Searches day after day and collects the crossings.
 class Search {
  public:
   Search(const Sky& sky, std::span<const double> sines)
       : sky_(sky), sines_(sines), lastRose_(sines.size()) {}
 
-  /// Searches a day.
   void searchDay(std::int64_t day) {
     midnight_ = Sky::midnightOf(day);
     double hour = 0.0;
@@ -48,9 +47,10 @@ class Search {
   std::vector<Crossing> found;
 
  private:
-  /// Looks at the hour that begins at `hour`, and returns the number of hours to go on.
+  /// Searches the hour that begins at `hour`. Returns the number of hours to the next one to
+  /// search.
   double pass(std::int64_t day, double hour) {
-    // Hour 24 of a day and hour 0 of the next are the same number to the engine: the value is kept.
+    // Hour 24 of a day and hour 0 of the next have the same sine, so it is kept across midnight.
     const double start = knowsNext_ ? next_ : sky_.sineAltitude(midnight_, hour);
     knowsNext_ = false;
     const double idle = idleHours(start);
@@ -62,7 +62,7 @@ class Search {
     for (std::size_t altitude = 0; altitude < sines_.size(); ++altitude) {
       const double sine = sines_[altitude];
       const auto keep = [&](double z, bool rises) {
-        // A root where two parabolas meet may be found in both.
+        // Two parabolas that meet at a root may both have it.
         if (lastRose_[altitude] == rises) return;
         lastRose_[altitude] = rises;
         found.push_back({day, hour + 0.5 + 0.5 * z, altitude, rises});
@@ -72,10 +72,10 @@ class Search {
     return 1.0;
   }
 
-  /// The number of whole hours in which the sine of the altitude, which is `now`, certainly reaches
-  /// none of `sines_`. Most hours have no crossing; skipping them saves half of the altitudes.
+  /// The number of whole hours in which the sine of the Sun's altitude, starting at `now`, cannot
+  /// reach any of `sines_`. Most hours have no crossing; skipping them saves half of the work.
   [[nodiscard]] double idleHours(double now) const {
-    constexpr double Overshoot = 0.005;  // a parabola leaves the range of its values by less
+    constexpr double Overshoot = 0.005;  // a parabola exceeds the range of its values by less
     double least = 2.0;
     for (const double sine : sines_) least = std::min(least, Abs(now - sine));
     return Floor((least - Overshoot) / mostInAnHour_);
@@ -86,7 +86,7 @@ class Search {
   double mostInAnHour_ = sky_.mostInAnHour();
   std::vector<std::optional<bool>> lastRose_;
   double midnight_ = 0.0;
-  double next_ = 0.0;  // the sine at which the pass before ended
+  double next_ = 0.0;  // the sine at the end of the previous pass
   bool knowsNext_ = false;
 };
 

@@ -6,22 +6,22 @@
 
 namespace veldrin {
 
-/// The Sun above a place, by the engine that the window uses. Days are Greenwich days, numbered as
-/// in shell/host/Civil.h, of the years after 1582. An hour counts Universal Time from the midnight
-/// at which its day begins.
+/// The Sun's altitude at a place, computed by the same engine as the window's. Days are days of
+/// Universal Time after 1582, numbered as in shell/host/Civil.h. Hours count from the midnight that
+/// begins the day.
 class Sky {
  public:
-  /// Degrees, north and east positive.
+  /// Takes degrees, north and east positive.
   Sky(double latitude, double longitude) : observer_(latitude, longitude, solar::Rads) {}
 
-  /// The Modified Julian Date of the midnight at which a day begins.
+  /// The Modified Julian Date of the midnight that begins a day.
   [[nodiscard]] static double midnightOf(std::int64_t day);
 
-  /// The sine of the true altitude of the Sun's centre, `hour` after a midnight of `midnightOf`; an
-  /// hour may lie outside its day.
+  /// The sine of the true altitude of the Sun's centre, `hour` hours after a midnight of
+  /// `midnightOf`. The hour may be outside [0:24].
   [[nodiscard]] double sineAltitude(double midnight, double hour) const;
 
-  /// An upper bound of the change of that sine in an hour.
+  /// An upper bound of the change of `sineAltitude` in an hour.
   [[nodiscard]] double mostInAnHour() const;
 
  private:

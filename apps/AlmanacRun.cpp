@@ -46,17 +46,17 @@ double numberOr(const std::optional<std::string>& text, std::string_view control
 double zoneOf(const Host& host, const CalendarRequest& request) {
   if (request.timeZone) return Val(String(*request.timeZone));
   const Ref<Date> today = New<Date>();
-  const civiltime::SavingPeriod period = civiltime::defaultPeriod(today->Year());
+  const civiltime::SavingDays period = civiltime::defaultDays(today->Year());
   const auto day = static_cast<double>(dayNumber(today->Year(), today->Month(), today->Day()));
   const bool isSaving = civiltime::isDaylightSavingsTime(day, static_cast<double>(period.first),
                                                          static_cast<double>(period.second), false);
   return civiltime::standardZone(host.offsetAt(host.now()), isSaving);
 }
 
-std::optional<civiltime::SavingPeriod> periodOf(const Host& host, const CalendarRequest& request,
-                                                std::int32_t year) {
+std::optional<civiltime::SavingDays> periodOf(const Host& host, const CalendarRequest& request,
+                                              std::int32_t year) {
   if (!request.daylightSaving) return std::nullopt;
-  civiltime::SavingPeriod period = civiltime::defaultPeriod(year);
+  civiltime::SavingDays period = civiltime::defaultDays(year);
   const auto take = [&](const std::optional<std::string>& text, std::int64_t& day) {
     const auto date = text ? readDate(*text, host.shortDateForm()) : std::nullopt;
     if (date) day = dayNumber(date->year, date->month, date->day);

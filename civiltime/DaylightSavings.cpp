@@ -12,7 +12,7 @@ std::int32_t standardZone(double offset, bool isSavingNow) {
   return RuntimeCvtReal64ToSInt32(offset) - (isSavingNow ? 1 : 0);
 }
 
-SavingPeriod defaultPeriod(std::int32_t year) {
+SavingDays defaultDays(std::int32_t year) {
   const Ref<Date> date = New<Date>();
   const auto number = [&date] { return dayNumber(date->Year(), date->Month(), date->Day()); };
   const auto noYield = [] {};
@@ -23,15 +23,15 @@ SavingPeriod defaultPeriod(std::int32_t year) {
   return {first, number(), false};
 }
 
-ClockRules clockRules(double zone, const std::optional<SavingPeriod>& period, std::int32_t year) {
+ClockRules clockRules(double zone, const std::optional<SavingDays>& saving, std::int32_t year) {
   const double standard = zone * MinutesOfHour;
-  const auto saves = [&period](std::int64_t day) {
+  const auto isSaving = [&saving](std::int64_t day) {
     const auto number = [](std::int64_t value) { return static_cast<double>(value); };
-    return period && isDaylightSavingsTime(number(day), number(period->first),
-                                           number(period->second), period->downUnder);
+    return saving && isDaylightSavingsTime(number(day), number(saving->first),
+                                           number(saving->second), saving->downUnder);
   };
   const auto offsetOn = [&](std::int64_t day) {
-    return standard + (saves(day) ? MinutesOfHour : 0.0);
+    return standard + (isSaving(day) ? MinutesOfHour : 0.0);
   };
   const std::int64_t newYear = dayNumber(year, 1, 1);
   const std::int64_t nextYear = dayNumber(std::int64_t{year} + 1, 1, 1);
@@ -40,7 +40,7 @@ ClockRules clockRules(double zone, const std::optional<SavingPeriod>& period, st
   for (std::int64_t day = newYear; day < nextYear; ++day) {
     const double offset = offsetOn(day);
     if (offset == before) continue;
-    // A clock set back at midnight would return to the previous day, so set it back an hour later.
+    // Set back at midnight, the clock would return to the previous day; so go back an hour later.
     const double midnight = static_cast<double>(day * MinutesOfDay) - before;
     changes.push_back({offset > before ? midnight : midnight + (before - offset), offset});
     before = offset;

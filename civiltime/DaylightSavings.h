@@ -8,8 +8,8 @@
 
 namespace veldrin::civiltime {
 
-// The window's model of daylight saving: a period between two dates, with the same rule for the
-// default dates of every year. Under `downUnder` the time outside the period is daylight saving.
+// The window's model of daylight saving is a period between two dates. One rule gives the default
+// dates of every year. Under `downUnder`, daylight saving is outside the period.
 
 /// Moves a date to the default first day of daylight saving in its year: the second Sunday of
 /// March. The time of day stays. `yield()` is called once in each pass of the search.
@@ -41,9 +41,9 @@ void moveToEnd(::veldrin::Date& date, const Yield& yield) {
   }
 }
 
-/// Whether daylight saving holds at a moment: inside the period, the first bound included, or
-/// outside it under `downUnder`. All three are `Date::TotalSeconds`; the bounds may be in either
-/// order.
+/// Whether daylight saving is in force at a moment: inside the period, which includes its first
+/// bound, or outside it under `downUnder`. The moment and the bounds are in one unit, such as
+/// `Date::TotalSeconds`; the bounds may be in either order.
 inline bool isDaylightSavingsTime(double moment, double first, double second, bool downUnder) {
   const double begin = second < first ? second : first;
   const double end = second < first ? first : second;
@@ -51,7 +51,7 @@ inline bool isDaylightSavingsTime(double moment, double first, double second, bo
   return inside != downUnder;
 }
 
-/// A time of day in hours, moved on by the hour of daylight saving and kept below 24.
+/// Adds the hour of daylight saving to a time of day in hours, and keeps it below 24.
 inline double addSavingHour(double t) {
   t = t + 1.0;
   if (t < 0.0) t = t + 24.0;
@@ -59,21 +59,21 @@ inline double addSavingHour(double t) {
   return t;
 }
 
-/// The standard zone, in whole hours, of a host whose offset from Greenwich is `offset` hours now.
+/// The standard zone, in whole hours, of a host whose UTC offset is now `offset` hours.
 std::int32_t standardZone(double offset, bool isSavingNow);
 
-/// The two dates of a daylight-saving period, as day numbers.
-struct SavingPeriod {
+/// A daylight-saving period, as day numbers.
+struct SavingDays {
   std::int64_t first;   ///< the first day inside
   std::int64_t second;  ///< the first day after it
   bool downUnder;
 };
 
 /// The default period of a year, not down under. Raises what `Date` raises.
-SavingPeriod defaultPeriod(std::int32_t year);
+SavingDays defaultDays(std::int32_t year);
 
-/// The clock of a standard zone, in hours, over a year with a daylight-saving period; nothing for
-/// no daylight saving. A change takes place at the first midnight of the new time.
-ClockRules clockRules(double zone, const std::optional<SavingPeriod>& period, std::int32_t year);
+/// The clock of a standard zone, in hours east of Greenwich, in one year; `saving` is empty for a
+/// year without daylight saving. The clock changes at the first midnight of the new time.
+ClockRules clockRules(double zone, const std::optional<SavingDays>& saving, std::int32_t year);
 
 }  // namespace veldrin::civiltime

@@ -4,8 +4,8 @@
 
 namespace veldrin::civiltime {
 
-// A time of day is a double that counts hours since local midnight. A negative one means that the
-// event does not exist. Times are rounded to the minute; nothing wraps at 24.
+// A time of day counts hours since local midnight. It is negative if the event does not exist.
+// Times are rounded to the minute; nothing wraps at 24.
 
 /// A time of day for people: "06:30", "24:00" for 23.9999, or "N/A" for a negative one.
 String HHMMFormat(double x);

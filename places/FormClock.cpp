@@ -38,7 +38,7 @@ bool isOneHour(const std::vector<Run>& runs) {
          (runs.size() == 2 || runs[0].seconds == runs[2].seconds);
 }
 
-SavingPeriod periodOf(const std::vector<Run>& runs, std::int64_t year) {
+SavingDates periodOf(const std::vector<Run>& runs, std::int64_t year) {
   const CivilDay second = civilDay(runs[1].firstDay);
   const bool beginsSaving = runs[0].seconds > runs[1].seconds;
   if (runs.size() == 3) return {second, civilDay(runs[2].firstDay), beginsSaving};

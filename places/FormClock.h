@@ -12,12 +12,12 @@ namespace veldrin {
 
 /// A period of daylight saving as the window's form says it: from the first day up to the second,
 /// which is no longer part of it; with `isDownUnder` all other days of the year instead.
-struct SavingPeriod {
+struct SavingDates {
   CivilDay first;
   CivilDay second;
   bool isDownUnder;
 
-  bool operator==(const SavingPeriod&) const = default;
+  bool operator==(const SavingDates&) const = default;
 };
 
 /// The clock of a year as the window's form says it.
@@ -25,7 +25,7 @@ struct FormClock {
   /// Hours of standard time from Greenwich, east positive: the shortest text that reads back as the
   /// same number, such as "5.5".
   std::string zone;
-  std::optional<SavingPeriod> saving;  ///< nothing for a year without daylight saving
+  std::optional<SavingDates> saving;  ///< nothing for a year without daylight saving
 
   bool operator==(const FormClock&) const = default;
 };

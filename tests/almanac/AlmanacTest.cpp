@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
-#include <numbers>
 #include <random>
 #include <set>
 #include <sstream>
@@ -29,7 +28,7 @@ using testing::StartsWith;
 
 const std::set<Twilight> AllTwilights{Twilight::Civil, Twilight::Nautical, Twilight::Astronomical};
 
-/// What a document says of an event.
+/// An event of a document.
 struct Entry {
   std::string kind, day, start;
 };
@@ -38,12 +37,14 @@ class AlmanacTest : public ValuesTest {
  protected:
   enum class Saving { None, North, South };
 
-  /// The clock of a standard zone in a year with the default period of daylight saving.
+  /// The clock of a standard zone in a year, with the default days of daylight saving.
   static ClockYear clockYear(std::int32_t year, double zone, Saving saving) {
-    civiltime::SavingPeriod period = civiltime::defaultPeriod(year);
-    period.downUnder = saving == Saving::South;
-    return {year, civiltime::clockRules(
-                      zone, saving == Saving::None ? std::nullopt : std::optional(period), year)};
+    std::optional<civiltime::SavingDays> days;
+    if (saving != Saving::None) {
+      days = civiltime::defaultDays(year);
+      days->downUnder = saving == Saving::South;
+    }
+    return {year, civiltime::clockRules(zone, days, year)};
   }
 
   static std::string write(const Place& place, const ClockYear& year,
@@ -100,12 +101,12 @@ struct Errors {
   [[nodiscard]] double mean() const { return sum / count; }
 };
 
-// Near the poles the Sun crosses the horizon at a small angle, so a small error of its altitude is
+// Near the poles the Sun crosses the horizon at a small angle, so a small error of the altitude is
 // a large error of time.
-TEST_F(AlmanacTest, TimesAreThoseOfAnEphemeris) {
-  constexpr double Degree = std::numbers::pi / 180.0;
-  const std::array sines{std::sin(-50.0 / 60.0 * Degree), std::sin(-6.0 * Degree),
-                         std::sin(-12.0 * Degree), std::sin(-18.0 * Degree)};
+TEST_F(AlmanacTest, TimesMatchAnEphemeris) {
+  const auto sineBelow = [](double degrees) { return std::sin(-degrees * solar::Rads); };
+  const std::array sines{solar::sineAtHorizon(solar::Rads), sineBelow(6.0), sineBelow(12.0),
+                         sineBelow(18.0)};
   constexpr double Polar = 65.0;
   std::map<std::string, Errors> errors;
   std::ifstream rows(VELDRIN_TEST_DATA "/sky.txt");
@@ -177,12 +178,14 @@ TEST_F(AlmanacTest, KnownYearsHaveTheirNumberOfEvents) {
        "\r\nUID:sunset-20260509+40.7128-074.0060@veldrin\r\n"},
       {69.6492, 18.9553, 1.0, Saving::North, 2026, 614,
        "\r\nUID:sunset-20260727-2+69.6492+018.9553@veldrin\r\n"},
-      // The day begins 25 hours before that of Greenwich.
+      // The local day begins 25 hours before that of Universal Time.
       {-10.0, 94.0, 24.0, Saving::South, 2030, 730,
        "-20300101-10.0000+094.0000@veldrin\r\nDTSTAMP:"
        "19700101T000000Z\r\nDTSTART:20291230T2326"},
       {-90.0, 180.0, 24.0, Saving::North, 9998, 365,
-       "\r\nUID:no-sunset-99981231-90.0000+180.0000@veldrin\r\n"},
+       "\r\nUID:no-sunset-99981231-90.0000+000.0000@veldrin\r\n"},
+      {89.99999, 94.0, 24.0, Saving::None, 2026, 365, "+90.0000+000.0000@veldrin\r\n"},
+      {0.0, -180.0, -12.0, Saving::None, 2026, 730, "1+00.0000+180.0000@veldrin\r\n"},
       {90.0, -180.0, -24.0, Saving::North, 1583, 365, "\r\nLOCATION:90.0000 N\\, 180.0000 W\r\n"},
       {-0.00001, 7.5, 0.5, Saving::North, 2000, 732, "\r\nGEO:0.0000;7.5000\r\n"},
       {-5.25, -0.00004, 0.5, Saving::North, 2001, 730, "\r\nLOCATION:5.2500 S\\, 0.0000 E\r\n"}};
@@ -258,7 +261,7 @@ TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
                                            : Saving::North;
     std::vector<Entry> events;
     double longitude = upTo(180.0);
-    // The Sun rises exactly at a full hour, where two parabolas meet.
+    // Here the Sun rises exactly at a full hour, where two parabolas meet.
     if (count == 1)
       std::tie(year, latitude, longitude) = std::tuple(2014, 47.5, 160.53117360097065);
     for (const std::int32_t each : {year, year + 1}) {
@@ -301,7 +304,7 @@ TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
       ASSERT_EQ(both.first, both.second == 0 ? 1 : 0) << day;
     }
     // No sunrise or sunset is lost or repeated at the turn of the year.
-    const std::array horizon{std::sin(-solar::Rads * 50.0 / 60.0)};
+    const std::array horizon{solar::sineAtHorizon(solar::Rads)};
     const auto all = crossings(Sky(latitude, longitude), first - 2, end + 1, horizon, [] {});
     const auto lastOfYear = clockYear(year + 1, zone, saving).clock.spanOf(end - 1);
     const auto firstOfYear = clockYear(year, zone, saving).clock.spanOf(first);
