@@ -1,6 +1,7 @@
 #include "calendar/OutputFile.h"
 #include "daystatus/Veldrin.h"
 #include "shell/files/TextOutputStream.h"
+#include "shell/host/Civil.h"
 #include "shell/objects/Failure.h"
 #include "shell/values/Mathematics.h"
 #include "shell/values/Text.h"
@@ -19,8 +20,8 @@ void writeHeader(TextOutputStream& stream) {
   stream.WriteLine("CALSCALE:GREGORIAN"_s);
 }
 
-/// Writes one event: its summary line and its time in six digits. The blank after the colon of a
-/// summary is part of the value.
+/// Writes one event. `summary` is its line; the blank after the colon is part of the value. `time`
+/// has six digits.
 void writeEvent(TextOutputStream& stream, const String& summary, const String& yearText,
                 const String& monthText, const Date& day, const String& time) {
   stream.WriteLine("BEGIN:VEVENT"_s);
@@ -67,7 +68,7 @@ void Veldrin::writeYear(TextOutputStream& stream) {
   const String yearText = Str(date->Year());
   for (std::int32_t pass = 1; pass <= 366; ++pass) {
     // Steps before writing, so January 1 is never written.
-    date->TotalSeconds(date->TotalSeconds() + 86400.0);
+    date->TotalSeconds(date->TotalSeconds() + SecondsOfDay);
     if (date->Year() != year) break;
     const double latitude = Val(Latitude()->Text());
     const double longitude = Val(Longitude()->Text());

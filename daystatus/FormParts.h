@@ -18,7 +18,7 @@ using ControlClass = std::tuple_element_t<
     static_cast<std::size_t>(Kind),
     std::tuple<Placard, StaticText, PushButton, PopupMenu, TextField, CheckBox>>;
 
-/// A handler of the form: a control, an event, and the method's name as constants.
+/// A handler of the form: its control, its event and the name of its method.
 struct Wiring {
   std::size_t row;      ///< the control's row in the table
   std::size_t handler;  ///< index among the control's handlers
@@ -48,7 +48,7 @@ constexpr auto nameConstants(std::index_sequence<Row...> /*rows*/) {
   return std::array{ConstantText<fixedName<Row>()>...};
 }
 
-/// A place in the table that has a handler.
+/// The place of a handler in the table.
 struct HandlerPlace {
   std::size_t row;
   std::size_t handler;

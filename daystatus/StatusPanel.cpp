@@ -1,12 +1,8 @@
 #include "daystatus/Veldrin.h"
+#include "shell/host/Civil.h"
 #include "shell/values/Text.h"
 
 namespace veldrin {
-namespace {
-
-constexpr double OneDay = 86400.0;
-
-}  // namespace
 
 void Veldrin::UpdateStatus() {
   // The chooser's "Open" precedes the window's and updates the status before any date is set.
@@ -31,11 +27,11 @@ void Veldrin::stepDay(double seconds) {
 }
 
 void Veldrin::BackOneDay_Action() {
-  stepDay(-OneDay);
+  stepDay(-SecondsOfDay);
 }
 
 void Veldrin::ForwardOneDay_Action() {
-  stepDay(OneDay);
+  stepDay(SecondsOfDay);
 }
 
 }  // namespace veldrin

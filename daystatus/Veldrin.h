@@ -21,8 +21,8 @@ class TextOutputStream;
 /// `calendar` and `ui`.
 ///
 /// Latitude is positive north, longitude positive east. A time zone is in hours, positive east of
-/// Greenwich, without daylight saving. A time of day is a double in hours since local midnight; a
-/// negative value means that there is no such event.
+/// Greenwich, without daylight saving. A time of day counts hours since local midnight; it is
+/// negative if there is no such event.
 class Veldrin final : public Described<Veldrin, Window> {
  public:
   static constexpr FixedString FullName = "Veldrin.Veldrin";
@@ -67,7 +67,7 @@ class Veldrin final : public Described<Veldrin, Window> {
   [[nodiscard]] Ref<TextField> TimeZone() const { return control<TextField>("TimeZone"_s); }
   [[nodiscard]] Ref<TextField> Longitude() const { return control<TextField>("Longitude"_s); }
 
-  // The handlers of the controls' events. Those of the status panel recompute the status.
+  // The handlers of the controls' events.
 
   /// Moves to the previous day and updates the status. Raises `NilObjectException` if `statusDate`
   /// is nil.
@@ -75,8 +75,8 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// Moves to the next day and updates the status. Raises as `BackOneDay_Action`.
   void ForwardOneDay_Action();
   /// calendar: asks for a file and writes the calendar of the year in `WhichYear` into it, from
-  /// January 2 to December 31. Raises `IOException` if a line cannot be written. Shows only a
-  /// message box if the file cannot be created.
+  /// January 2 to December 31. Raises `IOException` if a line cannot be written. If the file cannot
+  /// be created, only shows a message box.
   void GenerateButton_Action();
   /// ui: selects the current year if the chooser has it, and writes the default daylight-saving
   /// dates of that year.
@@ -127,8 +127,8 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// -1 to +1. A single root is in `z1`; without roots, `z1` and `z2` may be unchanged.
   void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
                     std::int32_t& nz);
-  /// The Modified Julian Date of a calendar date at an hour; Julian up to 1582-10-04. Integer steps
-  /// wrap at 32 bits. From the routine of the same book.
+  /// The Modified Julian Date of a calendar date at an hour; the calendar is Julian up to
+  /// 1582-10-04. Integer steps wrap at 32 bits. From the same book.
   double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
   /// The whole part, truncated toward zero.
   double iPart(double x);
@@ -142,7 +142,7 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// The fractional part, with the sign of the argument.
   double fPart(double x);
   /// The Sun's right ascension in hours and declination in degrees, `t` Julian centuries after noon
-  /// of 2000-01-01. The low-precision theory of the same book.
+  /// of 2000-01-01, by the low-precision theory of the same book.
   void TheSun(double t, double& ra, double& dec);
 
   // civiltime
@@ -153,15 +153,16 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// Writes the default daylight-saving dates of a year into `DSTStart` and `DSTEnd`: the second
   /// Sunday of March and the first of November, in every year.
   void SetDaylightSavingsBounds(std::int32_t year);
-  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and holds at
-  /// the date. Does not change the date.
+  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and in force
+  /// at the date. Does not change the date.
   void DoDaylightSavings(const Ref<Date>& d, double& t);
   /// daystatus: recomputes the status panel from the controls.
   void UpdateStatus();
   /// A time of day as six digits, "063000", or "000000" for a negative one.
   String HHMMZZ(double x);
-  /// Whether daylight saving holds at a date: from the first date (included) to the second, or
-  /// outside this period if `DownUnderFlag` is on. If a field is not a date, the period is empty.
+  /// Whether daylight saving is in force at a date: from the first date (included) to the second,
+  /// or outside this period if `DownUnderFlag` is on. If a field is not a date, the period is
+  /// empty.
   bool IsDaylightSavingsTime(const Ref<Date>& d);
   /// The date in the host's short form. Raises `NilObjectException` for nil.
   String ShortDate(const Ref<Date>& d);

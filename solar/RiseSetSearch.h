@@ -6,8 +6,8 @@
 
 namespace veldrin::solar {
 
-/// The sine of the altitude of the Sun's centre at sunrise and sunset: fifty minutes of arc below
-/// the horizon, for refraction and the Sun's radius. `rads` is degrees to radians.
+/// The sine of the altitude of the Sun's centre at sunrise and sunset. Refraction and the Sun's
+/// radius put it fifty minutes of arc below the horizon. `rads` is degrees to radians.
 inline double sineAtHorizon(double rads) {
   return Sin(((-rads) * 50.0) / 60.0);
 }
@@ -16,12 +16,12 @@ inline double sineAtHorizon(double rads) {
 struct Parabola {
   double xe = 0.0;      ///< abscissa of the vertex
   double ye = 0.0;      ///< ordinate of the vertex
-  double z1 = 0.0;      ///< the first root; one root from -1 to +1 is always here
+  double z1 = 0.0;      ///< the first root, or the only one from -1 to +1
   double z2 = 0.0;      ///< the second root
-  std::int32_t nz = 0;  ///< how many roots lie from -1 to +1; with none, `z1` and `z2` may be old
+  std::int32_t nz = 0;  ///< the number of roots from -1 to +1; if 0, `z1` and `z2` may be unchanged
 };
 
-/// Fits the parabola to the values at -1, 0 and +1. Three values on one line divide by zero.
+/// Fits the parabola to the values at -1, 0 and +1. Divides by zero if they lie on a line.
 inline void QuadParabola(double ym, double y0, double yp, Parabola& curve) {
   curve.nz = 0;
   const double a = (0.5 * (ym + yp)) - y0;
@@ -48,7 +48,8 @@ struct DayEvents {
   std::int32_t sett = 0;  ///< 1 if `utset` holds a time
 };
 
-/// Notes the crossings of one span of two hours around `hour`, whose altitude begins at `ym`.
+/// Records the crossings of the horizon from an hour before `hour`, where the value is `ym`, to an
+/// hour after it.
 inline void noteCrossings(const Parabola& curve, double hour, double ym, DayEvents& found) {
   if (curve.nz == 1) {
     if (ym < 0.0) {
@@ -67,10 +68,10 @@ inline void noteCrossings(const Parabola& curve, double hour, double ym, DayEven
   }
 }
 
-/// Searches a day of Universal Time, two hours at a time, by a parabola through three altitudes.
-/// `sineAltitude(hour)` gives the sine of the Sun's altitude [hour 0:24]. `yield()` is called once
-/// in each pass. The search ends as soon as it has both events; until then a later event replaces
-/// an earlier one of its kind.
+/// Searches a day of Universal Time for the altitude with the sine `sinho`. Each pass covers two
+/// hours with a parabola through three values and calls `yield()` once. `sineAltitude(hour)` gives
+/// the sine of the Sun's altitude [hour 0:24]. The search ends as soon as it has both events; until
+/// then a later event replaces an earlier one of its kind.
 template <class SineAltitude, class Yield>
 DayEvents searchDay(double sinho, const SineAltitude& sineAltitude, const Yield& yield) {
   DayEvents found;
@@ -89,8 +90,8 @@ DayEvents searchDay(double sinho, const SineAltitude& sineAltitude, const Yield&
   return found;
 }
 
-/// The clock time of an hour of Universal Time in a zone of so many hours, east positive. Below 24
-/// for a zone from -24 to 24.
+/// Converts an hour of Universal Time to the clock time of a zone `zone` hours east of Greenwich.
+/// The result is below 24 for zones from -24 to 24.
 inline double clockTime(double ut, double zone) {
   if (zone < 0.0) zone = zone + 24.0;
   const double time = ut + zone;

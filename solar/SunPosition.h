@@ -5,27 +5,27 @@
 
 namespace veldrin::solar {
 
-/// The Sun's place in the equatorial system.
+/// The Sun's equatorial coordinates.
 struct Equatorial {
   double ra;   ///< right ascension in hours [0:24)
   double dec;  ///< declination in degrees
 };
 
-/// The place of an observer in the engine's terms.
+/// An observer's place in the quantities of the formulas.
 struct Observer {
   double lambda;  ///< longitude in degrees, west positive
   double sphi;    ///< sine of the latitude
   double cphi;    ///< cosine of the latitude
 
-  /// `latitude` and `longitude` in degrees, north and east positive; `rads` is degrees to radians.
+  /// Takes degrees, north and east positive. `rads` is degrees to radians.
   Observer(double latitude, double longitude, double rads)
       : lambda(-longitude), sphi(Sin(rads * latitude)), cphi(Cos(rads * latitude)) {}
 };
 
-/// The Sun's place `t` Julian centuries after noon of 2000-01-01. Low-precision theory: a minute of
-/// arc.
+/// The Sun's coordinates `t` Julian centuries after noon of 2000-01-01, by a low-precision theory
+/// that is accurate to a minute of arc.
 inline Equatorial TheSun(double t) {
-  // The theory's own ten digits of the full circle; the last places depend on them.
+  // The theory has ten digits of 2 pi; more would change the last digits of the results.
   constexpr double p2 = 6.283185307;
   constexpr double coseps = 0.91748;
   constexpr double sineps = 0.39778;
@@ -49,7 +49,7 @@ inline Equatorial TheSun(double t) {
 inline double LocalSiderialTime(double mjd, double lambda, double& mjd0) {
   mjd0 = iPart(mjd);
   const double ut = (mjd - mjd0) * 24.0;
-  const double t = centuriesTo(mjd0);  // of the whole day, unlike that of the altitude
+  const double t = centuriesTo(mjd0);  // to midnight, not to the hour as in `TheSun`
   double g = 6.697374558 + (1.0027379093 * ut);
   const double p = (0.093104 - (6.2e-06 * t)) * t;
   const double q = (8640184.812866 + p) * t;

@@ -3,7 +3,7 @@
 namespace veldrin::solar {
 namespace {
 
-/// A sum of integers in 32 bits, wrapping around.
+/// A result in 32 bits, wrapping around on overflow.
 constexpr std::int32_t wrapped(std::int64_t value) {
   return static_cast<std::int32_t>(value);
 }

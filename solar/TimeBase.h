@@ -6,11 +6,11 @@
 
 namespace veldrin::solar {
 
-// The solar engine follows O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer, with
-// differences that the output depends on to the last digit. Keep the order and the grouping of
-// every operation.
+// The solar engine follows O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer. It
+// differs from the book in details, and the output depends on each to the last digit. Keep the
+// order and the grouping of every operation.
 
-/// Degrees to radians, from pi to sixteen digits.
+/// Degrees to radians, with sixteen digits of pi.
 inline constexpr double Rads = 3.141592653589793 / 180.0;
 
 /// The whole part, truncated toward zero.
@@ -28,11 +28,11 @@ inline double fPart(double x) {
   return s * a;
 }
 
-/// The Modified Julian Date of a calendar date at an hour; Julian up to 1582-10-04. Integer steps
-/// wrap at 32 bits.
+/// The Modified Julian Date of a calendar date at an hour; the calendar is Julian up to 1582-10-04.
+/// Integer steps wrap at 32 bits.
 double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
 
-/// The Modified Julian Date of an hour after the midnight `mjd0`.
+/// The Modified Julian Date of the moment `hour` hours after the midnight `mjd0`.
 inline double momentAt(double mjd0, double hour) {
   return mjd0 + (hour / 24.0);
 }

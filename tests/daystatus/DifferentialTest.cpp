@@ -16,8 +16,8 @@
 #include "tests/support/RuntimeTest.h"
 
 // bench/bare repeats the arithmetic step by step in plain functions. Equal bits prove that the
-// framework around it changes none: controls read by name, strings, `Date`, the stream. They do not
-// prove that the arithmetic is right; that is for tests/data/sky.txt and the AlmanacTest.
+// framework changes none: controls, strings, `Date`, the stream. They do not prove that the
+// arithmetic is right; AlmanacTest does, with tests/data/sky.txt.
 
 namespace veldrin::test {
 namespace {
@@ -26,11 +26,11 @@ std::uint64_t bits(double value) {
   return std::bit_cast<std::uint64_t>(value);
 }
 
-/// A bound as the user types it, and its day, if it is a date.
+/// A bound as the user types it, and its day if it is a date.
 struct Bound {
   std::string text;
   std::optional<bare::Civil> day;
-  bool isUsual;  // stays as the choice of the year has set it
+  bool isUsual;  // the default of the year; `text` is unused
 };
 
 /// The inputs of the window and of the bare functions.
@@ -44,7 +44,7 @@ struct Inputs {
   [[nodiscard]] bare::Saving saving() const { return {on, downUnder, start.day, end.day}; }
 };
 
-/// Random inputs, the same in every run: any place and zone, the limits more often than by chance.
+/// Random inputs with a fixed seed: any place and zone, and often the limits.
 class Source {
  public:
   std::int32_t whole(std::int32_t from, std::int32_t to) {
@@ -106,7 +106,7 @@ class DifferentialTest : public WindowTest {
     person->tick("DownUnderFlag", inputs.downUnder);
   }
 
-  /// The inputs in the window, for a failure message.
+  /// The inputs in the window, for failure messages.
   [[nodiscard]] std::string described() const {
     std::string all;
     for (const auto* box : {"DaylightSavings", "DownUnderFlag"})
@@ -121,7 +121,7 @@ class DifferentialTest : public WindowTest {
   Source source;
 };
 
-// Any NaN counts as equal to any other.
+// All NaNs count as equal.
 TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   using Function = double (*)(double);
   const volatile auto sine = static_cast<Function>(std::sin);
@@ -176,7 +176,7 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   }
 }
 
-TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
+TEST_F(DifferentialTest, RiseAndSetHaveTheSameBitsAndTheStatusTheSameText) {
   for (int count = 0; count < 4000; ++count) {
     const Inputs inputs = source.inputs();
     const bare::Civil day =
@@ -203,7 +203,7 @@ TEST_F(DifferentialTest, RiseAndSetAreTheSameBitsAndTheStatusTheSameText) {
   }
 }
 
-// The second comparison needs no reference: the buttons step the window through the year.
+// The second comparison needs no reference: buttons step the window through the year.
 TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
   for (int count = 0; count < 60; ++count) {
     const Inputs inputs = source.inputs();
@@ -240,7 +240,7 @@ TEST_F(DifferentialTest, AYearHasTheSameBytesAndTheTimesThatThePanelShows) {
       ASSERT_EQ(status(), shown) << described();
     }
     ASSERT_EQ(firstDifference(year, documentOf(days)), "") << described();
-    // A zone west of Greenwich equals the zone 24 hours further east.
+    // A zone west of Greenwich gives the same times as the zone 24 hours further east.
     if (zone >= 0.0 || zone < -24.0) continue;
     type("TimeZone", textOf(zone + 24.0));
     ASSERT_EQ(firstDifference(generate(), year), "") << described();

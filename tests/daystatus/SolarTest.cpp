@@ -12,11 +12,11 @@ namespace {
 using SolarTest = WindowTest;
 using CivilTimeTest = WindowTest;
 
-TEST_F(SolarTest, TheSearchEndsBehindBothEvents) {
+TEST_F(SolarTest, TheSearchEndsAfterBothEvents) {
   const struct {
     double latitude, longitude, zone;
     std::int32_t month;
-    int passes;  // the last of 12 moves the day on
+    int passes;  // the last of 12 moves `mjd0` to the next day
   } rows[] = {{47.5, -122.5, -8.0, 6, 7}, {-33.87, 151.21, 10.0, 12, 10}, {70.0, 0.0, 0.0, 6, 12}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.latitude);
@@ -31,7 +31,7 @@ TEST_F(SolarTest, TheSearchEndsBehindBothEvents) {
   }
 }
 
-TEST_F(SolarTest, ZoneIsReckonedModuloADayOnlyOnce) {
+TEST_F(SolarTest, TheZoneMovesATimeByAtMostOneDay) {
   window()->DaylightSavings()->Value(false);
   const auto times = [day = dayOf(2024, 6, 21)](double zone) {
     double rise = 0.0;
@@ -58,7 +58,7 @@ TEST_F(SolarTest, NilDayRaisesBeforeAnythingChanges) {
 }
 
 TEST_F(CivilTimeTest, BoundsAreTheSundaysOfEveryYear) {
-  // On a leap day, which most years do not have.
+  // A leap day, which most years lack.
   host.stand({2024, 2, 29, 23, 59, 0});
   const Ref<Veldrin> veldrin = window();
   for (int number = 1; number <= 9999; ++number) {
@@ -70,7 +70,7 @@ TEST_F(CivilTimeTest, BoundsAreTheSundaysOfEveryYear) {
   }
 }
 
-TEST_F(CivilTimeTest, BoundsWipeEditsAndTouchNothingElse) {
+TEST_F(CivilTimeTest, BoundsReplaceEditsAndChangeNothingElse) {
   person->type("DSTStart", "tomorrow");
   const std::string before = status();
   std::vector<std::string> touched;
@@ -80,11 +80,11 @@ TEST_F(CivilTimeTest, BoundsWipeEditsAndTouchNothingElse) {
   EXPECT_EQ(touched, (std::vector<std::string>{"DSTStart", "DSTEnd"}));
   EXPECT_EQ(text(window()->DSTStart()->Text()), "3/9/2008");
   EXPECT_EQ(status(), before);
-  // March 1 to 8 and November 1; the passes that find their Sunday leave without a yield.
+  // For March 1 to 8 and November 1. A pass that finds its Sunday does not yield.
   EXPECT_EQ(toolkit.backgroundTasks - yields, 9);
 }
 
-TEST_F(CivilTimeTest, TheAddedHourEndsTheDayAtMidnightAndOnlyOnce) {
+TEST_F(CivilTimeTest, TheAddedHourWrapsAtMidnightOnce) {
   const struct {
     double time, expected;
   } rows[] = {{6.25, 7.25}, {23.0, 0.0}, {-1.0, 0.0}, {-3.0, 22.0}, {49.0, 26.0}};
