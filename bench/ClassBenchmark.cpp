@@ -5,6 +5,8 @@
 
 #include <chrono>
 #include <cstdio>
+#include <string_view>
+#include <vector>
 
 #include "bench/HeldBenchmarks.h"
 #include "daystatus/Veldrin.h"

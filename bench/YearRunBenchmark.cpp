@@ -27,7 +27,6 @@
 #include "bench/HeldBenchmarks.h"
 #include "bench/bare/Bare.h"
 #include "daystatus/Veldrin.h"
-#include "shell/Runtime.h"
 #include "shell/files/FolderItem.h"
 
 namespace veldrin {

@@ -20,8 +20,8 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -47,8 +47,8 @@ Function next(const char* name) {
 bool fails(std::string_view call) {
   if (!wanted.isRead || call != wanted.call.data()) return false;
   ++count;
-  const bool onwards = std::strcmp(wanted.failure.data(), "onwards") == 0;
-  return wanted.number != 0 && (count == wanted.number || (onwards && count > wanted.number));
+  const bool isOnwards = wanted.failure.data() == std::string_view("onwards");
+  return wanted.number != 0 && (count == wanted.number || (isOnwards && count > wanted.number));
 }
 
 bool isFile(int descriptor) {
@@ -56,13 +56,10 @@ bool isFile(int descriptor) {
 }
 
 int errorNumber() {
-  struct Name {
-    const char* name;
-    int number;
-  };
-  constexpr Name Names[] = {{"EINTR", EINTR}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EAGAIN", EAGAIN}};
-  for (const auto& [name, number] : Names) {
-    if (std::strcmp(wanted.failure.data(), name) == 0) return number;
+  constexpr std::pair<std::string_view, int> Errors[] = {
+      {"EINTR", EINTR}, {"EIO", EIO}, {"ENOSPC", ENOSPC}, {"EAGAIN", EAGAIN}};
+  for (const auto& [name, number] : Errors) {
+    if (name == wanted.failure.data()) return number;
   }
   return 0;
 }
