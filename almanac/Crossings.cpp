@@ -1,6 +1,7 @@
 #include "almanac/Crossings.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -59,6 +60,7 @@ class Search {
     const double middle = sky_.sineAltitude(midnight_, hour + 0.5);
     next_ = sky_.sineAltitude(midnight_, hour + 1.0);
     knowsNext_ = true;
+    const auto before = std::ssize(found);
     for (std::size_t altitude = 0; altitude < sines_.size(); ++altitude) {
       const double sine = sines_[altitude];
       const auto keep = [&](double z, bool rises) {
@@ -69,6 +71,8 @@ class Search {
       };
       eachRoot(start - sine, middle - sine, next_ - sine, keep);
     }
+    // An hour's crossings were found altitude by altitude.
+    std::ranges::sort(found.begin() + before, found.end(), {}, &Crossing::hour);
     return 1.0;
   }
 
@@ -103,7 +107,6 @@ std::vector<Crossing> crossings(const Sky& sky, std::int64_t firstDay, std::int6
     search.searchDay(day);
     yield();
   }
-  std::ranges::stable_sort(search.found, {}, &Crossing::minute);
   return std::move(search.found);
 }
 
