@@ -11,6 +11,7 @@
 #include "places/PlaceFault.h"
 #include "shell/files/FileReplacement.h"
 #include "shell/files/FilesRoom.h"
+#include "shell/host/Complaint.h"
 #include "shell/host/SystemHost.h"
 
 namespace veldrin {

@@ -80,7 +80,7 @@ RunOutcome runWindow(Host& host, const CalendarRequest& request) {
     errorOfOpening = item->LastErrorCode;
   };
   outcome.status = runProcess(host, toolkit, VeldrinParts);
-  outcome.isOutOfMemory = toolkit.hasLostReport();
+  outcome.isOutOfMemory = toolkit.isOutOfMemory();
   for (const String& message : toolkit.messages()) {
     const std::string sentence(message.view());
     outcome.complaints.push_back(errorOfOpening == 0 ? sentence

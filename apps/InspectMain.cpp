@@ -10,6 +10,7 @@
 
 #include "apps/ProgramMain.h"
 #include "apps/VeldrinParts.h"
+#include "shell/host/Complaint.h"
 #include "shell/objects/ClassRecord.h"
 #include "ui/FormStreams.h"
 

@@ -48,12 +48,4 @@ bool isPlainText(std::string_view text) {
   return true;
 }
 
-std::string onOneLine(std::string text) {
-  for (char& character : text) {
-    const auto code = static_cast<unsigned char>(character);
-    if (code < ' ' || code == 0x7F) character = '?';
-  }
-  return text;
-}
-
 }  // namespace veldrin

@@ -4,15 +4,15 @@
 
 namespace veldrin {
 
-/// The application as both programs start it.
+/// The application that both programs start.
 extern const ApplicationParts VeldrinParts;
 
-/// `% initialize`: builds every class of the system. The order is fixed: a class follows those that
-/// it needs, `DragItem` and `Window` stand first, `Veldrin`, `App` and `MenuBar1` last.
+/// `% initialize`: builds all classes in their fixed order. A class follows those that it needs;
+/// `DragItem` and `Window` are first, `Veldrin`, `App` and `MenuBar1` last.
 void initializeClasses();
 
-/// `% finalize`: releases the eight globals of the program in their order, each of which is an
-/// owning reference; with the three of the reflection goes what it has noted besides.
+/// `% finalize`: releases the eight globals of the program in their fixed order. After the three of
+/// reflection it also releases the other maps of reflection.
 void finalizeGlobals();
 
 }  // namespace veldrin

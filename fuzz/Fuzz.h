@@ -45,7 +45,7 @@ class World {
 
  private:
   World() {
-    host.stand({2024, 6, 21, 12, 0, 0}, -7.0);
+    host.setClock({2024, 6, 21, 12, 0, 0}, -7.0);
     measureStack();
     initializeClasses();
   }

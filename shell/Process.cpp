@@ -16,7 +16,7 @@ namespace {
 struct ProcessState {
   const ApplicationParts* parts;
   Function startup = nullptr;  ///< called once, before the event loop
-  bool hasFailed = false;      ///< by an error that is not a framework exception
+  bool hasFailed = false;      ///< an error other than a framework exception was reported
 };
 ProcessState* process = nullptr;
 
@@ -66,12 +66,6 @@ bool runEventLoop() {
   try {
     InForce<Toolkit>::get().run();
   } catch (const Raised& raised) {
-    const bool isStop =
-        stopSignal() != 0 && RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup());
-    if (isStop) {
-      if (!raised.exception->incompleteFile.isEmpty()) _UnhandledException(raised.exception);
-      return endAfterStopSignal();
-    }
     const Ref<Application> application = registeredApplication();
     if (!application || !application->handlesException(raised.exception)) throw;
     ends = false;
@@ -95,7 +89,7 @@ void reportFault(std::string_view sentence) {
 }
 
 /// Runs a step and reports any exception. Returns whether none was thrown.
-bool succeeds(void (*step)()) {
+bool runReporting(void (*step)()) {
   try {
     step();
     return true;
@@ -109,27 +103,27 @@ bool succeeds(void (*step)()) {
   return false;
 }
 
-/// As `succeeds`, but also catches an exception thrown by the report.
-bool survives(void (*step)()) {
+/// As `runReporting`, but also catches an exception thrown by the report.
+bool runStep(void (*step)()) {
   try {
-    if (succeeds(step)) return true;
+    if (runReporting(step)) return true;
   } catch (...) {
     // The report itself failed, for lack of memory.
     process->hasFailed = true;
-    InForce<Toolkit>::get().reportLost();
+    InForce<Toolkit>::get().reportOutOfMemory();
   }
   return false;
 }
 
 /// Runs the start-up and the event loop, and afterwards the application's "Close".
 void _Main() {
-  survives([] {
+  runStep([] {
     // Only the delegate's target is needed.
     _RunFrameworkInitialization(
         RuntimeCreateDelegate(&Delegate::Invoke, &_Startup, nullptr, DelegateSignature)->target());
     _RuntimeRun();
   });
-  survives([] {
+  runStep([] {
     const Ref<Application> application = registeredApplication();
     if (application) callHandler(*application, Application::Events::Close);
   });
@@ -160,8 +154,8 @@ int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts) {
   const StopSignalGuard stopSignals;
   ProcessState state{.parts = &parts};
   process = &state;
-  if (survives(parts.initialize)) _Main();
-  survives(parts.finalize);
+  if (runStep(parts.initialize)) _Main();
+  runStep(parts.finalize);
   const int status = RuntimeExit();
   process = nullptr;
   return status;

@@ -6,9 +6,9 @@
 
 namespace veldrin {
 
-// The property streams of the form, built at compile time from the form's table. A stream
-// has no header, no count and no end mark; the key is ASCII, and the type of its property says how
-// long the value is. The bytes are not text; ignore the encoding of their constant.
+// The property streams of the form, built at compile time from the form's table. A stream has no
+// header, no count and no end mark. A key is ASCII, and the type of its property gives the length
+// of the value. The bytes are not text; ignore the encoding of their constant.
 //
 //   stream  = entry*
 //   entry   = key blank value

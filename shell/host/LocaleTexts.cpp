@@ -10,6 +10,8 @@
 #include <limits>
 #include <string_view>
 
+#include "shell/host/DatePattern.h"
+
 namespace veldrin {
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <type_traits>
 
-#include "shell/host/DatePattern.h"
+#include "shell/host/Host.h"
 
 namespace veldrin {
 

@@ -24,8 +24,7 @@ void wake() {
 void recordSignal(int signal) {
   const int error = errno;
   lastSignal = signal;
-  detail::stopPending = 1;
-  wake();
+  repeatStop();
   errno = error;
 }
 
@@ -60,6 +59,11 @@ int stopSignal() {
 
 void dismissStop() {
   lastSignal = 0;
+}
+
+void repeatStop() {
+  detail::stopPending = 1;
+  wake();
 }
 
 String stopSignalName() {

@@ -33,6 +33,9 @@ String stopSignalName();
 /// Forgets the stop signal: the user or a handler has refused to end the process.
 void dismissStop();
 
+/// Makes an accepted stop signal pending again, because its `EndException` was dropped.
+void repeatStop();
+
 /// A descriptor that becomes readable when a stop signal arrives, for a toolkit's event loop. The
 /// guard's destructor closes it. -1 if the OS has no free descriptor.
 int stopSignalDescriptor();

@@ -17,52 +17,6 @@ namespace {
 Ref<Application> registered;
 bool isFailureReported = false;
 
-}  // namespace
-
-void Application::fillTable(ClassTable<Application>& table) {
-  using E = Events;
-  table.event(E::Open, E::Close, E::EnableMenuItems, E::NewDocument, E::OpenDocument,
-              E::HandleAppleEvent, E::Activate, E::Deactivate, E::UnhandledException,
-              E::CancelClose);
-  table.method<&Application::_EnableMenuItems>("_EnableMenuItems"_s);
-  table.method<&Application::_HandleMenuCommand>("_HandleMenuCommand"_s);
-  table.plainMethod<&Application::_CallFunctionWithExceptionHandling>(
-      "_CallFunctionWithExceptionHandling"_s, PrivateHidden);
-  table.property<&Application::MenuBar>("MenuBar"_s);
-  table.property<&Application::AutoQuit>("AutoQuit"_s);
-}
-
-void Application::changed() const {
-  if (registered.get() == this) InForce<Toolkit>::get().menusChanged();
-}
-
-void Application::userTurnedTo(bool active) {
-  if (active == std::exchange(active_, active)) return;
-  callHandler(*this, active ? Events::Activate : Events::Deactivate);
-}
-
-void Application::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& /*items*/) {
-  callHandler(*this, Events::EnableMenuItems);
-}
-
-void Application::_CallFunctionWithExceptionHandling(void* function) {
-  const Ref<Delegate> call = RuntimeCreateDelegate(
-      &Delegate::Invoke, reinterpret_cast<Function>(function), nullptr, DelegateSignature);
-  try {
-    call->call();
-  } catch (const Raised& raised) {
-    if (!handlesException(raised.exception)) _UnhandledException(raised.exception);
-  }
-}
-
-bool Application::handlesException(const Ref<RuntimeException>& exception) {
-  return RuntimeObjectIsa(exception.get(), EndException::__Lookup()) ||
-         RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
-         callHandler(*this, Events::UnhandledException, exception);
-}
-
-namespace {
-
 /// "IOException, error 28: No space left on device", or if a file is incomplete
 /// "/home/me/Veldrin.ics is incomplete: No space left on device (IOException, error 28)".
 String sentenceOn(const RuntimeException& exception) {
@@ -95,7 +49,59 @@ void printCalls(const RuntimeException& exception) {
   }
 }
 
+/// Reports the incomplete file of a dropped `EndException`. Keeps the stop signal pending, so that
+/// the event loop ends.
+void passOnStop(const Ref<RuntimeException>& exception) {
+  if (!exception->incompleteFile.isEmpty()) _UnhandledException(exception);
+  repeatStop();
+}
+
 }  // namespace
+
+void Application::fillTable(ClassTable<Application>& table) {
+  using E = Events;
+  table.event(E::Open, E::Close, E::EnableMenuItems, E::NewDocument, E::OpenDocument,
+              E::HandleAppleEvent, E::Activate, E::Deactivate, E::UnhandledException,
+              E::CancelClose);
+  table.method<&Application::_EnableMenuItems>("_EnableMenuItems"_s);
+  table.method<&Application::_HandleMenuCommand>("_HandleMenuCommand"_s);
+  table.plainMethod<&Application::_CallFunctionWithExceptionHandling>(
+      "_CallFunctionWithExceptionHandling"_s, PrivateHidden);
+  table.property<&Application::MenuBar>("MenuBar"_s);
+  table.property<&Application::AutoQuit>("AutoQuit"_s);
+}
+
+void Application::changed() const {
+  if (registered.get() == this) InForce<Toolkit>::get().menusChanged();
+}
+
+void Application::setActive(bool active) {
+  if (active == std::exchange(active_, active)) return;
+  callHandler(*this, active ? Events::Activate : Events::Deactivate);
+}
+
+void Application::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& /*items*/) {
+  callHandler(*this, Events::EnableMenuItems);
+}
+
+void Application::_CallFunctionWithExceptionHandling(void* function) {
+  const Ref<Delegate> call = RuntimeCreateDelegate(
+      &Delegate::Invoke, reinterpret_cast<Function>(function), nullptr, DelegateSignature);
+  try {
+    call->call();
+  } catch (const Raised& raised) {
+    if (!handlesException(raised.exception)) _UnhandledException(raised.exception);
+  }
+}
+
+bool Application::handlesException(const Ref<RuntimeException>& exception) {
+  if (RuntimeObjectIsa(exception.get(), EndException::__Lookup())) {
+    if (stopSignal() != 0) passOnStop(exception);
+    return true;
+  }
+  return RuntimeObjectIsa(exception.get(), ThreadEndException::__Lookup()) ||
+         callHandler(*this, Events::UnhandledException, exception);
+}
 
 void _UnhandledException(const Ref<RuntimeException>& exception) {
   isFailureReported = true;

@@ -56,11 +56,13 @@ class Application : public Described<Application, Object> {
   void _CallFunctionWithExceptionHandling(void* function);
 
   /// Handles an exception that has left a handler. Drops `EndException` and `ThreadEndException`;
-  /// passes others to the handler of "UnhandledException". Returns whether it was handled.
+  /// passes others to the handler of "UnhandledException". Returns whether it was handled. The
+  /// `EndException` of a stop signal leaves the signal pending, and its incomplete file is
+  /// reported.
   bool handlesException(const Ref<RuntimeException>& exception);
 
-  /// The user has switched to the program or to another. Does nothing without a change.
-  void userTurnedTo(bool active);
+  /// Raises "Activate" or "Deactivate" if Veldrin is not in that state yet.
+  void setActive(bool active);
 
   /// Whether closing the last window ends the application. Veldrin leaves it false. On a desktop
   /// without its own menu bar the application ends anyway, because the user could not quit it.

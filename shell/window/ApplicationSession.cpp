@@ -13,21 +13,21 @@
 namespace veldrin {
 namespace {
 
-/// Collects the item's descendants except separators, and resets each to its `AutoEnable`.
-void gatherItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
+/// Resets the item's descendants, except separators, to their `AutoEnable`, and collects them.
+void resetItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
   RuntimeStackCheck();
   for (const Ref<MenuItem>& child : item.children()) {
     if (child->isSeparator()) continue;
     child->Enabled(child->AutoEnable);
     items.push_back(child);
-    gatherItems(*child, items);
+    resetItems(*child, items);
   }
 }
 
 /// Refreshes which items of the bar are enabled.
 void refreshItems(const Ref<Window>& window, const MenuBar& bar) {
   std::vector<Ref<MenuItem>> items;
-  gatherItems(bar, items);
+  resetItems(bar, items);
   const Ref<Array<Ref<MenuItem>>> all = newArray(std::move(items));
   if (window) window->_EnableMenuItems(all);
   if (const Ref<Application> application = registeredApplication()) {

@@ -14,7 +14,7 @@ void CheckBox::fillTable(ClassTable<CheckBox>& table) {
 
 void CheckBox::userTicked(bool ticked) {
   if (!Enabled()) return;
-  State.keep(stateOf(ticked));
+  State.setShown(stateOf(ticked));
   raiseEvent(Events::Action);
 }
 

@@ -6,27 +6,29 @@
 namespace veldrin {
 namespace {
 
-/// Shows a dialog of the toolkit. Deactivates an active front window before and activates it after.
+/// Shows a dialog of the toolkit above the front window. If that window is active, deactivates it
+/// before and activates it after the dialog.
 template <class Show>
-auto inFrontOfTheWindow(Show show) {
+auto showDialog(Show show) {
   const Ref<Window> window = frontWindow();
-  const bool givesWay = window && window->isActive();
-  if (givesWay) window->userTurnedTo(false);
-  auto answer = show(InForce<Toolkit>::get());
-  if (givesWay && window->isOpen()) window->userTurnedTo(true);
+  const bool wasActive = window && window->isActive();
+  if (wasActive) window->setActive(false);
+  auto answer = show(InForce<Toolkit>::get(), window.get());
+  if (wasActive && window->isOpen()) window->setActive(true);
   return answer;
 }
 
 }  // namespace
 
 Ref<FolderItem> GetSaveFolderItem(const String& filter, const String& defaultName) {
-  return inFrontOfTheWindow(
-      [&](Toolkit& toolkit) { return toolkit.getSaveFolderItem(filter, defaultName); });
+  return showDialog([&](Toolkit& toolkit, const Window* parent) {
+    return toolkit.getSaveFolderItem(parent, filter, defaultName);
+  });
 }
 
 void MsgBox(const String& text) {
-  inFrontOfTheWindow([&](Toolkit& toolkit) {
-    toolkit.messageBox(text);
+  showDialog([&](Toolkit& toolkit, const Window* parent) {
+    toolkit.messageBox(parent, text);
     return true;
   });
 }

@@ -32,7 +32,7 @@ class LiveProperty {
   }
 
   /// Writes a value that the toolkit already shows, without calling `changed()`.
-  void keep(T shown) { value_ = std::move(shown); }
+  void setShown(T shown) { value_ = std::move(shown); }
 
  private:
   Owner& owner_;

@@ -18,7 +18,7 @@ class PushButton final : public Described<PushButton, RectControl>, public TextS
   };
 
   /// The user has pressed the button.
-  void userPressed() { raiseForPerson(Events::Action); }
+  void userPressed() { raiseForUser(Events::Action); }
 
   Live<String> Caption{*this};
   Live<bool> Default{*this};  ///< the Return key presses it

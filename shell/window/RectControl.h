@@ -41,11 +41,11 @@ class RectControl : public Described<RectControl, Control> {
   }
 
   /// The user has moved the focus away: raises "LostFocus", unless the control is disabled.
-  void userLeft() { raiseForPerson(Events::LostFocus); }
+  void userLeft() { raiseForUser(Events::LostFocus); }
 
  protected:
   /// Raises the event of a user action, unless the control is disabled.
-  void raiseForPerson(const Event<void()>& event) {
+  void raiseForUser(const Event<void()>& event) {
     if (Enabled()) raiseEvent(event);
   }
 

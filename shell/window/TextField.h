@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "shell/objects/Color.h"
 #include "shell/window/RectControl.h"
 #include "shell/window/TextStyle.h"
@@ -15,10 +17,17 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
 
   TextField() : TextStyle(static_cast<Control&>(*this)) {}
 
-  Live<String> Text{*this};
+  /// The text. It has at most `LimitText` characters; more are cut off at its end.
+  [[nodiscard]] String Text() const { return text_(); }
+  void Text(String text) { text_(limited(std::move(text))); }
 
-  /// The user has changed the text. Ignored if the field is disabled or read-only.
-  void userTyped(String text);
+  /// In characters (code points of UTF-8); 0 for no limit.
+  [[nodiscard]] std::int32_t LimitText() const { return limitText_; }
+  void LimitText(std::int32_t limit);
+
+  /// The user has changed the text. Ignored if the field is disabled or read-only. If the text is
+  /// too long, the toolkit is told to show the shorter one.
+  void userTyped(const String& text);
 
   Live<bool> Border{*this, true};
   Live<bool> Password{*this};
@@ -29,7 +38,6 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
   Live<String> CueText{*this};
   Live<String> Mask{*this};
   Live<bool> ReadOnly{*this};
-  Live<std::int32_t> LimitText{*this};  ///< in characters; 0 for no limit
   Live<bool> AcceptTabs{*this};
   Live<std::int32_t> Alignment{*this};  ///< 0 the default, which is left; 1 left, 2 centre, 3 right
   String DataSource;
@@ -37,6 +45,10 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }
+  [[nodiscard]] String limited(String text) const;
+
+  Live<String> text_{*this};
+  std::int32_t limitText_ = 0;
 };
 
 }  // namespace veldrin

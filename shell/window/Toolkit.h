@@ -34,7 +34,7 @@ class Toolkit {
   /// The program has changed a control in an open window: a property, its rows or its selection.
   virtual void controlChanged(Control& control) = 0;
 
-  /// The program has changed a property of an open window, such as its title or its bar of menus.
+  /// The program has changed a property of an open window, such as its title or menu bar.
   virtual void windowChanged(Window& window) = 0;
 
   /// The program has changed the application's menu bar or an item of a visible menu bar. The
@@ -44,15 +44,17 @@ class Toolkit {
   /// Whether the desktop shows a menu bar also while no window is open.
   [[nodiscard]] virtual bool hasOwnMenuBar() const = 0;
 
-  /// Shows the modal save dialog. Returns the chosen place, or nil if the user cancels. `filter`
-  /// names file types, joined by ";". The dialog asks before choosing an existing file.
-  virtual Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) = 0;
+  /// Shows the modal save dialog above the window, or alone if `parent` is nullptr or not open.
+  /// Returns the chosen place, or nil if the user cancels. `filter` names file types, joined by
+  /// ";". The dialog asks before choosing an existing file.
+  virtual Ref<FolderItem> getSaveFolderItem(const Window* parent, const String& filter,
+                                            const String& defaultName) = 0;
 
-  /// Shows a message box and returns when the user has dismissed it.
-  virtual void messageBox(const String& text) = 0;
+  /// Shows a message box, placed as the save dialog. Returns when the user has dismissed it.
+  virtual void messageBox(const Window* parent, const String& text) = 0;
 
   /// Runs the event loop until `quit`, or until `stopSignalDescriptor` is readable. Throws the
-  /// exceptions of handlers; afterwards `run` may be called again.
+  /// exception of a handler, also of one called before `run`; afterwards `run` may be called again.
   virtual void run() = 0;
 
   /// Ends the event loop after the current handler returns.
@@ -62,15 +64,16 @@ class Toolkit {
   virtual void backgroundTask() = 0;
 
   /// Reports an uncaught exception to the user and on standard error. Reports an `EndException`
-  /// after a stop signal on standard error only. `sentence` has no full stop.
+  /// after a stop signal on standard error only. A stop signal ends the report. `sentence` has no
+  /// full stop.
   virtual void reportUnhandledException(const RuntimeException& exception,
                                         const String& sentence) = 0;
 
   /// Reports an error that is not a framework exception. The process then ends.
   virtual void reportFault(const String& sentence) = 0;
 
-  /// Reports that a report failed for lack of memory. Must not allocate memory.
-  virtual void reportLost() noexcept = 0;
+  /// Reports that there is not enough memory for another report. Must not allocate memory.
+  virtual void reportOutOfMemory() noexcept = 0;
 
  protected:
   Toolkit() = default;

@@ -84,7 +84,7 @@ void Window::Constructor() {
     open_ = true;
     InForce<Toolkit>::get().windowOpened(*this);
   } catch (...) {
-    leave();
+    discard();
     throw;
   }
 }
@@ -156,19 +156,19 @@ bool Window::_UnifiedClose(bool quitting) {
   if (closed_ || closing_) return closed_;
   const ScopedFlag closing(closing_);
   if (callHandler(*this, Events::CancelClose, quitting)) return false;
-  userTurnedTo(false);
+  setActive(false);
   callHandler(*this, Events::Close);
   if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
     yieldToToolkit();  // a stop signal must not interrupt the closing
   }
-  leave();
+  discard();
   if (!quitting) InForce<Session>::get().windowClosed();
   return true;
 }
 
-void Window::leave() {
+void Window::discard() {
   closed_ = true;
   if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
   while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
@@ -188,7 +188,7 @@ void Window::_CallDeactivated() {
   EnableMenuItems();
 }
 
-void Window::userTurnedTo(bool active) {
+void Window::setActive(bool active) {
   if (active == active_) return;
   active ? _CallActivated() : _CallDeactivated();
 }
@@ -222,7 +222,7 @@ void removeAllWindows() {
   // Breaks the reference cycle of a window whose menu handler is bound to the window. Must not
   // allocate, because memory may be exhausted.
   auto& windows = _WindowSupport.Windows;
-  while (!windows.empty()) Ref<Window>(windows.back())->leave();
+  while (!windows.empty()) Ref<Window>(windows.back())->discard();
 }
 
 Ref<Window> frontWindow() {

@@ -93,7 +93,7 @@ class Window : public Described<Window, Object> {
   /// may end the application, see `Application::AutoQuit`.
   bool _UnifiedClose(bool quitting);
   /// Removes the window from the toolkit and from the open windows without raising an event.
-  void leave();
+  void discard();
 
   /// A property whose changes are reported to the toolkit while the window is open.
   template <class T>
@@ -109,8 +109,8 @@ class Window : public Described<Window, Object> {
   void _CallActivated();
   /// Marks the window inactive, raises "Deactivate" and refreshes the menu items.
   void _CallDeactivated();
-  /// The user has activated or deactivated the window. Does nothing without a change.
-  void userTurnedTo(bool active);
+  /// Calls `_CallActivated` or `_CallDeactivated` if the window is not in that state yet.
+  void setActive(bool active);
   [[nodiscard]] bool isActive() const { return active_; }
 
   /// Binds the menu item of that name to a handler. Nil enables the item and leaves the command to

@@ -58,8 +58,8 @@ TEST_F(SolarTest, NilDayRaisesBeforeAnythingChanges) {
 }
 
 TEST_F(CivilTimeTest, BoundsAreTheSundaysOfEveryYear) {
-  // A leap day, which most years lack.
-  host.stand({2024, 2, 29, 23, 59, 0});
+  // On a leap day, which most years do not have.
+  host.setClock({2024, 2, 29, 23, 59, 0});
   const Ref<Veldrin> veldrin = window();
   for (int number = 1; number <= 9999; ++number) {
     veldrin->SetDaylightSavingsBounds(number);

@@ -18,14 +18,14 @@ namespace {
 
 using enum ShortDateForm::Order;
 
-/// A variable of the environment, for as long as it stands.
-class Setting {
+/// Sets an environment variable during its lifetime.
+class EnvironmentGuard {
  public:
-  Setting(const char* name, const char* value) : name_(name) {
+  EnvironmentGuard(const char* name, const char* value) : name_(name) {
     if (const char* const before = std::getenv(name)) before_ = before;
     ::setenv(name, value, 1);
   }
-  ~Setting() {
+  ~EnvironmentGuard() {
     before_ ? ::setenv(name_, before_->c_str(), 1) : ::unsetenv(name_);
     ::tzset();
   }
@@ -35,13 +35,13 @@ class Setting {
   std::optional<std::string> before_;
 };
 
-TEST(SystemHostTest, ShowsTheMomentsOfEachZone) {
+TEST(SystemHostTest, ConvertsMomentsToLocalTimeInEachZone) {
   const struct {
     const char* zone;
     std::int64_t moment;  // seconds since 1970-01-01 UTC
     CivilMoment local;
-    double hours;         // of the offset at the moment
-    double hoursOfLocal;  // of the offset of the local moment, which may come twice
+    double hours;         // the UTC offset at the moment
+    double hoursOfLocal;  // the UTC offset of the local time, which may be repeated
   } rows[] = {
       {"UTC", -1, {1969, 12, 31, 23, 59, 59}, 0.0, 0.0},
       {"Asia/Kolkata", 1205020800, {2008, 3, 9, 5, 30, 0}, 5.5, 5.5},
@@ -53,18 +53,18 @@ TEST(SystemHostTest, ShowsTheMomentsOfEachZone) {
       {"Australia/Lord_Howe", 1712415600, {2024, 4, 7, 1, 30, 0}, 10.5, 11.0},
       {"Pacific/Apia", 1325239199, {2011, 12, 29, 23, 59, 59}, -10.0, -10.0},
       {"Pacific/Apia", 1325239200, {2011, 12, 31, 0, 0, 0}, 14.0, 14.0},
-      // It counts 27 leap seconds, and the last of them is the second before it.
+      // A zone with 27 leap seconds. A leap second is shown as the second before it.
       {"right/America/Los_Angeles", 1730624427, {2024, 11, 3, 1, 0, 0}, -8.0, -7.0},
       {"right/America/Los_Angeles", 1483228826, {2016, 12, 31, 15, 59, 59}, -8.0, -8.0},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.zone) + " at " + std::to_string(row.moment));
-    // Newer systems have these zones in a package of their own.
+    // On newer systems these zones are in a separate package.
     if (row.zone == std::string_view("right/America/Los_Angeles") &&
         !std::filesystem::exists(std::string("/usr/share/zoneinfo/") + row.zone)) {
       continue;
     }
-    const Setting zone("TZ", row.zone);
+    const EnvironmentGuard zone("TZ", row.zone);
     const SystemHost host;
     EXPECT_EQ(host.localTime(row.moment), row.local);
     EXPECT_EQ(host.offsetAt(row.moment), row.hours);
@@ -72,8 +72,8 @@ TEST(SystemHostTest, ShowsTheMomentsOfEachZone) {
   }
 }
 
-TEST(SystemHostTest, EveryMomentHasAnAnswer) {
-  const Setting zone("TZ", "Etc/GMT-14");
+TEST(SystemHostTest, ExtremeAndSkippedTimesHaveAnOffset) {
+  const EnvironmentGuard zone("TZ", "Etc/GMT-14");
   const SystemHost host;
   EXPECT_EQ(host.gmtOffset({INT32_MAX, 12, 31, 23, 59, 59}), 0.0);
   EXPECT_EQ(host.gmtOffset({INT32_MIN, 1, 1, 0, 0, 0}), 0.0);
@@ -83,14 +83,14 @@ TEST(SystemHostTest, EveryMomentHasAnAnswer) {
     EXPECT_TRUE(month >= 1 && month <= 12) << moment;
     EXPECT_EQ(host.offsetAt(moment), 0.0);
   }
-  // What the zone leaves out has the offset from before.
-  const Setting apia("TZ", "Pacific/Apia");
+  // A skipped local time has the offset before the change.
+  const EnvironmentGuard apia("TZ", "Pacific/Apia");
   EXPECT_EQ(host.gmtOffset({2011, 12, 30, 12, 0, 0}), -10.0);
-  const Setting pacific("TZ", "America/Los_Angeles");
+  const EnvironmentGuard pacific("TZ", "America/Los_Angeles");
   EXPECT_EQ(host.gmtOffset({2024, 3, 10, 2, 30, 0}), -8.0);
 }
 
-TEST(SystemHostTest, APatternThatIsNoDateHasNoOrder) {
+TEST(SystemHostTest, AnIncompletePatternGivesTheDefaultForm) {
   for (const char* const pattern : {"%%d.%%m.%%Y", "%d.%m", "%d.%m.%", ""}) {
     EXPECT_EQ(shortDateFormOf(pattern), (ShortDateForm{MonthDayYear, '/'})) << pattern;
   }
@@ -100,7 +100,7 @@ TEST(SystemHostTest, APatternThatIsNoDateHasNoOrder) {
 
 using LocaleTest = ValuesTest;
 
-TEST_F(LocaleTest, ReadsTheDatesThatItWritesAndTheHostsOwnNumbers) {
+TEST_F(LocaleTest, ReadsItsOwnDatesAndThoseOfTheLocale) {
   const struct {
     const char* locale;
     const char* text;
@@ -119,7 +119,7 @@ TEST_F(LocaleTest, ReadsTheDatesThatItWritesAndTheHostsOwnNumbers) {
   constexpr CivilDay Day{2024, 6, 1};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.locale);
-    const Setting setting("LC_ALL", (std::string(row.locale) + ".UTF-8").c_str());
+    const EnvironmentGuard setting("LC_ALL", (std::string(row.locale) + ".UTF-8").c_str());
     host.form = SystemHost().shortDateForm();
     const Ref<Date> date = New<Date>();
     date->Constructor(2024, 6, 1, 0, 0, 0);
@@ -136,7 +136,7 @@ TEST_F(LocaleTest, ReadsTheDatesThatItWritesAndTheHostsOwnNumbers) {
   }
 }
 
-TEST(SystemHostTest, SaysDatesAndTimesByItsSetting) {
+TEST(SystemHostTest, FormatsDatesAndTimesByTheLocale) {
   constexpr CivilMoment Autumn{2026, 11, 22, 16, 5, 9};
   const struct {
     const char* locale;
@@ -156,11 +156,11 @@ TEST(SystemHostTest, SaysDatesAndTimesByItsSetting) {
        "16:05|16:05:09"},
       {"en_US.UTF-8", Autumn, "Sunday, November 22, 2026|Sun, Nov 22, 2026",
        "04:05 PM|04:05:09 PM"},
-      // It has a place for the half of the day, and no name for either.
+      // Its pattern has %p, but it has no texts for AM and PM.
       {"ms_MY.UTF-8", Autumn, "Ahad, 22 November 2026|Ahd, 22 Nov 2026", "04:05|04:05:09"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.locale);
-    const Setting setting("LC_ALL", row.locale);
+    const EnvironmentGuard setting("LC_ALL", row.locale);
     const SystemHost host;
     const auto both = [&](DateText first, DateText second) {
       return host.text(first, row.moment) + "|" + host.text(second, row.moment);
@@ -170,7 +170,7 @@ TEST(SystemHostTest, SaysDatesAndTimesByItsSetting) {
   }
 }
 
-TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheHost) {
+TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheLocale) {
   const struct {
     DatePatterns host;
     const char *longDate, *abbreviatedDate;

@@ -91,7 +91,7 @@ TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
     sayOk(box);
   });
   person->toolkit().quit();  // outside of the loop it ends no box to come
-  person->toolkit().messageBox(String(told));
+  person->toolkit().messageBox(nullptr, String(told));
 }
 
 }  // namespace

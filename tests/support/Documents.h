@@ -14,7 +14,7 @@
 
 namespace veldrin::test {
 
-/// The bytes of a file; throws where there is none.
+/// The bytes of a file. Throws if it does not exist.
 inline std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("no file " + path);
@@ -56,7 +56,7 @@ inline std::vector<std::string> daysOf(const std::string& document) {
   return days;
 }
 
-/// The document that has these days, as the grammar of the format asks for it.
+/// The document with these days, by the grammar of the format.
 inline std::string documentOf(const std::vector<std::string>& days) {
   std::string document =
       "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-WR-CALNAME;VALUE=TEXT:Sunrise and Sunset\r\n"
@@ -92,7 +92,7 @@ inline std::string firstDifference(std::string_view actual, std::string_view exp
          " and " + std::to_string(expected.size()) + " bytes)";
 }
 
-/// The shortest text that reads back as this double.
+/// The shortest text that parses to this double.
 inline std::string textOf(double value) {
   char digits[32];
   return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};

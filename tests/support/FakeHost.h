@@ -6,7 +6,7 @@
 
 namespace veldrin::test {
 
-/// A host whose clock stands where a test puts it, in any zone.
+/// A host with a stopped clock, at any time and in any zone.
 class FakeHost final : public Host {
  public:
   /// Seconds east of Greenwich at a moment of the clock (seconds since 1970-01-01 UTC).
@@ -16,8 +16,8 @@ class FakeHost final : public Host {
   Zone zone = [](std::int64_t) { return std::int64_t{0}; };
   ShortDateForm form;
 
-  /// Puts the clock on a local moment of a zone of so many hours.
-  void stand(const CivilMoment& local, double hours = 0.0) {
+  /// Sets the clock to a local moment, and the zone to a fixed UTC offset.
+  void setClock(const CivilMoment& local, double hours = 0.0) {
     const auto offset = static_cast<std::int64_t>(hours * 3600.0);
     zone = [offset](std::int64_t) { return offset; };
     moment = secondsOf(local) - offset;
@@ -39,12 +39,12 @@ class FakeHost final : public Host {
     return static_cast<double>(zone(at)) / 3600.0;
   }
   [[nodiscard]] double gmtOffset(const CivilMoment& local) const override {
-    // Good for every moment that is not within a change of the clock.
+    // Exact except within hours of a change of the offset.
     const std::int64_t guess = secondsOf(local) - zone(secondsOf(local));
     return offsetAt(guess);
   }
   [[nodiscard]] ShortDateForm shortDateForm() const override { return form; }
-  /// Which text is asked for, and of which day.
+  /// The requested form as a number, and the day.
   [[nodiscard]] std::string text(DateText which, const CivilMoment& at) const override {
     return std::to_string(int(which)) + " of " + std::to_string(at.day);
   }

@@ -5,7 +5,7 @@
 namespace veldrin::test {
 namespace {
 
-/// Acts through the controls, as there is nothing else.
+/// Acts on the controls directly, because the headless toolkit shows nothing.
 class HeadlessPerson final : public Person {
  public:
   Toolkit& toolkit() override { return toolkit_; }

@@ -9,13 +9,13 @@
 
 namespace veldrin::test {
 
-/// A place to save to that lies in memory and fails where a test wants it to.
+/// A file in memory that can fail to open or become full.
 class MemoryItem final : public Described<MemoryItem, FolderItem> {
  public:
   static constexpr FixedString FullName = "MemoryItem";
 
   std::shared_ptr<std::string> content = std::make_shared<std::string>();
-  std::int32_t errorOfCreate = 0;  ///< 0: the file can be made
+  std::int32_t errorOfCreate = 0;  ///< 0 for success
   int linesUntilFull = std::numeric_limits<int>::max();
 
   [[nodiscard]] String AbsolutePath() const override { return "/memory/item.ics"_s; }

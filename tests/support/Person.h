@@ -10,24 +10,24 @@
 
 namespace veldrin::test {
 
-/// A person at the window: what one can do there and see of it, by the names of the controls. Each
-/// test program has a person of its own toolkit, so that one set of tests tries them all.
+/// A user of the window, who acts on controls by name and reads what the window shows. Each test
+/// program has a person for its toolkit, so the same tests run on all toolkits.
 class Person {
  public:
   Person(const Person&) = delete;
   Person& operator=(const Person&) = delete;
   virtual ~Person() = default;
 
-  /// What shows the window to this person. A dialog that only says something is dismissed.
+  /// The toolkit that shows the window. The person closes message boxes.
   [[nodiscard]] virtual Toolkit& toolkit() = 0;
 
-  /// Turns to the window that has been opened.
+  /// Activates the window.
   virtual void turnToWindow() = 0;
 
-  /// Runs the event loop with a job in it, and ends it when the job is done.
+  /// Runs the event loop until the job, which it runs first, returns.
   virtual void runLoop(const std::function<void()>& job) = 0;
 
-  /// Puts the text in the place of what the field holds. The focus stays in the field.
+  /// Replaces the text of the field. The focus stays in the field.
   virtual void type(std::string_view field, std::string_view text) = 0;
   /// Takes the focus out of the field.
   virtual void leave(std::string_view field) = 0;
@@ -37,18 +37,18 @@ class Person {
   virtual void command(std::string_view menuItem) = 0;
   virtual void closeWindow() = 0;
 
-  /// The text that a field, a label or a list shows; a carriage return breaks its lines.
+  /// The text shown by a field, a label or a list, with a carriage return between lines.
   [[nodiscard]] virtual std::string shown(std::string_view control) = 0;
   [[nodiscard]] virtual bool isTicked(std::string_view box) = 0;
 
-  /// What a control looks like: "Next @ 10 20 30 40", with " hidden" where it does not show,
-  /// " bold", and " off" where it is disabled.
+  /// The text and place of a control: "Next @ 10 20 30 40". " hidden", " bold" and " off" (for
+  /// disabled) follow if they apply.
   [[nodiscard]] virtual std::string looks(std::string_view control) = 0;
-  /// The text of an item in the menus, with " ticked" and " off"; "" where there is none.
+  /// The text of a menu item, with " ticked" and " off" if they apply; "" without such an item.
   [[nodiscard]] virtual std::string menuLooks(std::string_view item) = 0;
   [[nodiscard]] virtual std::string title() = 0;
 
-  /// The words for how something looks.
+  /// Formats the results of `looks` and `menuLooks`.
   static std::string described(const std::string& text, const std::array<int, 4>& place,
                                bool visible, bool bold) {
     std::string all = text + " @";

@@ -11,7 +11,7 @@
 
 namespace veldrin::test {
 
-/// A folder of its own, which goes with all that it holds.
+/// A new folder. The destructor deletes it with its content.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -27,12 +27,12 @@ class TemporaryFolder {
 };
 
 struct Outcome {
-  int status;  ///< of the exit; -1 where a signal ended it
+  int status;  ///< the exit status; -1 if a signal ended the script
   std::string output;
   std::string errors;
 };
 
-/// Runs a script of the shell and waits for its end.
+/// Runs a shell script and waits for its end.
 inline Outcome runScript(const std::string& script) {
   const TemporaryFolder folder;
   const std::string output = (folder.path / "output").string();

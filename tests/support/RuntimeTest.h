@@ -23,11 +23,10 @@
 
 namespace veldrin::test {
 
-/// A person, and a host that stands at 2024-06-21 12:00 in a zone 8 hours west with its
-/// daylight-saving hour.
+/// A person, and a host at 2024-06-21 12:00 in daylight-saving time, 7 hours west of Greenwich.
 class PersonTest : public testing::Test {
  protected:
-  PersonTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
+  PersonTest() { host.setClock({2024, 6, 21, 12, 0, 0}, -7.0); }
 
   FakeHost host;
   const std::unique_ptr<Person> person = newPerson();
@@ -40,8 +39,8 @@ class RuntimeTest : public PersonTest {
   Runtime runtime{host, toolkit};
 };
 
-/// The same with the window open, as it is when the event loop begins; everything that was made is
-/// given up again at the end of the test.
+/// The same with the window open, as at the start of the event loop. The end of a test releases all
+/// objects.
 class WindowTest : public RuntimeTest {
  protected:
   void SetUp() override {
@@ -52,7 +51,7 @@ class WindowTest : public RuntimeTest {
 
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
 
-  /// Opens the window anew, where the host stands now.
+  /// Opens a new window at the host's present time.
   void reopen() {
     _WindowSupport.Windows.clear();
     static_cast<void>(window());
@@ -64,7 +63,7 @@ class WindowTest : public RuntimeTest {
     person->leave(field);
   }
 
-  /// Picks a year, which the list need not have offered so far.
+  /// Adds the year to the list and chooses it.
   void choose(std::string_view year) const {
     const Ref<PopupMenu> years = window()->WhichYear();
     years->AddRow(String(year));
@@ -81,7 +80,7 @@ class WindowTest : public RuntimeTest {
 
   [[nodiscard]] std::string status() const { return person->shown("Status"); }
 
-  /// What a press of the button writes.
+  /// The calendar that a press of the button writes.
   std::string generate() {
     const Ref<MemoryItem> item = New<MemoryItem>();
     toolkit.saveAnswers.emplace_back(item);
@@ -90,7 +89,7 @@ class WindowTest : public RuntimeTest {
   }
 };
 
-/// All classes built and nothing described yet; at the end every object is gone again.
+/// The same with all classes built and none described. Checks that a test releases all objects.
 class ReflectionTest : public WindowTest {
  protected:
   void SetUp() override {
@@ -115,8 +114,8 @@ inline std::vector<ClassRecord*> controlClasses() {
           PopupMenu::__Lookup(), TextField::__Lookup(),  CheckBox::__Lookup()};
 }
 
-/// Binds a handler to an event of a class for as long as it lives. A control that has a handler of
-/// its own does not come to that of its class.
+/// Binds a handler to an event of a class during its lifetime. A control with its own handler does
+/// not call that of its class.
 class BoundEvent {
  public:
   template <class Handler>
@@ -134,7 +133,7 @@ class BoundEvent {
   Function before_;
 };
 
-/// The program has a stack of a megabyte for as long as this lives.
+/// Limits the stack of the process to a megabyte during its lifetime.
 class SmallStack {
  public:
   SmallStack() {
@@ -154,7 +153,7 @@ class SmallStack {
   rlimit before_{};
 };
 
-/// Reads and writes a property by its name, as whoever has only the class's table does.
+/// Reads and writes a property by name, through the class table.
 inline Variant valueOf(const Ref<Object>& object, std::string_view key) {
   const PropertyRow* const row = FindProperty(*object->classRecord(), key);
   if (row == nullptr) return {};

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "shell/Runtime.h"
 #include "shell/objects/Failure.h"
 #include "shell/objects/PropertyAccess.h"
+#include "shell/window/Window.h"
 #include "ui/PropertyStream.h"
 
 namespace veldrin::test {
@@ -58,9 +58,9 @@ inline std::vector<Variant> valuesOf(const Ref<Object>& object) {
   return all;
 }
 
-/// Reads any bytes as a stream. Returns the broken rule, "" for none. The rules: the entries that
-/// were read are the beginning of the bytes; a fault comes after them and names the key there; a
-/// stream with a fault is not applied.
+/// Parses any bytes as a stream. Returns the broken rule, "" for none. The rules: the parsed
+/// entries are the beginning of the bytes; a fault follows them and names the key there; a stream
+/// with a fault is not applied.
 inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   std::string read;

@@ -16,11 +16,10 @@ namespace veldrin::test {
 inline constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
 inline constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 
-/// A host in force that stands at 2024-06-21 12:00 in a zone 8 hours west with its daylight-saving
-/// hour.
+/// A host in force at 2024-06-21 12:00 in daylight-saving time, 7 hours west of Greenwich.
 class ValuesTest : public testing::Test {
  protected:
-  ValuesTest() { host.stand({2024, 6, 21, 12, 0, 0}, -7.0); }
+  ValuesTest() { host.setClock({2024, 6, 21, 12, 0, 0}, -7.0); }
 
   FakeHost host;
   const InForce<Host> hostInForce{host};
@@ -35,7 +34,7 @@ inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) 
   return date;
 }
 
-/// Runs the call and gives the full name of the class of what it raised, "" for nothing.
+/// Runs the call. Returns the full class name of the exception that it raises, "" for none.
 template <class Call>
 std::string raisedBy(Call&& call) {
   try {

@@ -12,10 +12,10 @@
 
 namespace veldrin::test {
 
-/// Stands before the toolkit of a person, passes everything on to it, and keeps what was asked.
+/// Records all calls and passes them on to the toolkit of a person.
 class WatchedToolkit final : public Toolkit {
  public:
-  /// An exception that was reported, by its class and number.
+  /// A reported exception.
   struct Report {
     String className;
     std::int32_t errorNumber;
@@ -24,28 +24,27 @@ class WatchedToolkit final : public Toolkit {
 
   explicit WatchedToolkit(Person& person) : person_(person), shown_(person.toolkit()) {}
 
-  /// What a person does while the event loop runs.
+  /// Runs inside the event loop.
   std::function<void()> job;
-  /// Answers to the save dialogs to come, nil for cancelled. No dialog is shown while there are
-  /// any.
+  /// The answers of the next save dialogs, nil for cancelled. An answered dialog is not shown.
   std::deque<Ref<FolderItem>> saveAnswers;
-  /// Called for every change made by the program, where it is set.
+  /// Called for every change of a control by the program, if set.
   std::function<void(Control&)> onControlChanged;
-  /// Called at every yield, where it is set.
+  /// Called at every yield, if set.
   std::function<void()> onBackgroundTask;
-  /// Whether the desktop has a menu bar of its own.
+  /// Whether the desktop has a global menu bar.
   bool ownMenuBar = false;
 
-  /// What the message boxes said, in order.
+  /// The texts of the message boxes and faults, in order.
   std::vector<String> messages;
-  /// The exceptions that nothing caught.
+  /// The reports of uncaught exceptions, in order.
   std::vector<Report> reports;
-  /// How often a loop has yielded.
+  /// The number of yields.
   std::int64_t backgroundTasks = 0;
-  /// How often something of the menus has changed, and something of a window.
-  int toldOfMenus = 0;
-  int toldOfWindows = 0;
-  /// What became of windows and the loop, in order, by the toolkit's own names for it.
+  /// The numbers of calls of `menusChanged` and `windowChanged`.
+  int menuChanges = 0;
+  int windowChanges = 0;
+  /// The calls of `windowOpened`, `windowClosed` and `quit`, in order.
   std::vector<std::string_view> steps;
 
   void windowOpened(Window& window) override {
@@ -61,23 +60,24 @@ class WatchedToolkit final : public Toolkit {
     shown_.controlChanged(control);
   }
   void windowChanged(Window& window) override {
-    ++toldOfWindows;
+    ++windowChanges;
     shown_.windowChanged(window);
   }
   void menusChanged() override {
-    ++toldOfMenus;
+    ++menuChanges;
     shown_.menusChanged();
   }
   [[nodiscard]] bool hasOwnMenuBar() const override { return ownMenuBar; }
-  Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override {
-    if (saveAnswers.empty()) return shown_.getSaveFolderItem(filter, defaultName);
+  Ref<FolderItem> getSaveFolderItem(const Window* parent, const String& filter,
+                                    const String& defaultName) override {
+    if (saveAnswers.empty()) return shown_.getSaveFolderItem(parent, filter, defaultName);
     Ref<FolderItem> answer = std::move(saveAnswers.front());
     saveAnswers.pop_front();
     return answer;
   }
-  void messageBox(const String& text) override {
+  void messageBox(const Window* parent, const String& text) override {
     messages.push_back(text);
-    shown_.messageBox(text);
+    shown_.messageBox(parent, text);
   }
   void run() override {
     person_.runLoop(std::exchange(job, [] {}));
@@ -100,7 +100,7 @@ class WatchedToolkit final : public Toolkit {
     messages.push_back(sentence);
     shown_.reportFault(sentence);
   }
-  void reportLost() noexcept override { shown_.reportLost(); }
+  void reportOutOfMemory() noexcept override { shown_.reportOutOfMemory(); }
 
  private:
   Person& person_;

@@ -21,10 +21,10 @@ using FormTest = WindowTest;
 
 TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
   const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
-  const Form form = readForm();
-  ASSERT_EQ(window()->controls().size() + 1, form.streams.size());
-  for (std::size_t place = 0; place < form.streams.size(); ++place) {
-    const auto& [kind, name, sizeAndChecksum, bytes] = form.streams[place];
+  const std::vector<FormStream> streams = readForm();
+  ASSERT_EQ(window()->controls().size() + 1, streams.size());
+  for (std::size_t place = 0; place < streams.size(); ++place) {
+    const auto& [kind, name, sizeAndChecksum, bytes] = streams[place];
     SCOPED_TRACE(name);
     Ref<Object> made = window();
     if (kind != "Window") {
@@ -46,7 +46,29 @@ TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
   EXPECT_EQ(window()->WhichYear()->ListCount(), 13);
 }
 
-TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
+TEST_F(FormTest, TextsHaveThePlainLooksOfTheForm) {
+  std::string alignments;
+  for (const Ref<Control>& each : window()->controls()) {
+    SCOPED_TRACE(text(each->Name));
+    if (const auto* const style = dynamic_cast<const TextStyle*>(each.get())) {
+      EXPECT_FALSE(style->Bold() || style->Italic() || style->Underline());
+      EXPECT_EQ(text(style->TextFont()), "System");
+    }
+    if (const auto* const field = dynamic_cast<const TextField*>(each.get())) {
+      EXPECT_TRUE(field->TextColor() == Black && field->BackColor() == White);
+      EXPECT_EQ(field->Alignment(), 0);
+    } else if (const auto* const label = dynamic_cast<const StaticText*>(each.get())) {
+      EXPECT_EQ(label->TextColor(), Black);
+      EXPECT_EQ(label->MultiLine(), text(label->Name) == "Status");
+      alignments += text(label->Name) + " " + std::to_string(label->TextAlign()) + " ";
+    }
+  }
+  EXPECT_EQ(alignments,
+            "Status 1 StaticText6 2 StaticText5 2 StaticText1 2 StaticText2 2 StaticText4 2 "
+            "StaticText7 0 ");
+}
+
+TEST_F(FormTest, ExactlyTenControlEventsHaveHandlers) {
   static bool unwired = false;
   const Ref<Veldrin> view = window();
   std::deque<BoundEvent> bound;
@@ -68,12 +90,12 @@ TEST_F(FormTest, ExactlyTenEventsOfTheControlsAreWired) {
             "BackOneDay_Action ForwardOneDay_Action GenerateButton_Action WhichYear_Open "
             "WhichYear_Change DownUnderFlag_Action DaylightSavings_Action Latitude_LostFocus "
             "TimeZone_LostFocus Longitude_LostFocus ");
-  constexpr Event<void()> Other{"KeyDown"_s};  // the event of the window has a parameter
+  constexpr Event<void()> Other{"KeyDown"_s};  // the window's event has a parameter
   EXPECT_EQ(raisedBy([&] { callHandler(*view, Other); }), "TypeMismatchException");
   EXPECT_EQ(raisedBy([&] { view->Latitude()->raiseEvent("KeyDown"_s); }), "KeyNotFoundException");
 }
 
-TEST_F(FormTest, FocusFollowsThePanelsAndTabIndexes) {
+TEST_F(FormTest, FocusOrderFollowsPanelsAndTabIndexes) {
   const Ref<Veldrin> view = window();
   const auto order = [&] {
     std::string names;
@@ -87,7 +109,7 @@ TEST_F(FormTest, FocusFollowsThePanelsAndTabIndexes) {
   view->TimeZone()->Visible(false);
   view->Longitude()->TabStop(false);
   view->WhichYear()->TabIndex(-1);
-  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal ones keep the order of making
+  view->DSTStart()->TabIndex(view->DSTEnd()->TabIndex());  // equal indexes keep the creation order
   EXPECT_EQ(order(),
             "DSTEnd DSTStart DownUnderFlag DaylightSavings WhichYear BackOneDay ForwardOneDay "
             "GenerateButton ");

@@ -21,15 +21,14 @@ class PropertyStreamTest : public RuntimeTest {
   static void SetUpTestSuite() { initializeClasses(); }
 };
 
-TEST_F(PropertyStreamTest, EveryStreamOfTheFormHasTheKeysOfItsClassAndTheBytesOfTheReference) {
-  const Form form = readForm();
-  ASSERT_EQ(FormStreams.size(), form.streams.size());
-  for (std::size_t place = 0; place < form.streams.size(); ++place) {
-    const auto& [kind, name, sizeAndChecksum, bytes] = form.streams[place];
+TEST_F(PropertyStreamTest, EachStreamHasTheReferenceBytes) {
+  const std::vector<FormStream> streams = readForm();
+  ASSERT_EQ(FormStreams.size(), streams.size());
+  for (std::size_t place = 0; place < streams.size(); ++place) {
+    const auto& [kind, name, sizeAndChecksum, bytes] = streams[place];
     SCOPED_TRACE(name);
     const String stream = FormStreams[place];
     const std::string actual = text(stream);
-    EXPECT_TRUE(hasKeys(actual, form.keys.at(kind)));
     EXPECT_EQ(std::to_string(actual.size()) + " " + checksumOf(actual), sizeAndChecksum);
     if (!bytes.empty()) {
       EXPECT_EQ(testing::PrintToString(actual), testing::PrintToString(bytes));

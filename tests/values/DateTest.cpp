@@ -40,7 +40,7 @@ std::int32_t isoWeekOf(std::int32_t year, std::int32_t dayOfYear, std::int32_t d
 }
 
 TEST_F(DateTest, NewDateKeepsTheMomentOfItsCreation) {
-  host.stand({2024, 2, 29, 23, 59, 58}, 5.75);
+  host.setClock({2024, 2, 29, 23, 59, 58}, 5.75);
   const Ref<Date> read = New<Date>();
   const Ref<Date> written = New<Date>();
   host.moment += 3600;
@@ -138,7 +138,7 @@ TEST_F(DateTest, FieldsOfTheConstructorReplaceThoseOfToday) {
   } rows[] = {{{2023, 2, 30, 25, -1, 60}, {2023, 3, 3, 1, 0, 0}},
               {{2023, 0, 0, 0, 0, 0}, {2023, 1, 1, 0, 0, 0}},
               {{2023, -3, 31, 0, 0, 0}, {2023, 1, 31, 0, 0, 0}}};
-  host.stand({2024, 3, 31, 23, 59, 58}, 2.0);
+  host.setClock({2024, 3, 31, 23, 59, 58}, 2.0);
   for (const auto& row : rows) {
     const auto [year, month, day, hour, minute, second] = row.given;
     const Ref<Date> zoned = New<Date>();

@@ -1,3 +1,4 @@
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -9,9 +10,9 @@ namespace {
 
 using LiveTest = WindowTest;
 
-TEST_F(LiveTest, WhatIsSetByDescriptionShows) {
-  int told = 0;
-  toolkit.onControlChanged = [&](Control&) { ++told; };
+TEST_F(LiveTest, APropertySetThroughTheTableIsShown) {
+  int changes = 0;
+  toolkit.onControlChanged = [&](Control&) { ++changes; };
   const struct {
     const char *control, *property;
     Variant value;
@@ -32,23 +33,52 @@ TEST_F(LiveTest, WhatIsSetByDescriptionShows) {
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.control) + "." + row.property);
     const Ref<Object> control = RuntimeWindowControlByName(*window(), String(row.control));
-    const int before = told;
+    const int before = changes;
     setValue(control, row.property, row.value);
-    setValue(control, row.property, row.value);  // is no news
-    EXPECT_EQ(told, before + 1);
+    setValue(control, row.property, row.value);  // no change, no call
+    EXPECT_EQ(changes, before + 1);
     EXPECT_EQ(person->looks(row.control), row.looks);
   }
   const std::string times = status();
-  setValue(window()->DownUnderFlag(), "Value", true);  // what the program does is no tick
+  setValue(window()->DownUnderFlag(), "Value", true);  // the program's change raises no event
   EXPECT_TRUE(person->isTicked("DownUnderFlag"));
   EXPECT_EQ(status(), times);
   setValue(window(), "Title", "Sun"_s);
   EXPECT_EQ(person->title(), "Sun");
-  EXPECT_EQ(toolkit.toldOfWindows, 1);
+  EXPECT_EQ(toolkit.windowChanges, 1);
   window()->Close();
-  const int before = told;
+  const int before = changes;
   window()->Latitude()->Text("of a window that opens"_s);
-  EXPECT_EQ(told, before + 1);
+  EXPECT_EQ(changes, before + 1);
+}
+
+TEST_F(LiveTest, AFieldHoldsNoMoreCharactersThanItsLimit) {
+  const Ref<TextField> field = window()->Latitude();
+  const struct {
+    std::int32_t limit;
+    std::string text, held;
+  } rows[] = {{0, "1234", "1234"},
+              {-1, "1234", "1234"},
+              {3, "12", "12"},
+              {3, "1234", "123"},
+              {2, "\u00E4\u00F6\u00FC", "\u00E4\u00F6"},
+              {2, "1\U0001F305\U0001F306", "1\U0001F305"}};
+  for (const auto& row : rows) {
+    const std::function<void()> ways[] = {[&] { person->type("Latitude", row.text); },
+                                          [&] { field->Text(String(row.text)); },
+                                          [&] {
+                                            field->LimitText(0);
+                                            field->Text(String(row.text));
+                                            field->LimitText(row.limit);
+                                          }};
+    for (const auto& way : ways) {
+      field->LimitText(row.limit);
+      field->Text(""_s);
+      way();
+      EXPECT_EQ(text(field->Text()), row.held);
+      EXPECT_EQ(person->shown("Latitude"), row.held);
+    }
+  }
 }
 
 TEST_F(LiveTest, MenusFollowTheirItems) {
@@ -62,7 +92,7 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
   EXPECT_EQ(person->menuLooks("FileQuit"), "E&nd ticked off");
   person->command("FileQuit");
   EXPECT_TRUE(view->isOpen());
-  // Three levels deep, below an item that was none of a menu before.
+  // Three levels deep, below an item that had no children.
   Ref<MenuItem> menu = view->FileMenu();
   for (const char* const name : {"Deep", "Deeper", "Deepest"}) {
     const Ref<MenuItem> item = New<MenuItem>();
@@ -72,19 +102,19 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
     menu = item;
     EXPECT_EQ(person->menuLooks(name), name);
   }
-  const int told = toolkit.toldOfMenus;
+  const int changes = toolkit.menuChanges;
   const Ref<MenuBar> other = New<MenuBar>();
   EXPECT_EQ(raisedBy([&] { menu->Append(nullptr); }), "NilObjectException");
   EXPECT_EQ(raisedBy([&] { menu->Append(view->FileMenu()); }), "RuntimeException");
   other->Append(menu);
-  EXPECT_EQ(toolkit.toldOfMenus, told);  // nobody sees that one yet
+  EXPECT_EQ(toolkit.menuChanges, changes);  // that bar is not shown yet
   view->MenuBar(other);
   EXPECT_EQ(person->menuLooks("Deep"), "");
   EXPECT_EQ(person->menuLooks("Deepest"), "Deepest");
   view->MenuBar(implicit::MenuBar1());
 }
 
-TEST_F(LiveTest, NobodyActsThroughWhatIsDisabled) {
+TEST_F(LiveTest, DisabledControlsIgnoreTheUser) {
   const Ref<Veldrin> view = window();
   type("Latitude", "47.5");
   const std::string before = status();
@@ -93,7 +123,7 @@ TEST_F(LiveTest, NobodyActsThroughWhatIsDisabled) {
     setValue(RuntimeWindowControlByName(*view, String(name)), "Enabled", false);
   }
   person->type("Latitude", "12");
-  setValue(view->Latitude(), "Enabled", false);  // with the focus in it
+  setValue(view->Latitude(), "Enabled", false);  // while it has the focus
   view->ForwardOneDay()->userPressed();
   view->DownUnderFlag()->userTicked(true);
   view->DaylightSavings()->userTicked(false);
@@ -105,11 +135,11 @@ TEST_F(LiveTest, NobodyActsThroughWhatIsDisabled) {
   EXPECT_FALSE(person->isTicked("DownUnderFlag"));
   EXPECT_EQ(person->shown("WhichYear"), "2008");
   EXPECT_EQ(person->shown("Latitude"), "12");
-  view->WhichYear()->ListIndex(3);  // what the program does is no press
+  view->WhichYear()->ListIndex(3);  // a change by the program works
   EXPECT_NE(status(), before);
 }
 
-/// A window and an application that note who is asked about a menu item, and may take it.
+/// The receivers that were offered a menu item, and the one that handles it.
 std::string asked;
 std::string_view taker;
 
@@ -129,7 +159,7 @@ using AskedApplication = Asked<Application, "application">;
 
 using CommandTest = RuntimeTest;
 
-TEST_F(CommandTest, AnItemIsOfferedToWindowApplicationHandlerAndItself) {
+TEST_F(CommandTest, ACommandIsOfferedToReceiversInOrder) {
   _RuntimeRegisterAppObject(New<AskedApplication>());
   const struct {
     std::string_view taker, asked;

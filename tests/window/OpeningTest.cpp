@@ -14,7 +14,7 @@ using OpeningTest = WindowTest;
 constexpr std::string_view InSummerTime = "6/21/2024\rSunrise = 05:13\rSunset = 21:11";
 constexpr std::string_view InStandardTime = "6/21/2024\rSunrise = 04:13\rSunset = 20:11";
 
-TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
+TEST_F(OpeningTest, TimeZoneIsTheHostsOffsetWithoutDaylightSaving) {
   const CivilMoment January{2024, 1, 15, 12, 0, 0};
   const CivilMoment July{2024, 7, 15, 12, 0, 0};
   const struct {
@@ -24,10 +24,10 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
   } rows[] = {{January, -5.0, "-5"},
               {July, -4.0, "-5"},
               {January, 0.0, "0"},
-              // South of the equator: in summer one hour too many, in winter one too few.
+              // Southern hemisphere: one hour too many in summer, one too few in winter.
               {January, 11.0, "11"},
               {July, 10.0, "9"},
-              // The fraction is dropped toward zero before the hour is taken off.
+              // The offset is truncated before the hour is subtracted.
               {January, 5.5, "5"},
               {January, -3.5, "-3"},
               {July, -2.5, "-3"},
@@ -38,14 +38,14 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsStandardTimeByTheProgramsOwnRule) {
               {{2024, 11, 2, 23, 59, 59}, -4.0, "-5"},
               {{2024, 11, 3, 0, 0, 0}, -4.0, "-4"}};
   for (const auto& row : rows) {
-    host.stand(row.local, row.offset);
+    host.setClock(row.local, row.offset);
     reopen();
     EXPECT_EQ(person->shown("TimeZone"), row.zone) << row.local.month << '/' << row.local.day << ' '
                                                    << row.local.hour << "h at " << row.offset;
   }
 }
 
-TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZone) {
+TEST_F(OpeningTest, TimeZoneFollowsTheHostsChangeOfOffset) {
   // Central Europe: 2024-03-31 01:00 UTC, from one hour to two.
   constexpr std::int64_t Change = dayNumber(2024, 3, 31) * 86400 + 3600;
   host.zone = [](std::int64_t at) { return at < Change ? 3600 : 7200; };
@@ -58,7 +58,7 @@ TEST_F(OpeningTest, AHostsChangeOfClockMovesTheZone) {
   }
 }
 
-TEST_F(OpeningTest, SetsTheNumbersTheBoundsTheDayAndTheFirstStatus) {
+TEST_F(OpeningTest, SetsNumbersBoundsDayAndStatus) {
   const Ref<Veldrin> veldrin = window();
   EXPECT_EQ(std::bit_cast<std::uint64_t>(veldrin->Pi), 0x400921FB54442D18U);
   EXPECT_EQ(veldrin->TwoPi, 2.0 * veldrin->Pi);
@@ -77,7 +77,7 @@ TEST_F(OpeningTest, SetsTheNumbersTheBoundsTheDayAndTheFirstStatus) {
   EXPECT_EQ(_WindowSupport.Windows.size(), 1U);
 }
 
-TEST_F(OpeningTest, AWindowThatDoesNotOpenLeavesNothing) {
+TEST_F(OpeningTest, AFailedOpeningLeavesNothing) {
   finalizeGlobals();
   const std::int64_t before = liveObjectCount();
   const std::size_t steps = toolkit.steps.size();
@@ -98,13 +98,13 @@ TEST_F(OpeningTest, AWindowThatDoesNotOpenLeavesNothing) {
     MenuBar1::_implicitInstance = nullptr;
     EXPECT_EQ(liveObjectCount(), before);
   }
-  EXPECT_EQ(toolkit.steps.size(), steps + 3);  // nothing was shown; each closing was the last
+  EXPECT_EQ(toolkit.steps.size(), steps + 3);  // no window was shown, and three "quit"
 }
 
-TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
+TEST_F(OpeningTest, TheChooserSelectsThePresentYearIfItHasIt) {
   const struct {
     std::int32_t year, row;
-    std::string_view start, end;  // what the chooser's own opening leaves in the bounds
+    std::string_view start, end;  // the bounds after `WhichYear_Open`
     bool changed;
   } rows[] = {{2006, 0, "1/3/2000", "", false},
               {2008, 0, "3/9/2008", "11/2/2008", false},
@@ -113,7 +113,7 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
               {2030, 0, "1/3/2000", "", false}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.year);
-    host.stand({row.year, 6, 21, 12, 0, 0});
+    host.setClock({row.year, 6, 21, 12, 0, 0});
     const Ref<Veldrin> unopened = New<Veldrin>();
     unopened->CreateControls();
     const std::int64_t yields = toolkit.backgroundTasks;
@@ -121,20 +121,20 @@ TEST_F(OpeningTest, ChooserComesToThePresentYearIfItHasIt) {
     EXPECT_EQ(unopened->WhichYear()->ListIndex(), row.row);
     EXPECT_EQ(text(unopened->DSTStart()->Text()), row.start);
     EXPECT_EQ(text(unopened->DSTEnd()->Text()), row.end);
-    // "Change" recomputes the status, which makes a date.
+    // "Change" updates the status, which creates a date.
     EXPECT_EQ(static_cast<bool>(unopened->statusDate), row.changed);
-    // A list without the year is walked to its end.
+    // A yield after each row that does not match.
     if (row.year > 2020) {
       EXPECT_EQ(toolkit.backgroundTasks - yields, 13);
     }
-    // The window's own opening has the last word on the bounds, and none on the row.
+    // `Event_Open` writes the bounds again, but selects no row.
     unopened->Event_Open();
     EXPECT_TRUE(text(unopened->DSTStart()->Text()).ends_with(std::to_string(row.year)));
     EXPECT_EQ(unopened->WhichYear()->ListIndex(), row.row);
   }
 }
 
-TEST_F(OpeningTest, AChoiceBringsTheBoundsOfAnotherYearAndKeepsTheDay) {
+TEST_F(OpeningTest, AChosenYearSetsTheBoundsAndKeepsTheDay) {
   const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
   const struct {
@@ -143,7 +143,7 @@ TEST_F(OpeningTest, AChoiceBringsTheBoundsOfAnotherYearAndKeepsTheDay) {
   } rows[] = {{0, "1/1/2024", InSummerTime},  // "2008" is selected already
               {3, "3/13/2011", InStandardTime},
               {0, "3/9/2008", InStandardTime},
-              {-1, "1/1/2024", InStandardTime}};  // no year, no bounds, but a status
+              {-1, "1/1/2024", InStandardTime}};  // no row: the bounds stay, the status is updated
   for (const auto& row : rows) {
     type("DSTStart", "1/1/2024");
     row.row < 0 ? window()->WhichYear()->ListIndex(-1) : person->choose("WhichYear", row.row);
@@ -158,8 +158,8 @@ TEST_F(OpeningTest, AChoiceBringsTheBoundsOfAnotherYearAndKeepsTheDay) {
 
 using StatusTest = WindowTest;
 
-TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
-  host.stand({2024, 12, 31, 23, 59, 59});
+TEST_F(StatusTest, TheStepButtonsMoveTheDateByADay) {
+  host.setClock({2024, 12, 31, 23, 59, 59});
   reopen();
   const Ref<Date> date = window()->statusDate;
   const double seconds = date->TotalSeconds();
@@ -178,13 +178,13 @@ TEST_F(StatusTest, StepsMoveTheOneDateByADayAndNothingElse) {
   toolkit.onControlChanged = nullptr;
 }
 
-TEST_F(StatusTest, ADayIsMadeWhereThereIsNoneButNotByAStep) {
+TEST_F(StatusTest, UpdateStatusCreatesAMissingDateButAStepRaises) {
   const Ref<Veldrin> unopened = New<Veldrin>();
   unopened->CreateControls();
   EXPECT_EQ(raisedBy([&] { unopened->ForwardOneDay_Action(); }), "NilObjectException");
   EXPECT_EQ(raisedBy([&] { unopened->BackOneDay_Action(); }), "NilObjectException");
   EXPECT_FALSE(unopened->statusDate);
-  // The conversion from degrees is still 0, so no altitude differs from another.
+  // `Rads` is still 0, so the altitude of the sun is constant.
   unopened->UpdateStatus();
   const Ref<Date> made = unopened->statusDate;
   ASSERT_TRUE(made);

@@ -1,18 +1,15 @@
 #include <gmock/gmock.h>
 
 #include <cerrno>
-#include <csignal>
 #include <deque>
-#include <functional>
 #include <string>
-#include <system_error>
 #include <utility>
-#include <vector>
 
 #include "daystatus/FormParts.h"
+#include "reflection/Registry.h"
+#include "shell/window/Dialogs.h"
 #include "shell/window/PluginEntries.h"
-#include "tests/support/RuntimeTest.h"
-#include "ui/MenuBar1.h"
+#include "tests/support/ProcessTest.h"
 
 namespace veldrin::test {
 namespace {
@@ -21,46 +18,102 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// Runs the whole process, with a job for its event loop.
-class ProcessTest : public PersonTest {
- protected:
-  /// Returns the exit status. Checks that the run released all objects.
-  int run(std::function<void()> job, const ApplicationParts& parts = VeldrinParts) {
-    const std::int64_t before = liveObjectCount();
-    toolkit.job = std::move(job);
-    const int status = runProcess(host, toolkit, parts);
-    EXPECT_EQ(liveObjectCount(), before);
-    EXPECT_FALSE(MenuBar1::_implicitInstance);
-    EXPECT_FALSE(OutputFile::Calendar());
-    return status;
-  }
+TEST_F(ProcessTest, StartAndEndRunTheirStepsInOrder) {
+  static std::string steps;
+  static const WatchedToolkit* shown;
+  steps.clear();
+  shown = &toolkit;
+  ApplicationParts parts;
+  parts.initialize = [] {
+    steps += "initialize ";
+    EXPECT_TRUE(InForce<Host>::exists() && InForce<Toolkit>::exists() && pluginEntries().empty());
+    VeldrinParts.initialize();
+  };
+  parts.initFileTypes = [] {
+    steps += "initFileTypes ";
+    EXPECT_TRUE(pluginEntries().size() == 29U && !OutputFile::Calendar());
+    VeldrinParts.initFileTypes();
+  };
+  parts.menuBar = [] {
+    steps += "menuBar ";
+    EXPECT_TRUE(OutputFile::Calendar() && !registeredApplication());
+    return VeldrinParts.menuBar();
+  };
+  parts.makeView = [] {
+    steps += "makeView ";
+    EXPECT_TRUE(registeredApplication() && _WindowSupport.Windows.empty());
+    VeldrinParts.makeView();
+  };
+  parts.finalize = [] {
+    steps += "finalize";
+    EXPECT_THAT(shown->steps, ElementsAre("windowOpened"));  // the window is still open
+    VeldrinParts.finalize();
+    EXPECT_TRUE(registeredApplication());
+  };
+  initializeClasses();
+  const BoundEvent bound[] = {{App::__Lookup(), "Open"_s, [](Object*) { steps += "Open "; }},
+                              {App::__Lookup(), "Close"_s, [](Object*) { steps += "Close "; }}};
+  const auto firstEvent = [&] {
+    steps += "run ";
+    const Ref<Application> application = registeredApplication();
+    EXPECT_EQ(text(application->classRecord()->name), "App");
+    EXPECT_FALSE(application->AutoQuit);
+    EXPECT_EQ(application->MenuBar(), MenuBar1::_implicitInstance);
+    ASSERT_EQ(_WindowSupport.Windows.size(), 1U);
+    EXPECT_EQ(_WindowSupport.Windows[0]->referenceCount(), 1);
+    EXPECT_EQ(_WindowSupport.Windows[0], window());
+    EXPECT_EQ(window()->MenuBar(), MenuBar1::_implicitInstance);
+    EXPECT_TRUE(window()->isOpen());
+    EXPECT_EQ(person->shown("Status"), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
+    EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened"));
+  };
+  EXPECT_EQ(run(firstEvent, parts), 0);
+  EXPECT_EQ(steps, "initialize initFileTypes menuBar makeView Open run Close finalize");
+  EXPECT_THAT(toolkit.reports, IsEmpty());
+  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed"));
+}
 
-  static Ref<Veldrin> window() { return implicit::Veldrin(); }
+/// The names of the destroyed sentinels, in order.
+std::string released;
+
+/// A key or item of a global. Notes its name when it is destroyed.
+class Sentinel final : public Described<Sentinel, MenuItem> {
+ public:
+  static constexpr FixedString FullName = "Sentinel";
+  static Ref<Sentinel> named(const StringConstant& name) {
+    Ref<Sentinel> made = New<Sentinel>();
+    made->Name = name;
+    return made;
+  }
+  void Destructor() {
+    EXPECT_TRUE(OutputFile::Calendar()) << text(Name);  // the last of the globals
+    released += text(Name) + " ";
+  }
 };
 
-TEST_F(ProcessTest, FirstEventFindsEverythingInPlace) {
-  bool ran = false;
-  EXPECT_EQ(run([&] {
-              ran = true;
-              ASSERT_TRUE(registeredApplication());
-              EXPECT_EQ(text(registeredApplication()->classRecord()->name), "App");
-              EXPECT_FALSE(registeredApplication()->AutoQuit);
-              ASSERT_TRUE(MenuBar1::_implicitInstance);
-              EXPECT_EQ(registeredApplication()->MenuBar(), MenuBar1::_implicitInstance);
-              ASSERT_EQ(_WindowSupport.Windows.size(), 1U);
-              EXPECT_EQ(_WindowSupport.Windows[0]->referenceCount(), 1);
-              EXPECT_EQ(_WindowSupport.Windows[0], window());
-              EXPECT_EQ(window()->MenuBar(), MenuBar1::_implicitInstance);
-              EXPECT_TRUE(window()->isOpen());
-              EXPECT_EQ(person->shown("Status"), "6/21/2024\rSunrise = 05:13\rSunset = 21:11");
-              EXPECT_TRUE(OutputFile::Calendar());
-              EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened"));
-            }),
-            0);
-  EXPECT_TRUE(ran);
-  EXPECT_THAT(toolkit.reports, IsEmpty());
-  // The end of the program closes an open window.
-  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed"));
+TEST_F(ProcessTest, FinalizeReleasesTheGlobalsInOrder) {
+  using Introspection::Registry;
+  released.clear();
+  const auto fillGlobals = [] {
+    const auto map = [](const StringConstant& name) {
+      Ref<Dictionary> made = New<Dictionary>();
+      made->Value(Sentinel::named(name), true);
+      return made;
+    };
+    _mImplicitWindowList = map("implicit windows"_s);
+    _WindowSupport.mDirtyWindows = map("dirty windows"_s);
+    window()->_AddMenuHandler(
+        "FileQuit"_s, RuntimeCreateDelegate(&Delegate::IM_Invoke, nullptr,
+                                            Sentinel::named("windows"_s), DelegateSignature));
+    Registry::mArrayMap = map("arrays"_s);
+    Registry::sClassFQNToRefMap = map("class names"_s);
+    Registry::sClassRefMap = map("classes"_s);
+    MenuBar1::_implicitInstance->Append(Sentinel::named("menu bar"_s));
+    registeredApplication()->MenuBar(nullptr);  // keeps the bar, too
+  };
+  EXPECT_EQ(run(fillGlobals), 0);
+  EXPECT_EQ(released,
+            "implicit windows dirty windows windows arrays class names classes menu bar ");
 }
 
 TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
@@ -100,7 +153,7 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
   for (ClassRecord* const kind : controlClasses()) {
     ofControls.emplace_back(kind, "Open"_s, opened);
   }
-  host.stand({2014, 6, 21, 12, 0, 0});
+  host.setClock({2014, 6, 21, 12, 0, 0});
   EXPECT_EQ(run([] {}), 0);
   // The controls open in the order of making. The handler of the chooser selects the current year.
   std::string expected = "CreateControls AddMenuHandlers(2008) SetupBindings(2008) ";
@@ -115,51 +168,31 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
   EXPECT_EQ(events, expected + "Open(2014) ");
 }
 
-TEST_F(ProcessTest, QuitWorksWhereTheWindowIsClosedAndTheMenuBarStays) {
-  toolkit.ownMenuBar = true;
-  const auto quit = [] {
-    const Ref<MenuBar> bar = registeredApplication()->MenuBar();
-    EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
-    EXPECT_THAT(_WindowSupport.Windows, IsEmpty());
-  };
-  EXPECT_EQ(run([&] {
-              const Ref<Dictionary> list = New<Dictionary>();
-              list->Value("Veldrin.Veldrin"_s, window());
-              _mImplicitWindowList = list;
-              person->closeWindow();
-              EXPECT_EQ(list->Count(), 0);
-              EXPECT_FALSE(_GetImplicitWindow("Veldrin.Veldrin"_s));
-              quit();
-            }),
-            0);
-  EXPECT_EQ(run([&] {
-              const Ref<Veldrin> view = window();
-              const Ref<TextField> field = view->Latitude();
-              view->userTurnedTo(false);
-              const std::int64_t yields = toolkit.backgroundTasks;
-              EXPECT_TRUE(view->_UnifiedClose(false));
-              EXPECT_EQ(toolkit.backgroundTasks - yields, std::ssize(FormTable));
-              EXPECT_EQ(view->referenceCount(), 1);
-              EXPECT_EQ(field->referenceCount(), 1);
-              EXPECT_THAT(view->controls(), IsEmpty());
-              view->Close();  // has nothing left to do
-              quit();
-            }),
-            0);
-  EXPECT_THAT(toolkit.steps, ElementsAre("windowOpened", "windowClosed", "quit", "windowOpened",
-                                         "windowClosed", "quit"));
-}
-
-TEST_F(ProcessTest, EndsWithItsLastWindowUnlessTheMenuBarOutlivesThat) {
+TEST_F(ProcessTest, TheLastWindowEndsTheApplicationUnlessTheMenuBarStays) {
   for (const bool ownMenuBar : {false, true}) {
     for (const bool autoQuit : {false, true}) {
       toolkit.ownMenuBar = ownMenuBar;
       EXPECT_EQ(run([&] {
                   registeredApplication()->AutoQuit = autoQuit;
+                  _mImplicitWindowList = New<Dictionary>();
+                  _mImplicitWindowList->Value("Veldrin.Veldrin"_s, window());
+                  const Ref<Veldrin> view = window();
+                  const Ref<TextField> field = view->Latitude();
+                  view->setActive(false);
+                  const std::int64_t yields = toolkit.backgroundTasks;
                   person->closeWindow();
+                  EXPECT_EQ(toolkit.backgroundTasks - yields, std::ssize(FormTable));
+                  EXPECT_EQ(_mImplicitWindowList->Count(), 0);
+                  EXPECT_EQ(view->referenceCount() + field->referenceCount(), 2);
+                  EXPECT_TRUE(view->controls().empty() && _WindowSupport.Windows.empty());
+                  view->Close();  // has nothing left to do
+                  const bool ends = !ownMenuBar || autoQuit;
+                  EXPECT_EQ(toolkit.steps.back(), ends ? "quit" : "windowClosed");
+                  const Ref<MenuBar> bar = registeredApplication()->MenuBar();
+                  EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
+                  EXPECT_EQ(toolkit.steps.back(), "quit");
                 }),
                 0);
-      EXPECT_EQ(toolkit.steps.back(), ownMenuBar && !autoQuit ? "windowClosed" : "quit");
     }
   }
 }
@@ -183,20 +216,32 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
          return std::exchange(applicationRefuses, false);
        }},
       {view, "CancelClose"_s,
-       [](Object*, bool quitting) {
+       [](Object* object, bool quitting) {
          heard += quitting ? "(asked) " : "(asked alone) ";
+         static_cast<Window&>(*object).Close();  // a window that is closing ignores it
          return refusalsOfTheWindow-- > 0;
        }},
       {view, "Activate"_s, [](Object*) { heard += "(active) "; }},
       {view, "Deactivate"_s, [](Object*) { heard += "(inactive) "; }},
-      {view, "Close"_s, [](Object*) { heard += "(closed) "; }}};
+      {view, "Close"_s,
+       [](Object* object) {
+         static_cast<Window&>(*object).Close();
+         heard += static_cast<Window&>(*object).isOpen() ? "(closes) " : "(closed) ";
+       }},
+      {PushButton::__Lookup(), "Close"_s, [](Object* object) {
+         const auto& button = static_cast<const Control&>(*object);
+         heard += text(button.Name) + (button.Window()->isOpen() ? " is early " : " ");
+       }}};
   EXPECT_EQ(run([&] {
-              window()->userTurnedTo(false);
+              window()->setActive(false);
               heard += "| ";
-              window()->userTurnedTo(true);
-              window()->userTurnedTo(true);
-              toolkit.saveAnswers.emplace_back(nullptr);
-              person->press("GenerateButton");  // around its dialog
+              window()->setActive(true);
+              window()->setActive(true);
+              const Ref<MemoryItem> item = New<MemoryItem>();
+              item->errorOfCreate = EACCES;
+              toolkit.saveAnswers.emplace_back(item);
+              person->press("GenerateButton");  // shows the save dialog and a message box
+              MsgBox("outside of a handler"_s);
               person->closeWindow();
               person->command("FileQuit");
               person->command("FileQuit");
@@ -205,202 +250,14 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
               person->command("FileQuit");
             }),
             0);
-  EXPECT_THAT(heard, testing::HasSubstr("| (active) (inactive) (active) (asked alone) CancelClose "
+  EXPECT_THAT(heard, testing::HasSubstr("| (active) (inactive) (active) (inactive) (active) "
+                                        "(inactive) (active) (asked alone) CancelClose "
                                         "CancelClose (asked) CancelClose (asked) (inactive) "
-                                        "(closed) Close "));
+                                        "(closes) BackOneDay ForwardOneDay GenerateButton Close "));
   EXPECT_THAT(heard, StartsWith("Open "));
 }
 
-TEST_F(ProcessTest, ApplicationMayHandleExceptions) {
-  initializeClasses();
-  static int closed;
-  closed = 0;
-  const BoundEvent closes(App::__Lookup(), "Close"_s, [](Object*) { ++closed; });
-  const BoundEvent takes(
-      App::__Lookup(), "UnhandledException"_s,
-      [](Object*, const Ref<RuntimeException>& exception) { return exception->ErrorNumber == 7; });
-  const struct {
-    void (*raise)();
-    std::string_view reported;
-  } rows[] = {{[] {}, ""},
-              {[] { Raise<IOException>(7); }, ""},
-              {[] { Raise<EndException>(); }, ""},
-              {[] { Raise<ThreadEndException>(); }, ""},
-              {[] { Raise<ThreadAlreadyRunningException>(); }, "ThreadAlreadyRunningException"},
-              {[] { Raise<OutOfBoundsException>(8); }, "OutOfBoundsException"}};
-  for (const auto& row : rows) {
-    const auto call = [&] {
-      registeredApplication()->_CallFunctionWithExceptionHandling(
-          reinterpret_cast<void*>(row.raise));
-    };
-    for (const std::function<void()>& job : {std::function<void()>(row.raise), {call}}) {
-      const std::size_t before = toolkit.reports.size();
-      EXPECT_EQ(run(job), row.reported.empty() ? 0 : 1);
-      EXPECT_EQ(std::exchange(closed, 0), 1);
-      std::string reported;
-      for (std::size_t report = before; report < toolkit.reports.size(); ++report) {
-        reported += text(toolkit.reports[report].className);
-      }
-      EXPECT_EQ(reported, row.reported);
-    }
-  }
-}
-
-TEST_F(ProcessTest, ASignalClosesTheWindowsAndStopsAYearRunBetweenTwoEvents) {
-  initializeClasses();
-  static int closed;
-  closed = 0;
-  const BoundEvent bound(Veldrin::__Lookup(), "Close"_s, [](Object*) { ++closed; });
-  const Ref<MemoryItem> item = New<MemoryItem>();
-  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-    std::signal(signal, SIG_DFL);  // the parent process may ignore it
-    // While idle, and during a year run.
-    EXPECT_EQ(run([&] { std::raise(signal); }), 128 + signal);
-    EXPECT_EQ(toolkit.steps.back(), "quit");
-    EXPECT_EQ(run([&] {
-                toolkit.saveAnswers.emplace_back(item);
-                toolkit.onBackgroundTask = [&] {
-                  if (item->content->size() > 1000) std::raise(signal);
-                  if (item->content->size() > 1000) toolkit.onBackgroundTask = nullptr;
-                };
-                person->press("GenerateButton");
-              }),
-              128 + signal);
-    EXPECT_EQ(toolkit.steps.back(), "quit");
-    EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n"));
-    EXPECT_LT(item->content->size(), 2000U);
-    item->content->clear();
-    // While the window closes.
-    EXPECT_EQ(run([&] {
-                toolkit.onBackgroundTask = [&, raised = false]() mutable {
-                  if (!std::exchange(raised, true)) std::raise(signal);
-                };
-                person->closeWindow();
-                toolkit.onBackgroundTask = nullptr;
-              }),
-              128 + signal);
-    EXPECT_EQ(toolkit.steps.back(), "quit");
-  }
-  EXPECT_EQ(closed, 9);
-  ASSERT_EQ(toolkit.reports.size(), 3U);
-  EXPECT_EQ(text(toolkit.reports[0].sentence),
-            "/memory/item.ics is incomplete: stopped by SIGTERM");
-  // A refused signal is forgotten.
-  const BoundEvent refuses(App::__Lookup(), "CancelClose"_s, [](Object*) { return true; });
-  EXPECT_EQ(run([] { std::raise(SIGTERM); }), 0);
-}
-
-TEST_F(ProcessTest, ExceptionOutOfAHandlerIsReportedOnceAndEndsTheRun) {
-  const auto press = [&](const char* name) { return [&, name] { person->press(name); }; };
-  const auto tick = [&](const char* name) {
-    return [&, name] { person->tick(name, !person->isTicked(name)); };
-  };
-  const auto leave = [&](const char* name) { return [&, name] { person->leave(name); }; };
-  const struct {
-    const char* handler;
-    const char* missing;  ///< a control that the handler needs
-    std::function<void()> event;
-    std::string_view exception = "NilObjectException";
-    std::int32_t number = 0;
-    std::string sentence = "NilObjectException";
-  } rows[] = {
-      {"BackOneDay_Action", "Status", press("BackOneDay")},
-      {"ForwardOneDay_Action", "Latitude", press("ForwardOneDay")},
-      {"GenerateButton_Action", "Longitude", press("GenerateButton"), "NilObjectException", 0,
-       "/memory/item.ics is incomplete: NilObjectException"},
-      {"GenerateButton_Action", "", press("GenerateButton"), "IOException", ENOSPC,
-       "/memory/item.ics is incomplete: " + std::generic_category().message(ENOSPC) +
-           " (IOException, error 28)"},
-      {"WhichYear_Open", "DSTEnd", [] { window()->WhichYear()->raiseEvent("Open"_s); }},
-      {"WhichYear_Change", "DSTStart", [&] { person->choose("WhichYear", 1); }},
-      {"WhichYear_Change", "TimeZone", [] { window()->WhichYear()->ListIndex(-1); }},
-      {"DownUnderFlag_Action", "TimeZone", tick("DownUnderFlag")},
-      {"DaylightSavings_Action", "Longitude", tick("DaylightSavings")},
-      {"Latitude_LostFocus", "DaylightSavings", leave("Latitude")},
-      {"TimeZone_LostFocus", "DownUnderFlag", leave("TimeZone")},
-      {"Longitude_LostFocus", "DSTEnd", leave("Longitude")},
-  };
-  host.stand({2014, 6, 21, 12, 0, 0}, -7.0);
-  for (const auto& row : rows) {
-    SCOPED_TRACE(std::string(row.handler) + " without " + row.missing);
-    const std::size_t reportsBefore = toolkit.reports.size();
-    testing::internal::CaptureStderr();
-    EXPECT_EQ(run([&] {
-                person->press("ForwardOneDay");  // so that no later step leaves a field
-                window()->_AddMenuHandler(
-                    "FileQuit"_s, RuntimeCreateDelegate(
-                                      &Delegate::Invoke, [] {}, window(), DelegateSignature));
-                const String missing(std::string_view(row.missing));
-                window()->_RemoveControl(RuntimeWindowControlByName<Control>(*window(), missing));
-                const Ref<MemoryItem> full = New<MemoryItem>();
-                full->linesUntilFull = 100;
-                if (row.handler[0] == 'G') toolkit.saveAnswers.emplace_back(full);
-                row.event();
-              }),
-              1);
-    // The calls are printed for a fault of the program. A full disk is not one.
-    const std::string told = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(told.find("  called from ") == std::string::npos, row.exception == "IOException");
-    ASSERT_EQ(toolkit.reports.size(), reportsBefore + 1);
-    EXPECT_EQ(text(toolkit.reports.back().className), row.exception);
-    EXPECT_EQ(toolkit.reports.back().errorNumber, row.number);
-    EXPECT_EQ(text(toolkit.reports.back().sentence), row.sentence);
-    EXPECT_EQ(toolkit.steps.back(), "windowClosed");
-  }
-  EXPECT_THAT(toolkit.messages, IsEmpty());
-}
-
-TEST_F(ProcessTest, FailureAtTheStartIsReportedAndStillFinalised) {
-  static int finalized = 0;
-  finalized = 0;
-  ApplicationParts parts = VeldrinParts;
-  parts.finalize = [] {
-    ++finalized;
-    VeldrinParts.finalize();
-  };
-  const auto loop = [] { FAIL() << "the event loop was entered"; };
-  initializeClasses();
-  {
-    // The opening fails half way.
-    const BoundEvent bound(TextField::__Lookup(), "Open"_s,
-                           [](Object*) { Raise<OutOfBoundsException>(7); });
-    EXPECT_EQ(run(loop, parts), 1);
-  }
-  ASSERT_EQ(toolkit.reports.size(), 1U);
-  EXPECT_EQ(text(toolkit.reports[0].className), "OutOfBoundsException");
-  EXPECT_EQ(toolkit.reports[0].errorNumber, 7);
-  EXPECT_THAT(toolkit.steps, IsEmpty());
-
-  // Other exceptions of a step are reported, too.
-  const struct {
-    void (*step)();
-    std::string_view exception, sentence;
-  } rows[] = {{[] { throw FatalFault("The form is damaged."); }, "", "The form is damaged."},
-              {[] { throw std::range_error("no such place"); }, "", "no such place"},
-              {[] { throw 7; }, "", "An unknown error occurred."},
-              {[] { std::get_new_handler()(); }, "OutOfMemoryException", ""},
-              {[] { RuntimeRaiseException(nullptr); }, "NilObjectException", ""}};
-  for (const auto& row : rows) {
-    for (auto* const step : {&parts.makeView, &parts.initialize}) {
-      const auto kept = std::exchange(*step, row.step);
-      const std::size_t told = toolkit.reports.size() + toolkit.messages.size();
-      finalized = 0;
-      EXPECT_EQ(run(loop, parts), 1);
-      ASSERT_EQ(toolkit.reports.size() + toolkit.messages.size(), told + 1);
-      EXPECT_EQ(row.exception.empty() ? text(toolkit.messages.back())
-                                      : text(toolkit.reports.back().className),
-                row.exception.empty() ? row.sentence : row.exception);
-      EXPECT_EQ(finalized, 1);
-      EXPECT_EQ(std::get_new_handler(), nullptr);
-      *step = kept;
-    }
-  }
-
-  // A failed run does not affect the next one.
-  EXPECT_EQ(run([] {}), 0);
-}
-
-TEST_F(ProcessTest, PlacardValueIsTheOnePluginEntryThatThisBuildHas) {
+TEST_F(ProcessTest, PlacardValueIsTheOnlyPluginEntryFound) {
   run([] {
     const std::vector<Function>& entries = pluginEntries();
     ASSERT_EQ(entries.size(), 29U);

@@ -17,7 +17,7 @@ using testing::Each;
 using testing::MatchesRegex;
 using YearRunTest = WindowTest;
 
-/// All days from January 2 to December 31, as in "20080309".
+/// All days from January 2 to December 31, such as "20080309".
 std::vector<std::string> numbersOf(int year) {
   using namespace std::chrono;
   std::vector<std::string> numbers;
@@ -29,7 +29,7 @@ std::vector<std::string> numbersOf(int year) {
   }
 }
 
-TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
+TEST_F(YearRunTest, ADocumentHasEveryDayAndTheReferenceBytes) {
   std::istringstream file(golden("days.txt"));
   std::vector<std::string> days;
   for (std::string line; std::getline(file, line);) {
@@ -64,27 +64,27 @@ TEST_F(YearRunTest, ADocumentHasEveryDayInOrderAndTheBytesOfTheReference) {
   }
 }
 
-TEST_F(YearRunTest, TheMomentOfThePressMakesNoDifference) {
+TEST_F(YearRunTest, TheTimeOfThePressDoesNotMatter) {
   fillIn("2008", "47.5", "-122.5", "-8");
-  // Central Europe, where the clock changes twice in that year.
+  // Central Europe, with two changes of the offset in that year.
   const auto europe = [](std::int64_t at) {
     const std::int64_t day = at / 86400 - dayNumber(2008, 1, 1);
     return day >= 89 && day < 299 ? 7200 : 3600;
   };
   for (const std::int32_t hour : {0, 2, 23}) {
-    host.stand({2008, 3, 30, hour, hour == 23 ? 59 : 0, 0});
+    host.setClock({2008, 3, 30, hour, hour == 23 ? 59 : 0, 0});
     EXPECT_EQ(firstDifference(generate(), golden("default-2008.ics")), "") << hour;
     host.zone = europe;
     EXPECT_EQ(firstDifference(generate(), golden("default-2008.ics")), "") << hour;
   }
 }
 
-TEST_F(YearRunTest, TouchesNoControlAndNoDayAndYieldsOnceAPass) {
-  // No day at the pole has both events, so each takes all 12 passes and one for the day.
+TEST_F(YearRunTest, ChangesNoControlOrDayAndYieldsInEachPass) {
+  // At the pole no day has both events: 12 passes of the search, and one of the day loop.
   fillIn("2008", "90", "0", "0");
-  // Leaves the field before the button is pressed.
+  // Takes the focus from the field before the button is pressed.
   person->tick("DownUnderFlag", true);
-  window()->userTurnedTo(false);  // an active window would enable its menus around the dialog
+  window()->setActive(false);  // an active window would refresh its menus
   const Ref<Date> day = window()->statusDate;
   const double seconds = day->TotalSeconds();
   const std::int64_t objects = liveObjectCount();
@@ -100,7 +100,7 @@ TEST_F(YearRunTest, TouchesNoControlAndNoDayAndYieldsOnceAPass) {
   EXPECT_EQ(toolkit.backgroundTasks - yields, 365 * (12 + 1));
 }
 
-TEST_F(YearRunTest, AnyRowOfTheChooserIsAYear) {
+TEST_F(YearRunTest, AnyTextOfARowGivesAYear) {
   const struct {
     std::string row, year, start;
   } rows[] = {{"-5", "-5", "3/12/-0005"},

@@ -4,7 +4,8 @@
 
 namespace veldrin {
 
-Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const String& /*filter*/,
+Ref<FolderItem> HeadlessToolkit::getSaveFolderItem(const Window* /*parent*/,
+                                                   const String& /*filter*/,
                                                    const String& /*defaultName*/) {
   if (saveAnswers.empty()) return nullptr;
   Ref<FolderItem> answer = std::move(saveAnswers.front());

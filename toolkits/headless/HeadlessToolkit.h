@@ -26,8 +26,8 @@ class HeadlessToolkit final : public Toolkit {
   /// The reports of uncaught exceptions, in order.
   [[nodiscard]] const std::vector<String>& reports() const { return reports_; }
 
-  /// Whether a report could not even be made, for lack of memory.
-  [[nodiscard]] bool hasLostReport() const { return hasLostReport_; }
+  /// Whether there was not enough memory for a report.
+  [[nodiscard]] bool isOutOfMemory() const { return isOutOfMemory_; }
 
   void windowOpened(Window& /*window*/) override {}
   void windowClosed(Window& /*window*/) override {}
@@ -35,8 +35,11 @@ class HeadlessToolkit final : public Toolkit {
   void windowChanged(Window& /*window*/) override {}
   void menusChanged() override {}
   [[nodiscard]] bool hasOwnMenuBar() const override { return ownMenuBar; }
-  Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override;
-  void messageBox(const String& text) override { messages_.push_back(text); }
+  Ref<FolderItem> getSaveFolderItem(const Window* parent, const String& filter,
+                                    const String& defaultName) override;
+  void messageBox(const Window* /*parent*/, const String& text) override {
+    messages_.push_back(text);
+  }
   void run() override;
   void quit() override {}
   void backgroundTask() override {}
@@ -45,12 +48,12 @@ class HeadlessToolkit final : public Toolkit {
     reports_.push_back(sentence);
   }
   void reportFault(const String& sentence) override { messages_.push_back(sentence); }
-  void reportLost() noexcept override { hasLostReport_ = true; }
+  void reportOutOfMemory() noexcept override { isOutOfMemory_ = true; }
 
  private:
   std::vector<String> messages_;
   std::vector<String> reports_;
-  bool hasLostReport_ = false;
+  bool isOutOfMemory_ = false;
 };
 
 }  // namespace veldrin

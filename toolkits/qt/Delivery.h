@@ -1,24 +1,26 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QThread>
 #include <exception>
 #include <utility>
 
+#include "shell/objects/ScopedFlag.h"
 #include "shell/window/Session.h"
 #include "shell/window/Window.h"
 
 namespace veldrin {
 
 /// Delivers user input to the controls. Exceptions must not pass through stack frames of Qt. So
-/// this class stores an exception that leaves a handler and ends the event loop; `raiseAgain()`
-/// throws it after the loop.
+/// this class stores an exception that leaves a handler and ends the event loop, if it runs.
+/// `raiseAgain()` throws the exception after the loop.
 class Delivery {
  public:
   /// Calls `act` unless another handler is running, a handler has failed, or the runtime is gone.
   template <class Act>
   void deliver(Act&& act) {
     if (isHeld_ || raised_ || !InForce<Session>::exists()) return;
-    const Hold hold(*this);
+    const ScopedFlag held(isHeld_);
     runStoringException(std::forward<Act>(act));
   }
 
@@ -36,25 +38,18 @@ class Delivery {
       act();
     } catch (...) {
       raised_ = std::current_exception();
-      QCoreApplication::exit();  // quit() would ask the windows first
+      // Not quit(), which would ask the windows first. Without a loop, exit() would end the next
+      // dialog.
+      if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit();
     }
   }
 
-  /// Suspends delivery during its lifetime.
-  class Hold {
-   public:
-    explicit Hold(Delivery& delivery)
-        : delivery_(delivery), wasHeld_(std::exchange(delivery.isHeld_, true)) {}
-    Hold(const Hold&) = delete;
-    Hold& operator=(const Hold&) = delete;
-    ~Hold() { delivery_.isHeld_ = wasHeld_; }
-
-   private:
-    Delivery& delivery_;
-    bool wasHeld_;
-  };
-
+  /// Suspends delivery during the lifetime of the result.
+  [[nodiscard]] ScopedFlag hold() { return ScopedFlag(isHeld_); }
   [[nodiscard]] bool isHeld() const { return isHeld_; }
+
+  /// Whether an exception is stored.
+  [[nodiscard]] bool hasFailed() const { return raised_ != nullptr; }
 
   /// Throws the stored exception, if there is one.
   void raiseAgain() {

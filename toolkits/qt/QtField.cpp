@@ -4,7 +4,6 @@
 #include <QFocusEvent>
 #include <QSignalBlocker>
 #include <QStyleOptionFrame>
-#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -30,6 +29,7 @@ QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
       field_(std::move(field)),
       delivery_(delivery) {
   setFocusPolicy(Qt::StrongFocus);
+  setMaxLength(std::numeric_limits<int>::max());  // the control limits the text
   connect(qApp, &QApplication::focusChanged, &context_,
           [this](const QWidget* /*before*/, const QWidget* now) { focusMoved(now); });
   connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
@@ -46,13 +46,10 @@ void QtField::takeFirstFocus() {
 }
 
 void QtField::followKind() {
-  // Setting the text or the limit clears the undo history, so set them only if they change.
+  // Setting the text clears the undo history, so set it only if it changes.
   const QString wanted = toQt(field_->Text());
-  const int asked = field_->LimitText() > 0 ? field_->LimitText() : std::numeric_limits<int>::max();
-  const int limit = std::max(asked, static_cast<int>(wanted.size()));
   // The control keeps the program's text even if Qt changes it for display.
   const QSignalBlocker nothingIsTyped(this);
-  if (limit != maxLength()) setMaxLength(limit);
   setReadOnly(field_->ReadOnly());
   setFrame(field_->Border());
   setEchoMode(field_->Password() ? QLineEdit::Password : QLineEdit::Normal);

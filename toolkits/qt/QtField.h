@@ -8,7 +8,7 @@
 namespace veldrin {
 
 /// A one-line text field. Reports every typed text to the control. Black on white means the text
-/// colours of the desktop. `LimitText` limits typing only, not texts set by the program.
+/// colours of the desktop.
 class QtField final : public QLineEdit, public QtControl {
  public:
   QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent);

@@ -17,14 +17,20 @@ QKeySequence shortcutOf(const MenuItem& item) {
   return {toQt(item.KeyboardShortcut()).replace("Cmd+", "Ctrl+")};
 }
 
+/// Deletes the object later, because it may be the sender of the current event.
+void discard(QObject& removed) {
+  removed.setObjectName({});
+  if (auto* const action = qobject_cast<QAction*>(&removed)) action->setShortcut({});
+  removed.deleteLater();
+}
+
 }  // namespace
 
 void QtMenus::follow(const Ref<MenuBar>& root) {
   std::vector<Place> places;
   if (root) addPlaces(*root, 0, places);
   if (places != places_) {
-    clear();
-    if (root) fill(nullptr, *root);
+    rebuild(root);
     places_ = std::move(places);
   }
   bar_.setVisible(static_cast<bool>(root));
@@ -40,37 +46,65 @@ void QtMenus::addPlaces(const MenuItem& menu, int depth, std::vector<Place>& pla
   }
 }
 
-void QtMenus::clear() {
-  entries_.clear();
-  for (QAction* const action : bar_.actions()) {
-    bar_.removeAction(action);
-    // Delete later: one of its items may be the sender of the current event.
-    action->menu()->setObjectName({});
-    for (QAction* const inside : action->menu()->findChildren<QAction*>()) inside->setShortcut({});
-    for (QObject* const inside : action->menu()->findChildren<QObject*>())
-      inside->setObjectName({});
-    action->menu()->deleteLater();
+void QtMenus::rebuild(const Ref<MenuBar>& root) {
+  std::vector<Entry> before = std::exchange(entries_, {});
+  for (const Entry& entry : before) {
+    QMenu* const menu = entry.action->menu();
+    if (menu == nullptr) continue;
+    for (QAction* const action : menu->actions()) {
+      menu->removeAction(action);
+      if (action->menu() == nullptr) discard(*action);
+    }
+  }
+  QList<QAction*> menus;
+  if (root) {
+    for (const Ref<MenuItem>& item : root->children()) menus.append(buildMenu(item, before));
+  }
+  if (bar_.actions() != menus) {
+    bar_.clear();
+    bar_.addActions(menus);
+  }
+  for (const Entry& entry : before) {
+    if (QMenu* const menu = entry.action->menu()) discard(*menu);
   }
 }
 
-void QtMenus::fill(QMenu* menu, const MenuItem& items) {
-  for (const Ref<MenuItem>& item : items.children()) {
-    if (menu == nullptr || !item->children().empty()) {
-      QMenu* const made = menu == nullptr ? bar_.addMenu(QString()) : menu->addMenu(QString());
-      made->setObjectName(toQt(item->Name));
-      entries_.push_back({item, made->menuAction()});
-      QObject::connect(made, &QMenu::aboutToShow, made, [this] { refresh(); });
-      fill(made, *item);
-    } else if (item->isSeparator()) {
-      menu->addSeparator()->setObjectName(toQt(item->Name));
+QAction* QtMenus::buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& before) {
+  QMenu& menu = *takeMenu(item, before);
+  menu.setObjectName(toQt(item->Name));
+  entries_.push_back({item, menu.menuAction()});
+  for (const Ref<MenuItem>& child : item->children()) {
+    if (!child->children().empty()) {
+      menu.addAction(buildMenu(child, before));
+    } else if (child->isSeparator()) {
+      menu.addSeparator()->setObjectName(toQt(child->Name));
     } else {
-      QAction* const action = menu->addAction(QString());
-      action->setObjectName(toQt(item->Name));
-      const Entry entry{item, action};
-      entries_.push_back(entry);
-      QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
+      addAction(menu, child);
     }
   }
+  return menu.menuAction();
+}
+
+void QtMenus::addAction(QMenu& menu, const Ref<MenuItem>& item) {
+  QAction* const action = menu.addAction(QString());
+  action->setObjectName(toQt(item->Name));
+  const Entry entry{item, action};
+  entries_.push_back(entry);
+  QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
+}
+
+QMenu* QtMenus::takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& before) {
+  const auto found = std::ranges::find_if(before, [&](const Entry& entry) {
+    return entry.item == item && entry.action->menu() != nullptr;
+  });
+  if (found != before.end()) {
+    QMenu* const kept = found->action->menu();
+    before.erase(found);
+    return kept;
+  }
+  auto* const made = new QMenu(&bar_);
+  QObject::connect(made, &QMenu::aboutToShow, made, [this] { refresh(); });
+  return made;
 }
 
 void QtMenus::update(const Entry& entry) const {

@@ -36,9 +36,12 @@ class QtMenus {
   };
 
   static void addPlaces(const MenuItem& menu, int depth, std::vector<Place>& places);
-  void clear();
-  /// Adds the items to the menu, or their menus to the bar if `menu` is nil.
-  void fill(QMenu* menu, const MenuItem& items);
+  /// Builds the menus again. A menu that stays keeps its widget, which may be opening now.
+  void rebuild(const Ref<MenuBar>& root);
+  /// Fills the menu of an item: its widget from the entries `before`, or a new one.
+  QAction* buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& before);
+  void addAction(QMenu& menu, const Ref<MenuItem>& item);
+  [[nodiscard]] QMenu* takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& before);
   void update(const Entry& entry) const;
   void refresh() const;
   void choose(const Entry& entry) const;

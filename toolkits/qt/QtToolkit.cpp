@@ -7,11 +7,12 @@
 #include <QSocketNotifier>
 #include <algorithm>
 #include <clocale>
-#include <cstdio>
 #include <optional>
 
+#include "shell/host/Complaint.h"
 #include "shell/host/StopSignal.h"
 #include "shell/objects/Failure.h"
+#include "shell/objects/ScopedFlag.h"
 #include "shell/window/Application.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
@@ -31,9 +32,20 @@ QIcon programIcon() {
   return icon;
 }
 
-void writeToStandardError(const QString& reason) {
-  static_cast<void>(std::fprintf(stderr, "veldrin: %s\n", reason.toLocal8Bit().constData()));
-}
+/// Ends the event loop, and the loops of open dialogs, when a stop signal arrives. A dialog then
+/// counts as cancelled.
+class StopSignalNotifier {
+ public:
+  StopSignalNotifier() {
+    const int stop = stopSignalDescriptor();
+    if (stop < 0) return;
+    notifier_.emplace(stop, QSocketNotifier::Read);
+    QObject::connect(&*notifier_, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
+  }
+
+ private:
+  std::optional<QSocketNotifier> notifier_;
+};
 
 }  // namespace
 
@@ -70,7 +82,7 @@ void QtToolkit::windowClosed(Window& window) {
   if (found == windows_.end()) return;
   const bool isInsideHandler = delivery_.isHeld();
   // Do not deliver focus changes caused by destroying the widgets.
-  const Delivery::Hold hold(delivery_);
+  const ScopedFlag hold = delivery_.hold();
   std::unique_ptr<QtWindow> closed = std::move(*found);
   windows_.erase(found);
   closed->forgetWindow();
@@ -95,25 +107,21 @@ bool QtToolkit::hasOwnMenuBar() const {
   return QGuiApplication::platformName() == "cocoa";
 }
 
-Ref<FolderItem> QtToolkit::getSaveFolderItem(const String& filter, const String& defaultName) {
-  return askWhereToSave(front(), filter, defaultName);
+Ref<FolderItem> QtToolkit::getSaveFolderItem(const Window* parent, const String& filter,
+                                             const String& defaultName) {
+  return askWhereToSave(widgetOf(parent), filter, defaultName);
 }
 
-void QtToolkit::messageBox(const String& text) {
-  showMessage(front(), toQt(text));
+void QtToolkit::messageBox(const Window* parent, const String& text) {
+  showMessage(widgetOf(parent), toQt(text));
 }
 
 void QtToolkit::run() {
-  isRunning_ = true;
-  const int stop = stopSignalDescriptor();
-  std::optional<QSocketNotifier> notifier;
-  if (stop >= 0) {
-    notifier.emplace(stop, QSocketNotifier::Read);
-    // Also ends the loops of open dialogs, which then count as cancelled.
-    QObject::connect(&*notifier, &QSocketNotifier::activated, [] { QCoreApplication::exit(); });
+  {
+    const ScopedFlag running(isRunning_);
+    const StopSignalNotifier notifier;
+    if (!hasQuit_ && !delivery_.hasFailed()) QApplication::exec();
   }
-  if (!hasQuit_) QApplication::exec();
-  isRunning_ = false;
   delivery_.raiseAgain();
 }
 
@@ -133,33 +141,33 @@ void QtToolkit::backgroundTask() {
 void QtToolkit::reportUnhandledException(const RuntimeException& exception,
                                          const String& sentence) {
   if (RuntimeObjectIsa(&exception, EndException::__Lookup()))
-    return writeToStandardError(toQt(sentence));
-  report(toQt(sentence));
+    return complain(programName, sentence.view());
+  reportFault(sentence);
 }
 
-void QtToolkit::reportFault(const String& sentence) {
-  report(toQt(sentence));
-}
-
-void QtToolkit::reportLost() noexcept {
-  static_cast<void>(std::fputs("veldrin: There is not enough memory.\n", stderr));
+void QtToolkit::reportOutOfMemory() noexcept {
+  complainOfMemory(programName);
 }
 
 void QtToolkit::reportActivation(bool active) {
   const Ref<Application> application = registeredApplication();
-  if (application) delivery_.deliver([&] { application->userTurnedTo(active); });
+  if (application) delivery_.deliver([&] { application->setActive(active); });
 }
 
-void QtToolkit::report(const QString& reason) {
-  writeToStandardError(reason);
+void QtToolkit::reportFault(const String& sentence) {
+  complain(programName, sentence.view());
   // The box takes the focus from a field, whose focus handler must not run again: it may have
   // failed.
-  const Delivery::Hold hold(delivery_);
-  showFailure(front(), reason);
+  const ScopedFlag hold = delivery_.hold();
+  std::optional<StopSignalNotifier> notifier;
+  if (!isRunning_) notifier.emplace();  // a running loop has its own
+  showFailure(widgetOf(frontWindow().get()), toQt(sentence));
 }
 
-QWidget* QtToolkit::front() const {
-  return windows_.empty() ? nullptr : windows_.back().get();
+QWidget* QtToolkit::widgetOf(const Window* window) const {
+  const auto found =
+      std::ranges::find_if(windows_, [&](const auto& shown) { return shown->shown() == window; });
+  return found == windows_.end() ? nullptr : found->get();
 }
 
 }  // namespace veldrin

@@ -26,14 +26,15 @@ class QtToolkit final : public Toolkit {
   void windowChanged(Window& window) override;
   void menusChanged() override;
   [[nodiscard]] bool hasOwnMenuBar() const override;
-  Ref<FolderItem> getSaveFolderItem(const String& filter, const String& defaultName) override;
-  void messageBox(const String& text) override;
+  Ref<FolderItem> getSaveFolderItem(const Window* parent, const String& filter,
+                                    const String& defaultName) override;
+  void messageBox(const Window* parent, const String& text) override;
   void run() override;
   void quit() override;
   void backgroundTask() override;
   void reportUnhandledException(const RuntimeException& exception, const String& sentence) override;
   void reportFault(const String& sentence) override;
-  void reportLost() noexcept override;
+  void reportOutOfMemory() noexcept override;
 
  private:
   /// Keeps the C library's numeric locale "C", which `QApplication` changes.
@@ -42,9 +43,9 @@ class QtToolkit final : public Toolkit {
     explicit QtApplication(const DisplayErrorGuard& watch);
   };
 
-  [[nodiscard]] QWidget* front() const;
+  /// The widget that shows the window, or nullptr.
+  [[nodiscard]] QWidget* widgetOf(const Window* window) const;
   void reportActivation(bool active);
-  void report(const QString& reason);
 
   std::span<const SpokenName> names_;
   QtApplication application_;

@@ -168,7 +168,7 @@ bool QtWindow::event(QEvent* event) {
   switch (type) {
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
-      delivery_.deliver([&] { window_->userTurnedTo(type == QEvent::WindowActivate); });
+      delivery_.deliver([&] { window_->setActive(type == QEvent::WindowActivate); });
       break;
     case QEvent::Move:
       if (isVisible()) raise(Window::Events::Moved);
