@@ -4,7 +4,8 @@
 
 namespace veldrin {
 
-/// The application's file types: only `Calendar`.
+/// The application's file types: only `Calendar`. A set of shared members; it has no objects and no
+/// class record.
 class OutputFile {
  public:
   /// Makes and registers the type `Calendar`, before any dialog opens.

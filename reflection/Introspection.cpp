@@ -72,13 +72,14 @@ Ref<TypeInfo> infoOfName(CodeKind kind, const String& name) {
   }
 }
 
-/// Array codes are never map keys, so only the innermost code is copied into a `String`.
-Ref<TypeInfo> infoOf(std::string_view code) {
+/// The type of a code inside arrays with so many dimensions in all. Array codes are never map keys,
+/// so only the innermost code is copied into a `String`.
+Ref<TypeInfo> infoOf(std::string_view code, std::int32_t depth) {
   RuntimeStackCheck();
   const auto parts = readTypeCode(code);
-  if (!parts) return nullptr;
+  if (!parts || depth + parts->rank > ArrayInfo::MaximumDepth) return nullptr;
   if (parts->kind == CodeKind::Array) {
-    const Ref<TypeInfo> element = infoOf(parts->inner);
+    const Ref<TypeInfo> element = infoOf(parts->inner, depth + parts->rank);
     return element ? ArrayInfo::Lookup(parts->rank, element) : nullptr;
   }
   if (Ref<TypeInfo> intrinsic = find(Registry::intrinsicTypeCodeMap, String(code)))
@@ -96,7 +97,7 @@ Ref<TypeInfo> GetType(const Ref<Object>& object) {
 
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code) {
   if (!Registry::intrinsicTypeCodeMap) Registry::intrinsicTypeCodeMap = MakeIntrinsicTypeCodeMap();
-  return infoOf(code.view());
+  return infoOf(code.view(), 0);
 }
 
 Ref<Dictionary> GetFQNTypeInfoMap() {

@@ -18,12 +18,12 @@ namespace veldrin::Introspection {
 Ref<TypeInfo> GetType(const Ref<Object>& object);
 
 /// The type of a type code (grammar: `shell/objects/TypeCodeGrammar.h`).
-/// - A malformed code, an empty name ("o<>") or an unknown code returns nil.
-/// - An unknown class name returns the root (see `ClassInfo::Lookup`).
+/// - A malformed or unknown code returns nil, and so do nested arrays with more dimensions in all
+///   than `ArrayInfo::MaximumDepth`.
+/// - An unknown class name, the empty one too ("o<>"), returns the root (see `ClassInfo::Lookup`).
 /// - A name of an enumeration or a structure returns a new description each time.
 /// - A hidden class returns nil the first time, but its description later, because the first call
 /// registers it.
-/// Raises `StackOverflowException` for nested arrays beyond `ArrayInfo::MaximumDepth`.
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code);
 
 /// The map from full names to described classes. Type codes resolve names through it first.

@@ -168,7 +168,7 @@ Ref<T> New() {
 /// select the assigning one.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
-/// The index of the event in the class, or -1.
+/// The index of the first event of that name in the class, or -1.
 std::int32_t FindEvent(const ClassRecord& record, const String& name);
 
 /// The property of that name, ignoring the case of ASCII letters; nil if there is none. A property

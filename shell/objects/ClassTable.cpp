@@ -21,18 +21,18 @@ MethodRow detail::rowOf(const ClassRecord& record, const String& name, const Str
   const auto isIt = [&](const MethodRow& row) {
     return row.slot >= 0 && row.name == name && row.signature == signature;
   };
-  // Backwards, so that the newest override is found.
   const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
   if (row == record.methodRows.rend()) fault(record, "operation", name, signature);
   return *row;
 }
 
 EventRow& detail::eventRowOf(ClassRecord& record, const String& name, const String& signature) {
-  const std::int32_t index = FindEvent(record, name);
-  if (index < 0) fault(record, "event", name, signature);
-  EventRow& row = record.eventRows[static_cast<std::size_t>(index)];
-  if (!(row.signature == signature)) fault(record, "event", name, signature);
-  return row;
+  const auto isIt = [&](const EventRow& row) {
+    return row.name == name && row.signature == signature;
+  };
+  const auto row = std::find_if(record.eventRows.rbegin(), record.eventRows.rend(), isIt);
+  if (row == record.eventRows.rend()) fault(record, "event", name, signature);
+  return *row;
 }
 
 }  // namespace veldrin

@@ -22,7 +22,7 @@ namespace detail {
 /// The newest row of a virtual method. Throws `FatalFault` if the class has no such method.
 MethodRow rowOf(const ClassRecord& record, const String& name, const String& signature);
 
-/// The row of an event. Throws `FatalFault` if the class has no such event.
+/// The newest row of an event. Throws `FatalFault` if the class has no such event.
 EventRow& eventRowOf(ClassRecord& record, const String& name, const String& signature);
 
 /// A field that is read and written by calling it, such as `Live`.
@@ -56,12 +56,6 @@ class ClassTable {
               std::uint32_t extraFlags = 0) {
     plainMethod<Method>(name, visibility, extraFlags);
     addSlot(record_.methodRows.back());
-  }
-
-  /// A virtual method with a slot but no row, for parameter types that have no type code.
-  template <auto Method>
-  void slot() {
-    record_.virtualTable.push_back(own<Method>());
   }
 
   /// Overrides the virtual method of the base with the same name and signature, and keeps its
@@ -151,14 +145,15 @@ class ClassTable {
     sharedMethod<Set>(name + ".Set"_s, PublicHidden);
   }
 
-  /// Declares events of the class, in this order.
+  /// Declares events of the class, in this order. A class may declare an event of its base again,
+  /// after `handles`: it handles the event of the base, and derived classes handle the new one.
   template <class... Signatures>
   void event(const Event<Signatures>&... declared) {
     (record_.eventRows.push_back({declared.name(), declared.signature(), nullptr}), ...);
   }
 
-  /// Makes a method the handler of an event of the class or a base. Throws `FatalFault` if neither
-  /// declares it.
+  /// Makes a method the handler of the newest declaration of an event, in the class or a base.
+  /// Throws `FatalFault` if neither declares it.
   template <auto Method, class Signature>
   void handles(const Event<Signature>& event) {
     static_assert(std::same_as<ShapeOf<Method>, typename Event<Signature>::Shape>,

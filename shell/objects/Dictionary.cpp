@@ -1,6 +1,11 @@
 #include "shell/objects/Dictionary.h"
 
+#include <cmath>
+#include <functional>
+#include <string_view>
+#include <type_traits>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "shell/objects/Failure.h"
@@ -22,16 +27,48 @@ void Pair::Constructor(const Variant& left, const Variant& right) {
 void Dictionary::fillTable(ClassTable<Dictionary>& table) {
   using Read = Variant (Dictionary::*)(const Variant&) const;
   using Write = void (Dictionary::*)(const Variant&, const Variant&);
-  table.plainMethod<&Dictionary::Constructor>("Constructor"_s, Public, Flags::VariableArguments);
-  table.plainMethod<static_cast<Read>(&Dictionary::Value)>("Value"_s);
-  table.plainMethod<static_cast<Write>(&Dictionary::Value)>("Value"_s, Public, Flags::Assigns);
-  table.plainMethod<&Dictionary::Lookup>("Lookup"_s);
-  table.plainMethod<&Dictionary::HasKey>("HasKey"_s);
-  table.plainMethod<&Dictionary::Remove>("Remove"_s);
-  table.plainMethod<&Dictionary::Clear>("Clear"_s);
-  table.plainMethod<&Dictionary::Keys>("Keys"_s);
-  table.plainMethod<&Dictionary::Values>("Values"_s);
+  table.method<&Dictionary::Constructor>("Constructor"_s, Public, Flags::VariableArguments);
+  table.method<static_cast<Read>(&Dictionary::Value)>("Value"_s);
+  table.method<static_cast<Write>(&Dictionary::Value)>("Value"_s, Public, Flags::Assigns);
+  table.method<&Dictionary::Lookup>("Lookup"_s);
+  table.method<&Dictionary::HasKey>("HasKey"_s);
+  table.method<&Dictionary::Remove>("Remove"_s);
+  table.method<&Dictionary::Clear>("Clear"_s);
+  table.method<&Dictionary::Keys>("Keys"_s);
+  table.method<&Dictionary::Values>("Values"_s);
   table.readOnlyProperty<&Dictionary::Count>("Count"_s);
+}
+
+bool Dictionary::KeysAreEqual::operator()(const Variant& one, const Variant& other) const {
+  const auto isNaN = [](const auto& held) {
+    if constexpr (std::is_floating_point_v<std::remove_cvref_t<decltype(held)>>) {
+      return std::isnan(held);
+    }
+    return false;
+  };
+  return one == other || (one.storage().index() == other.storage().index() &&
+                          std::visit(isNaN, one.storage()) && std::visit(isNaN, other.storage()));
+}
+
+std::size_t Dictionary::KeyHash::operator()(const Variant& key) const {
+  return std::visit(
+      [](const auto& held) -> std::size_t {
+        using Held = std::remove_cvref_t<decltype(held)>;
+        if constexpr (std::is_same_v<Held, String>) {
+          return std::hash<std::string_view>()(held.view());
+        } else if constexpr (std::is_same_v<Held, Ref<Object>>) {
+          return std::hash<const Object*>()(held.get());
+        } else if constexpr (std::is_same_v<Held, Currency>) {
+          return std::hash<std::int64_t>()(held.tenThousandths);
+        } else if constexpr (std::is_same_v<Held, Color>) {
+          return std::hash<int>()(held.red << 16 | held.green << 8 | held.blue);
+        } else if constexpr (std::is_floating_point_v<Held>) {
+          return std::isnan(held) ? 0 : std::hash<Held>()(held);
+        } else {
+          return std::hash<Held>()(held);
+        }
+      },
+      key.storage());
 }
 
 void Dictionary::Constructor(const Ref<Array<Ref<Pair>>>& pairs) {

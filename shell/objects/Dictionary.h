@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 
@@ -24,32 +25,39 @@ class Pair final : public Described<Pair, Object> {
 };
 
 /// A map of variants, in no particular order. Keys: texts compare by bytes, numbers by type and
-/// value, objects by identity.
-class Dictionary final : public Described<Dictionary, Object> {
+/// value, objects by identity. As a key, every NaN of a type is the same.
+class Dictionary : public Described<Dictionary, Object> {
  public:
   static constexpr FixedString FullName = "Dictionary";
   static void fillTable(ClassTable<Dictionary>& table);
 
   /// Adds the pairs; the left values are the keys.
-  void Constructor(const Ref<Array<Ref<Pair>>>& pairs);
+  virtual void Constructor(const Ref<Array<Ref<Pair>>>& pairs);
 
   /// The value of a key. Raises `KeyNotFoundException` if the key is absent.
-  [[nodiscard]] Variant Value(const Variant& key) const;
-  void Value(const Variant& key, const Variant& value);
+  [[nodiscard]] virtual Variant Value(const Variant& key) const;
+  virtual void Value(const Variant& key, const Variant& value);
   /// The value of a key, or `otherwise` if the key is absent.
-  [[nodiscard]] Variant Lookup(const Variant& key, const Variant& otherwise) const;
+  [[nodiscard]] virtual Variant Lookup(const Variant& key, const Variant& otherwise) const;
   /// Whether the key is present, even with a nil value.
-  [[nodiscard]] bool HasKey(const Variant& key) const { return entries_.contains(key); }
+  [[nodiscard]] virtual bool HasKey(const Variant& key) const { return entries_.contains(key); }
   /// Removes a key. Raises `KeyNotFoundException` if the key is absent.
-  void Remove(const Variant& key);
-  void Clear();
+  virtual void Remove(const Variant& key);
+  virtual void Clear();
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
   /// New arrays with all keys, and with all values in the order of the keys.
-  [[nodiscard]] Ref<Array<Variant>> Keys() const;
-  [[nodiscard]] Ref<Array<Variant>> Values() const;
+  [[nodiscard]] virtual Ref<Array<Variant>> Keys() const;
+  [[nodiscard]] virtual Ref<Array<Variant>> Values() const;
 
  private:
-  std::unordered_map<Variant, Variant, VariantHash> entries_;
+  struct KeyHash {
+    std::size_t operator()(const Variant& key) const;
+  };
+  struct KeysAreEqual {
+    bool operator()(const Variant& one, const Variant& other) const;
+  };
+
+  std::unordered_map<Variant, Variant, KeyHash, KeysAreEqual> entries_;
 };
 
 }  // namespace veldrin

@@ -37,8 +37,8 @@ class Event<Result(Parameters...)> {
   StringConstant name_;
 };
 
-/// The index of the event in the class. Raises `KeyNotFoundException` if the class has no event of
-/// that name, `TypeMismatchException` if the event has another signature.
+/// The index of the first event of that name in the class. Raises `KeyNotFoundException` if the
+/// class has no event of that name, `TypeMismatchException` if the event has another signature.
 std::size_t RequireEvent(const ClassRecord& record, const String& name, const String& signature);
 
 namespace detail {

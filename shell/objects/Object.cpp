@@ -72,12 +72,15 @@ void endObject(Object* object) noexcept {
   struct End {
     void operator()(Object* last) const { delete last; }
   };
-  const std::unique_ptr<Object, End> owner(object);
-  for (const ClassRecord* record = object->classRecord(); record != nullptr;
-       record = record->baseClass) {
+  std::unique_ptr<Object, End> owner(object);
+  const ClassRecord* record = object->hasEnded_ ? nullptr : object->classRecord();
+  for (object->hasEnded_ = true; record != nullptr; record = record->baseClass) {
     runStep(record->Destructor, *object);
     runStep(record->__Exit, *object);
   }
+  if (object->count_ == CountDuringDestruction) return;
+  object->count_ -= CountDuringDestruction;
+  static_cast<void>(owner.release());
 }
 
 }  // namespace veldrin

@@ -45,6 +45,7 @@ class Object {
   friend void endObject(Object* object) noexcept;
 
   std::int32_t count_ = 1;
+  bool hasEnded_ = false;  ///< its hooks have run
 };
 
 /// The number of existing objects.
@@ -52,8 +53,9 @@ std::int64_t liveObjectCount();
 
 /// Runs `Destructor` and `__Exit` of each class, derived class first, then frees the object. Only
 /// `RuntimeUnlockObject` calls it. Exceptions from the hooks are ignored, since no caller could
-/// handle them. If little stack is left, the destruction is postponed, so a long chain of objects
-/// cannot overflow the stack.
+/// handle them. If a hook gives out a reference to the object, the object lives on without the
+/// fields that `__Exit` released, until that reference is gone; no hook runs twice. If little stack
+/// is left, the destruction is postponed, so a long chain of objects cannot overflow the stack.
 void destroyObject(Object* object) noexcept;
 
 /// Destroys the postponed objects, unless the stack is still low.

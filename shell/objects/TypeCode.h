@@ -78,6 +78,10 @@ struct TypeCode<Ref<Array<T>>> {
   static constexpr auto code = FixedString("A1") + TypeCode<T>::code;
 };
 
+/// An array of arrays has no code: `takeParameter` could not tell it from two parameters.
+template <class T>
+struct TypeCode<Ref<Array<Ref<Array<T>>>>>;
+
 template <class E>
 requires std::is_enum_v<E>
 struct TypeCode<E> {

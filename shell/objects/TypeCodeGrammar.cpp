@@ -111,7 +111,7 @@ std::optional<TypeCodeParts> readTypeCode(std::string_view code) {
   if (cursor.atEnd()) return TypeCodeParts{CodeKind::Other, 0, {}};
   if (!cursor.take('<')) return std::nullopt;
   const auto name = cursor.takeName();
-  if (!name || name->empty() || !cursor.atEnd()) return std::nullopt;
+  if (!name || !cursor.atEnd()) return std::nullopt;
   return TypeCodeParts{kindOfNamed(letter), 0, *name};
 }
 

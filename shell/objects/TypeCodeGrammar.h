@@ -13,7 +13,7 @@ namespace veldrin {
 //   code      = "A" rank code | letter digit* name?
 //   rank      = digit+                                   1 to 1000
 //   letter    = "a".."z" | "A".."Z" | "?"
-//   name      = "<" text ">"                             not empty, brackets balanced
+//   name      = "<" text ">"                             brackets balanced
 //
 //     %o<Introspection.TypeInfo>%i4o<Introspection.TypeInfo>    one result, two parameters
 //     %%o<Date>&f8                                              second parameter by reference
@@ -49,7 +49,7 @@ struct TypeCodeParts {
   std::string_view inner;  ///< element code of an array, or the name; may be empty for Other
 };
 
-/// Parses a type code; nullopt if it is malformed. Of an array's element code, checks only that it
+/// Parses a type code; nullopt if it is malformed. A name may be empty. Of an array's element code, checks only that it
 /// is not empty.
 std::optional<TypeCodeParts> readTypeCode(std::string_view code);
 

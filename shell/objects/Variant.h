@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bit>
+#include <cmath>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -73,32 +75,31 @@ class Variant {
 /// The arguments of a call; the call updates by-reference arguments.
 using VariantArray = std::vector<Variant>;
 
-/// Hash for dictionary keys.
-struct VariantHash {
-  std::size_t operator()(const Variant& value) const;
-};
-
 namespace detail {
 
 template <class T>
 concept Number = std::is_arithmetic_v<T> && !std::same_as<T, bool>;
 
-/// Lossless conversion: an integer to any integer or real type that represents it exactly, a single
-/// to a double, but never a real to an integer. Otherwise nullopt.
+/// Whether `To` holds the value without loss. A real type holds NaN and the infinities of another;
+/// an integer type holds neither, nor -0.0.
 template <Number To, Number From>
-std::optional<To> widened(From value) {
+bool holds(From value) {
   if constexpr (std::integral<To> && std::integral<From>) {
-    if (!std::in_range<To>(value)) return std::nullopt;
-    return static_cast<To>(value);
+    return std::in_range<To>(value);
   } else if constexpr (std::integral<From>) {
-    // Larger integers are exact only sometimes; they are rejected.
-    constexpr std::int64_t Exact = std::int64_t{1} << std::numeric_limits<To>::digits;
-    if (std::cmp_greater(value, Exact) || std::cmp_less(value, -Exact)) return std::nullopt;
-    return static_cast<To>(value);
-  } else if constexpr (std::integral<To> || sizeof(To) < sizeof(From)) {
-    return std::nullopt;
+    const auto bits = static_cast<std::uint64_t>(value);
+    const std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
+    const int width = static_cast<int>(std::bit_width(magnitude));
+    return magnitude == 0 || width - std::countr_zero(magnitude) <= std::numeric_limits<To>::digits;
+  } else if constexpr (std::integral<To>) {
+    // The bounds are powers of two, so they are exact in both real types.
+    const From end = std::ldexp(From{1}, std::numeric_limits<To>::digits);
+    const From least = std::is_signed_v<To> ? -end : From{0};
+    return value >= least && value < end && std::trunc(value) == value &&
+           !(value == From{0} && std::signbit(value));
   } else {
-    return static_cast<To>(value);
+    if (!std::isfinite(value)) return true;
+    return std::abs(value) <= std::numeric_limits<To>::max() && static_cast<To>(value) == value;
   }
 }
 
@@ -114,7 +115,9 @@ struct FromVariant<T> {
     const auto number = std::visit(
         [](const auto& held) -> std::optional<T> {
           using Held = std::remove_cvref_t<decltype(held)>;
-          if constexpr (Number<Held>) return widened<T>(held);
+          if constexpr (Number<Held>) {
+            if (holds<T>(held)) return static_cast<T>(held);
+          }
           return std::nullopt;
         },
         value.storage());
@@ -182,9 +185,10 @@ struct FromVariant<Ref<Array<T>>> {
 
 }  // namespace detail
 
-/// Converts to `T`. Numbers convert if lossless; nil converts to a nil reference, null pointer or
-/// empty text. Anything else must already be a `T`. Raises `IllegalCastException` for an object of
-/// another class, `TypeMismatchException` for other mismatches.
+/// Converts to `T`. A number converts to each numeric type that holds it without loss; nil converts
+/// to a nil reference, null pointer or empty text. Anything else must already be a `T`. Raises
+/// `IllegalCastException` for an object of another class, `TypeMismatchException` for other
+/// mismatches.
 template <class T>
 T fromVariant(const Variant& value) {
   return detail::FromVariant<T>::convert(value);

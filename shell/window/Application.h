@@ -45,7 +45,7 @@ class Application : public Described<Application, Object> {
   LiveProperty<Application, Ref<veldrin::MenuBar>> MenuBar{*this};
 
   /// Raises "EnableMenuItems".
-  void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
+  virtual void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
 
   /// Called after the front window when the user chooses a menu item, see
   /// `Session::handlesMenuCommand`. An override returns true for handled.

@@ -38,7 +38,7 @@ class Control : public Described<Control, Object> {
   void moveTo(veldrin::Window* window) { window_ = window; }
 
   /// Raises "Close", then removes the control from its window.
-  void Close();
+  virtual void Close();
 
   /// Calls the handler of this object for the event, else the handler of its class, if any.
   /// Raises what `callHandler` raises.

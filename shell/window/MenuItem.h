@@ -23,13 +23,13 @@ class MenuItem : public Described<MenuItem, Object> {
 
   /// Adds the item as the last child. Raises `NilObjectException` for nil, and `RuntimeException`
   /// if the item is this item or one of its ancestors.
-  void Append(const Ref<MenuItem>& item);
+  virtual void Append(const Ref<MenuItem>& item);
   /// The direct child of that name, or nil.
-  [[nodiscard]] Ref<MenuItem> Child(const String& name) const;
+  [[nodiscard]] virtual Ref<MenuItem> Child(const String& name) const;
   /// The item of that name at any depth below this one, or nil.
-  [[nodiscard]] Ref<MenuItem> _Lookup(const String& name) const;
+  [[nodiscard]] virtual Ref<MenuItem> _Lookup(const String& name) const;
   /// Enables the item until the next refresh, see `Enabled`.
-  void Enable() { Enabled(true); }
+  virtual void Enable() { Enabled(true); }
 
   [[nodiscard]] const std::vector<Ref<MenuItem>>& children() const { return children_; }
   /// Whether the other item is this item or a descendant of it.
@@ -65,7 +65,7 @@ class MenuItem : public Described<MenuItem, Object> {
 };
 
 /// The item that ends the application when it is chosen.
-class QuitMenuItem final : public Described<QuitMenuItem, MenuItem> {
+class QuitMenuItem : public Described<QuitMenuItem, MenuItem> {
  public:
   static constexpr FixedString FullName = "QuitMenuItem";
   static void fillTable(ClassTable<QuitMenuItem>& table);

@@ -19,7 +19,7 @@ void Window::fillTable(ClassTable<Window>& table) {
               E::Maximize, E::Restore, E::MouseWheel, E::ConstructContextualMenu,
               E::ContextualMenuAction, E::DragEnter, E::DragExit, E::DragOver);
   table.method<&Window::Constructor>("Constructor"_s);
-  table.slot<&Window::__New>();
+  table.method<&Window::__New>("__New"_s);
   table.method<&Window::_AddControl>("_AddControl"_s);
   table.method<&Window::_RemoveControl>("_RemoveControl"_s);
   table.method<&Window::_UnifiedClose>("_UnifiedClose"_s);
@@ -29,7 +29,7 @@ void Window::fillTable(ClassTable<Window>& table) {
   table.method<&Window::_AddMenuHandler>("_AddMenuHandler"_s);
   table.method<&Window::_EnableMenuItems>("_EnableMenuItems"_s);
   table.method<&Window::_HandleMenuCommand>("_HandleMenuCommand"_s);
-  table.plainMethod<&Window::_AddDirtyWindow>("_AddDirtyWindow"_s);
+  table.method<&Window::_AddDirtyWindow>("_AddDirtyWindow"_s);
   table.property<&Window::_mMenuHandlers>("_mMenuHandlers"_s, Private);
   table.property<&Window::MenuBar>("MenuBar"_s);
   table.property<&Window::Placement>("Placement"_s);

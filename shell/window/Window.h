@@ -73,25 +73,27 @@ class Window : public Described<Window, Object> {
   void __Exit();
   /// `WindowDefaultConstructor`: raises the events of the opening and passes the window to the
   /// toolkit.
-  void Constructor();
+  virtual void Constructor();
 
-  /// Makes an object of the class. The form makes its controls and dates through this slot.
-  [[nodiscard]] Ref<Object> __New(ClassRecord* record) const { return RuntimeNewObject(record); }
+  /// Makes an object of the class. The form makes its controls and dates by this method.
+  [[nodiscard]] virtual Ref<Object> __New(ClassRecord* record) const {
+    return RuntimeNewObject(record);
+  }
 
   /// Adds a control under a name and removes it from any other window. If the name is taken, later
   /// look-ups find the new control; the old one stays in the window. Toolkits do not show a control
   /// added to an open window. Raises `IllegalCastException` if the object is not a control.
-  void _AddControl(const String& name, const Ref<Object>& control);
+  virtual void _AddControl(const String& name, const Ref<Object>& control);
 
   /// Removes a control under all its names. The argument may refer into the window's own list.
-  void _RemoveControl(const Ref<Control>& control);
+  virtual void _RemoveControl(const Ref<Control>& control);
 
   /// Closes the window as its close button does.
-  void Close() { _UnifiedClose(false); }
+  virtual void Close() { _UnifiedClose(false); }
   /// Closes the controls and the window. Returns false if the handler of "CancelClose" refuses or
   /// the window is already being closed. Returns true for a closed window. Closing the last window
   /// may end the application, see `Application::AutoQuit`.
-  bool _UnifiedClose(bool quitting);
+  virtual bool _UnifiedClose(bool quitting);
   /// Removes the window from the toolkit and from the open windows without raising an event.
   void discard();
 
@@ -103,25 +105,25 @@ class Window : public Described<Window, Object> {
 
   /// Marks an open window as waiting for a redraw. It exists because the framework's conventions
   /// ask for it; nothing in Veldrin calls it.
-  void _AddDirtyWindow();
+  virtual void _AddDirtyWindow();
 
   /// Marks the window active, raises "Activate" and refreshes the menu items.
-  void _CallActivated();
+  virtual void _CallActivated();
   /// Marks the window inactive, raises "Deactivate" and refreshes the menu items.
-  void _CallDeactivated();
+  virtual void _CallDeactivated();
   /// Calls `_CallActivated` or `_CallDeactivated` if the window is not in that state yet.
   void setActive(bool active);
   [[nodiscard]] bool isActive() const { return active_; }
 
   /// Binds the menu item of that name to a handler. Nil enables the item and leaves the command to
   /// the item's own "Action".
-  void _AddMenuHandler(const String& name, const Ref<Delegate>& handler);
+  virtual void _AddMenuHandler(const String& name, const Ref<Delegate>& handler);
   /// Calls the handler bound to the menu item of that name. Returns false if there is none.
   bool callMenuHandler(const String& name);
   /// Whether the menu item of that name has been bound, also if bound to nil.
   [[nodiscard]] bool hasMenuHandler(const String& name) const;
   /// Raises "EnableMenuItems" and enables the items that are bound to a handler of the window.
-  void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
+  virtual void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
   /// Called first when the user chooses a menu item, see `Session::handlesMenuCommand`. An override
   /// returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }

@@ -37,6 +37,8 @@ class Refused final : public Described<Refused, Object> {
     table.implements<Interface, &Refused::take>();
 #ifdef PropertyWithoutTypeCode
     table.property<&Refused::wide>("wide"_s);
+#elif defined(ArrayOfArrays)
+    table.property<&Refused::nested>("nested"_s);
 #elif defined(HandlerOfOtherSignature)
     table.handles<&Refused::take>(Asked);
 #elif defined(OperationOfOtherSignature)
@@ -78,6 +80,7 @@ class Refused final : public Described<Refused, Object> {
 
   double narrow = 0.0;
   long double wide = 0.0L;
+  Ref<Array<Ref<Array<double>>>> nested;
 };
 
 void build() {

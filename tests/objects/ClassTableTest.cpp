@@ -169,6 +169,49 @@ TEST_F(ClassTableTest, EachOperationKeepsItsSlotAndItsForm) {
   EXPECT_EQ(FindVirtualOperation(type, "Register"_s), nullptr);
 }
 
+class OtherQuit final : public Described<OtherQuit, QuitMenuItem> {
+ public:
+  static constexpr FixedString FullName = "ClassTableTest.OtherQuit";
+  static void fillTable(ClassTable<OtherQuit>& table) {
+    table.handles<&OtherQuit::answer>(Events::Action);
+    table.method<&OtherQuit::answer>("answer"_s);
+  }
+  bool answer() { return true; }
+};
+
+TEST_F(ClassTableTest, AnEventDeclaredAgainIsAnotherEventForDerivedClasses) {
+  const std::vector<EventRow>& rows = OtherQuit::__Lookup()->eventRows;
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].handler, functionOf<&QuitMenuItem::Event_Action>());
+  EXPECT_EQ(rows[1].handler, functionOf<&OtherQuit::answer>());
+}
+
+/// Overrides operations that the framework calls.
+class Overriding final : public Described<Overriding, Window> {
+ public:
+  static constexpr FixedString FullName = "ClassTableTest.Overriding";
+  static void fillTable(ClassTable<Overriding>& table) {
+    table.overriding<&Overriding::__New>("__New"_s);
+    table.overriding<&Overriding::_UnifiedClose>("_UnifiedClose"_s);
+  }
+  [[nodiscard]] Ref<Object> __New(ClassRecord* /*record*/) const override { return New<Date>(); }
+  bool _UnifiedClose(bool quitting) override {
+    ++closings;
+    return Window::_UnifiedClose(quitting);
+  }
+  int closings = 0;
+};
+
+TEST_F(ClassTableTest, AnOverrideIsCalled) {
+  const Ref<Overriding> window = New<Overriding>();
+  const Ref<Window> base = window;
+  EXPECT_TRUE(RuntimeObjectIsa(base->__New(Pair::__Lookup()).get(), Date::__Lookup()));
+  base->Close();
+  EXPECT_EQ(window->closings, 1);
+  EXPECT_EQ(FindVirtualOperation(*Overriding::__Lookup(), "__New"_s),
+            functionOf<&Overriding::__New>());
+}
+
 /// Its table does not fit the table of its base.
 template <int Fault>
 class Odd final : public Described<Odd<Fault>, Window> {

@@ -178,7 +178,33 @@ class Failing final : public Described<Failing, Object> {
   void __Exit() { throw std::bad_alloc(); }
 };
 
-TEST_F(ObjectTest, WhatAStepOfTheEndRaisesIsDropped) {
+/// Gives out a reference to itself while it is destroyed.
+class Returning final : public Described<Returning, Object> {
+ public:
+  static constexpr FixedString FullName = "ObjectTest.Returning";
+  void Destructor() {
+    ++destructions;
+    last = Ref<Returning>(this);
+  }
+  void __Exit() { field = nullptr; }
+  Ref<Date> field = New<Date>();
+  static inline Ref<Returning> last;
+  static inline int destructions = 0;
+};
+
+TEST_F(ObjectTest, AnObjectThatItsDestructorGivesOutLivesOnWithoutItsFields) {
+  const std::int64_t objects = liveObjectCount();
+  New<Returning>();
+  ASSERT_TRUE(Returning::last);
+  EXPECT_EQ(Returning::last->referenceCount(), 1);
+  EXPECT_FALSE(Returning::last->field);
+  EXPECT_EQ(liveObjectCount(), objects + 1);
+  Returning::last = nullptr;
+  EXPECT_EQ(liveObjectCount(), objects);
+  EXPECT_EQ(Returning::destructions, 1);
+}
+
+TEST_F(ObjectTest, ExceptionsOfLifeStepsAreIgnored) {
   const std::int64_t objects = liveObjectCount();
   New<Failing>();
   EXPECT_EQ(liveObjectCount(), objects);

@@ -69,7 +69,7 @@ TEST(TypeCodeGrammarTest, MalformedCodesHaveNoType) {
   initializeReflectionClasses();
   const std::string manyDigits = "A" + std::string(100, '9') + "s";
   const std::string_view codes[] = {
-      "",     "&f8",    "%",      "8",       "<Date>",      "o<Date",   "o<",     "o<>",
+      "",     "&f8",    "%",      "8",       "<Date>",      "o<Date",   "o<",     "A1001i4",
       "o>",   "o<A<B>", "o<A>>",  "o<A>B",   "f8f8",        "o<Date>8", "A",      "A1",
       "As",   "A0s",    "A1001s", "A<Date>", "A-1s",        "A1A1",     "A1o<",   manyDigits,
       "A1&s", "f 8",    "f8 ",    " f8",     "\xC3\xA4<A>", "i4\n",     "o8Date", "A1A0s",
