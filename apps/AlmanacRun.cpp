@@ -10,6 +10,7 @@
 
 #include "almanac/Almanac.h"
 #include "apps/StandardOutput.h"
+#include "apps/WholeNumber.h"
 #include "chart/Chart.h"
 #include "civiltime/DaylightSavings.h"
 #include "daystatus/FormTable.h"
@@ -22,27 +23,23 @@
 namespace veldrin {
 namespace {
 
-/// The moment that a document is stamped with: SOURCE_DATE_EPOCH in whole seconds, for builds that
-/// are the same at any time, or else the present moment. Any other value of the variable, or one
-/// past the year 9999, counts as none.
+/// The time stamp of a document: SOURCE_DATE_EPOCH in whole seconds, which makes builds
+/// reproducible, else the present moment. A value that is invalid or after the year 9999 is
+/// ignored.
 std::int64_t stampOf(const Host& host) {
   constexpr std::int64_t LastSecond = 253402300799;
   const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
-  if (setting == nullptr) return host.now();
-  const std::string_view text(setting);
-  std::int64_t seconds = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
-  const bool isWhole = error == std::errc() && end == text.data() + text.size();
-  return isWhole && seconds >= 0 && seconds <= LastSecond ? seconds : host.now();
+  const auto seconds = setting == nullptr ? std::nullopt : readWholeNumber(setting, 0, LastSecond);
+  return seconds.value_or(host.now());
 }
 
-/// Reads a number of the request; without one, the initial number of the form.
+/// A number of the request; by default, that of the control in the form.
 double numberOr(const std::optional<std::string>& text, std::string_view control) {
   const auto* const row = std::ranges::find(FormTable, control, &ControlRow::name);
   return Val(String(text ? std::string_view(*text) : row->text));
 }
 
-/// The zone of the request; without one, the initial zone of the window.
+/// The zone of the request; by default, that of the window when it opens.
 double zoneOf(const Host& host, const CalendarRequest& request) {
   if (request.timeZone) return Val(String(*request.timeZone));
   const Ref<Date> today = New<Date>();
@@ -67,7 +64,7 @@ std::optional<civiltime::SavingDays> periodOf(const Host& host, const CalendarRe
   return period;
 }
 
-/// The clock in each year that was asked for: by the zone's rules, else by the numbers.
+/// The clock in each year of the request: by the rules of the zone, else by the numbers.
 std::vector<ClockYear> clockYears(const Host& host, const CalendarRequest& request,
                                   const PlaceOfRequest& place) {
   std::vector<ClockYear> years;
@@ -85,7 +82,7 @@ void yieldToStopSignal() {
   if (isStopPending()) raiseStop();
 }
 
-/// The zone in words: its name, or its distance from Greenwich, such as "UTC-8".
+/// The zone for people: its name, or its hours such as "UTC-8".
 std::string zoneInWords(const Host& host, const CalendarRequest& request,
                         const PlaceOfRequest& found) {
   if (!found.zone.empty()) return found.zone;
@@ -110,7 +107,7 @@ std::string documentOf(const Host& host, const CalendarRequest& request,
   return almanac(place, years, options, yieldToStopSignal);
 }
 
-/// Writes the document where it was asked for; nothing of an older file is lost on failure.
+/// Writes the document to a file or to standard output. If this fails, an old file stays complete.
 void write(const std::string& document, const std::string& output, RunOutcome& outcome) {
   if (output == "-") {
     const Ref<StandardOutput> item = New<StandardOutput>();

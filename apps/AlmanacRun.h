@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-/// Writes the calendar of `--standard` or the picture of `--chart`. It opens no window. A stop
-/// signal ends it with nothing written; the status is then 128 and the number of the signal.
+/// Writes the calendar of `--standard` or the picture of `--chart`, without a window. A stop signal
+/// ends this before anything is written; the status is then 128 + the number of the signal.
 RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfRequest& place);
 
 }  // namespace veldrin

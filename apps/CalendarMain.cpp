@@ -5,6 +5,7 @@
 #include "apps/CalendarOptions.h"
 #include "apps/CalendarRun.h"
 #include "apps/PlaceOfRequest.h"
+#include "shell/host/PlainText.h"
 #include "apps/ProgramMain.h"
 #include "apps/RunOutcome.h"
 #include "apps/StandardOutput.h"
@@ -19,7 +20,7 @@ namespace {
 
 constexpr const char* Program = "veldrin-calendar";
 
-/// Prints on standard output and says every complaint. Returns the exit status.
+/// Prints the output and the complaints. Returns the exit status.
 int tell(RunOutcome outcome) {
   if (outcome.isOutOfMemory) {
     complainOfMemory(Program);
@@ -35,10 +36,10 @@ int tell(RunOutcome outcome) {
   return outcome.status;
 }
 
-/// Adds where the file is and for which town, if the user named one.
+/// Adds a sentence about the file and its town, if the user named a town.
 void noteTown(RunOutcome& outcome, const std::string& town, const std::string& file) {
   if (town.empty() || file == "-" || outcome.status != 0) return;
-  outcome.output += "The sunrises and sunsets of " + town + " are in " + file + ".\n";
+  outcome.output += "The sunrises and sunsets of " + town + " are in " + onOneLine(file) + ".\n";
 }
 
 RunOutcome carryOut(Host& host, CalendarRequest request) {

@@ -1,15 +1,14 @@
 #include "apps/CalendarOptions.h"
 
 #include <CLI/CLI.hpp>
-#include <charconv>
 #include <cmath>
 #include <map>
 #include <memory>
-#include <system_error>
 #include <vector>
 
-#include "apps/PlainText.h"
+#include "shell/host/PlainText.h"
 #include "apps/ProgramMain.h"
+#include "apps/WholeNumber.h"
 #include "shell/values/ParseDate.h"
 #include "shell/values/Text.h"
 
@@ -18,42 +17,37 @@ namespace {
 
 constexpr std::int32_t FirstYear = 1;
 constexpr std::int32_t LastYear = 9999;
-// In the Gregorian calendar, with a new year of four digits behind it.
+// The Gregorian calendar began in 1582. The year after the last still has four digits.
 constexpr std::int32_t FirstStandardYear = 1583;
 constexpr std::int32_t LastStandardYear = 9998;
 constexpr std::int32_t MostMinutes = 24 * 60;
-
 constexpr std::int32_t MostYears = 100;
 
 constexpr const char* Purpose =
-    "Writes the times of sunrise and sunset of a year at a place into an iCalendar file.";
+    "Writes the times of sunrise and sunset of a year at a place into a calendar or a picture.";
 
 constexpr const char* Examples = R"(Examples:
   veldrin-calendar --standard --town=Freiburg
-      the calendar of this year for a calendar program of today, into Veldrin.ics
+      write this year's calendar of Freiburg into Veldrin.ics, for your calendar program
   veldrin-calendar --chart=year.svg --town="Springfield, Illinois"
-      the year as a picture
+      draw this year in Springfield into year.svg; a web browser shows it
+  veldrin-calendar --town=Berlin --status=2030-06-21
+      print the times of one day
   veldrin-calendar --standard --zone=Europe/Oslo --latitude=69.6492 --longitude=18.9553 \
       --place="Behind the fjord" --twilight=civil --remind=15 --year=2030 --years=3
-  veldrin-calendar --town=Berlin --status=2030-06-21
-      the times of one day
+      write three years of a place that is not a town
   veldrin-calendar --latitude=-33.87 --longitude=151.21 --time-zone=10 --down-under \
       --year=2030 --dst-start=2030-04-07 --dst-end=2030-10-06 --output=sydney-2030.ics
-      the calendar that the window writes, by numbers
+      write the calendar that the window writes, by numbers
 
-Without --town, --zone and --time-zone the clock is this machine's standard time, whatever the
-coordinates are. A DATE is 2024-06-21, or the short form of this machine's date setting. South of
-the equator, where daylight saving holds over the new year, --down-under takes the time outside the
-two dates. Exit status: 0; 1 if something failed or --towns found none; 2 for a wrong command line,
-or a town or zone that is not known.)";
+Without --standard, the times have no time zone: calendar programs show them unchanged in any zone.
+Without a town, a zone and --time-zone, the clock is the standard time of this computer, even if
+the coordinates are elsewhere. A FILE named - is standard output. A DATE is 2024-06-21, or a short
+date as this computer writes it. Exit status: 0 for success, 1 if the output could not be written, 2
+for invalid options or an unknown town or zone.)";
 
-/// The text, or its beginning where it is longer than what a person reads of it.
-std::string shortened(const std::string& text, std::size_t most) {
-  return text.size() > most ? text.substr(0, most) + "..." : text;
-}
-
-/// Help that names an option and its type, without the library's own notes on other options and on
-/// the flag that says no.
+/// Prints the name and the type of an option, without CLI11's notes on excluded options and on the
+/// values of flags.
 class PlainFormatter final : public CLI::Formatter {
  public:
   std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
@@ -68,7 +62,7 @@ class PlainFormatter final : public CLI::Formatter {
   }
 };
 
-/// Throws what is wrong with an option's value, as one sentence; `readCommandLine` catches it.
+/// Throws one sentence about the value of an option; `readCommandLine` catches it.
 [[noreturn]] void refuse(const std::string& option, const std::string& needs,
                          const std::string& given) {
   constexpr std::size_t Shown = 60;
@@ -88,14 +82,12 @@ std::optional<std::int32_t> checkedWhole(const std::string& option,
                                          const std::optional<std::string>& text, std::int32_t least,
                                          std::int32_t most) {
   if (!text) return std::nullopt;
-  std::int32_t number = 0;
-  const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), number);
-  const bool whole = error == std::errc() && end == text->data() + text->size();
-  if (!whole || number < least || number > most) {
+  const auto number = readWholeNumber(*text, least, most);
+  if (!number) {
     refuse(option, "a whole number from " + std::to_string(least) + " to " + std::to_string(most),
            *text);
   }
-  return number;
+  return static_cast<std::int32_t>(*number);
 }
 
 std::optional<CivilDay> checkedDate(const std::string& option,
@@ -128,7 +120,16 @@ std::string checkedPlace(const std::optional<std::string>& text) {
   return *text;
 }
 
-/// The options as they were given, before they are checked.
+/// Refuses "--option=" with no value, for which CLI11 would take the next argument.
+void refuseEmptyValues(int count, const char* const* arguments) {
+  for (int index = 1; index < count; ++index) {
+    const std::string_view argument = arguments[index];
+    if (!argument.starts_with("--") || argument.find('=') + 1 != argument.size()) continue;
+    refuse(std::string(argument.substr(0, argument.size() - 1)), "a value", "");
+  }
+}
+
+/// The options as given, before they are checked.
 class CommandLine {
  public:
   explicit CommandLine(CalendarRequest& request) : request_(request) {
@@ -138,10 +139,11 @@ class CommandLine {
     app.get_formatter()->column_width(28);
     addPlace();
     addDocuments();
+    addStandard();
     addNumbers();
   }
 
-  /// Checks every option and completes the request. Throws `CLI::ParseError` for what is wrong.
+  /// Checks every option and completes the request. Throws `CLI::ParseError` for an invalid option.
   void check(const ShortDateForm& form);
 
   CLI::App app{Purpose, "veldrin-calendar"};
@@ -149,6 +151,7 @@ class CommandLine {
  private:
   void addPlace();
   void addDocuments();
+  void addStandard();
   void addNumbers();
   void checkPlace();
   void checkDocuments();
@@ -174,64 +177,74 @@ class CommandLine {
 
 void CommandLine::addPlace() {
   constexpr const char* Group = "The place";
-  town_ = text("--town", request_.town, "a town: its coordinates, zone and name", "NAME", Group);
-  text("--towns", request_.towns, "list the towns that this may mean, and no more", "TEXT", Group);
+  town_ = text("--town", request_.town, "take the coordinates, time zone and name of this town",
+               "NAME", Group);
+  text("--towns", request_.towns, "list the towns whose names begin with this text, and exit",
+       "TEXT", Group);
   zone_ =
       text("--zone", request_.zone,
-           "a time zone: Europe/Oslo, oslo, or here; without coordinates its town", "NAME", Group);
+           "take this time zone: Europe/Oslo, oslo, or here for this computer's", "NAME", Group);
   auto* const latitude =
-      text("--latitude", request_.latitude, "degrees, north positive (47.5)", "D", Group);
+      text("--latitude", request_.latitude,
+           "degrees, north positive (default: the zone's town, else 47.5)", "D", Group);
   auto* const longitude =
-      text("--longitude", request_.longitude, "degrees, east positive (-122.5)", "D", Group);
-  text("--place", place_, "its name, with --standard or --chart", "NAME", Group);
+      text("--longitude", request_.longitude,
+           "degrees, east positive (default: the zone's town, else -122.5)", "D", Group);
+  text("--place", place_, "the name of the place, for --standard and --chart", "NAME", Group);
   town_->excludes(zone_)->excludes(latitude)->excludes(longitude);
 }
 
 void CommandLine::addDocuments() {
   constexpr const char* Group = "What to write";
   auto* const standard =
-      app.add_flag("--standard", isStandard_, "the calendar that today's programs take")
+      app.add_flag("--standard", isStandard_, "write a calendar for current calendar programs")
           ->group(Group);
+  chart_ = text("--chart", request_.chart, "draw the year as an SVG picture into this file", "FILE",
+                Group);
+  auto* const status =
+      text("--status", request_.statusDate, "print the times of this day", "DATE", Group);
+  auto* const output = app.add_option("--output", request_.output,
+                                      "write the calendar into this file (default: Veldrin.ics)")
+                           ->type_name("FILE")
+                           ->group(Group);
+  text("--year", year_, "1 to 9999 (default: this year)", "N", Group);
+  chart_->excludes(output)->excludes(status)->excludes(standard);
+  status->excludes(standard);
+}
+
+void CommandLine::addStandard() {
+  constexpr const char* Group = "With --standard";
   auto* const twilight =
       app.add_option("--twilight", twilights_,
-                     "civil, nautical or astronomical: its dawn and dusk too; may be repeated")
+                     "add dawn and dusk: civil, nautical or astronomical; repeatable")
           ->type_name("KIND")
           ->allow_extra_args(false)
           ->group(Group);
-  auto* const reminder =
-      text("--remind", reminder_, "an alarm so long before sunrise and sunset, 0 to 1440",
-           "MINUTES", Group);
-  chart_ = text("--chart", request_.chart, "a picture of the year (SVG); - is standard output",
-                "FILE", Group);
-  auto* const status =
-      text("--status", request_.statusDate, "print the times of this day", "DATE", Group);
-  auto* const output =
-      app.add_option("--output", request_.output, "where; - is standard output (Veldrin.ics)")
-          ->type_name("FILE")
-          ->group(Group);
-  text("--year", year_, "1 to 9999 (this year)", "N", Group);
+  auto* const reminder = text(
+      "--remind", reminder_,
+      "add an alarm this many minutes before each sunrise and sunset, 0 to 1440", "MINUTES", Group);
   auto* const years =
-      text("--years", years_, "so many years from that one, 1 to 100; with --standard", "N", Group);
-  chart_->excludes(output)->excludes(status)->excludes(standard);
+      text("--years", years_, "write this many years, 1 to 100 (default: 1)", "N", Group);
   chart_->excludes(twilight)->excludes(reminder)->excludes(years);
-  status->excludes(standard);
 }
 
 void CommandLine::addNumbers() {
   constexpr const char* Group = "The clock by numbers";
   std::vector<CLI::Option*> all;
   all.push_back(text("--time-zone", request_.timeZone,
-                     "standard time in hours, east positive (this machine's)", "H", Group));
-  all.push_back(
-      app.add_flag("--dst,!--no-dst", request_.daylightSaving, "daylight saving on or off (on)")
-          ->group(Group));
-  all.push_back(
-      text("--dst-start", request_.firstBound, "its first day (that of the year)", "DATE", Group));
-  all.push_back(text("--dst-end", request_.secondBound, "the day after its last (that of the year)",
-                     "DATE", Group));
-  all.push_back(
-      app.add_flag("--down-under", request_.downUnder, "a place on the southern half of the Earth")
-          ->group(Group));
+                     "standard time in hours, east positive (default: this computer's)", "H",
+                     Group));
+  all.push_back(app.add_flag("--dst,!--no-dst", request_.daylightSaving,
+                             "daylight saving on or off (default: on)")
+                    ->group(Group));
+  all.push_back(text("--dst-start", request_.firstBound,
+                     "first day of daylight saving (default: second Sunday of March)", "DATE",
+                     Group));
+  all.push_back(text("--dst-end", request_.secondBound,
+                     "day after its last day (default: first Sunday of November)", "DATE", Group));
+  all.push_back(app.add_flag("--down-under", request_.downUnder,
+                             "daylight saving is outside these dates, as in the south")
+                    ->group(Group));
   for (CLI::Option* const option : all) {
     zone_->excludes(option);
     town_->excludes(option);
@@ -296,6 +309,7 @@ std::variant<CalendarRequest, RunOutcome> readCommandLine(int count, const char*
   CalendarRequest request;
   CommandLine line(request);
   try {
+    refuseEmptyValues(count, arguments);
     line.app.parse(count, arguments);
     line.check(form);
     return request;

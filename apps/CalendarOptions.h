@@ -11,11 +11,11 @@
 
 namespace veldrin {
 
-/// The checked options of veldrin-calendar. The window reads every text below as the user meant it.
-/// An option that was not given keeps the value of the window.
+/// The checked options of veldrin-calendar. A text that is the content of a field of the window
+/// stays a text. Without its option, a field keeps the value of the window.
 struct CalendarRequest {
   std::optional<std::string> town;   ///< gives place, coordinates and zone
-  std::optional<std::string> towns;  ///< list the towns that this text may mean, and no more
+  std::optional<std::string> towns;  ///< only list the towns of this text
   std::optional<std::string> zone;   ///< of the time zone database; gives the clock
   std::optional<std::string> latitude;
   std::optional<std::string> longitude;
@@ -27,14 +27,14 @@ struct CalendarRequest {
   std::optional<std::string> secondBound;
   bool downUnder = false;
   std::string output = "Veldrin.ics";      ///< "-" is standard output
-  std::optional<std::string> statusDate;   ///< the panel of this day in place of a calendar
-  std::optional<AlmanacOptions> standard;  ///< the other document, with all but its stamp
+  std::optional<std::string> statusDate;   ///< print the panel of this day, write no calendar
+  std::optional<AlmanacOptions> standard;  ///< without the stamp
   std::optional<std::string> chart;        ///< the file of the picture; "-" is standard output
   std::string place;                       ///< its name, with `standard` or `chart`
 };
 
-/// Reads the command line. A wrong one gives the outcome of the program: one sentence and status 2;
-/// `--help` and `--version` give their text. Dates are read in the host's form.
+/// Reads the command line. Returns the outcome of the whole program for invalid options (one
+/// sentence and status 2), `--help` and `--version`. `form` is how the host writes a short date.
 std::variant<CalendarRequest, RunOutcome> readCommandLine(int count, const char* const* arguments,
                                                           const ShortDateForm& form);
 

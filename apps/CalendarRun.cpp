@@ -11,8 +11,8 @@
 namespace veldrin {
 namespace {
 
-/// Chooses a year, which writes that year's bounds. The form opens on its first row with the bounds
-/// of the present year, so the row that is selected already must raise "Change" too.
+/// Chooses a year; the handler of "Change" then writes the bounds of that year. A row that is
+/// already selected must raise "Change" too: the form opens with the bounds of this year.
 void chooseYear(const Ref<PopupMenu>& chooser, const String& year) {
   std::int32_t row = 0;
   while (row < chooser->ListCount() && !(chooser->List(row) == year)) ++row;
@@ -34,7 +34,7 @@ void tick(const Ref<CheckBox>& box, bool ticked) {
   if (box->Value() != ticked) box->userTicked(ticked);
 }
 
-/// Does what the user would do in the window before pressing the button.
+/// Sets the controls of the window.
 void fillIn(const Ref<Veldrin>& window, const CalendarRequest& request) {
   const Ref<Date> today = New<Date>();
   chooseYear(window->WhichYear(), Str(request.year.value_or(today->Year())));

@@ -1,6 +1,8 @@
 #include "apps/PlaceOfRequest.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "almanac/Coordinate.h"
 #include "apps/ProgramMain.h"
@@ -19,7 +21,7 @@ void takePlace(CalendarRequest& request, std::string_view name, double latitude,
   request.longitude = Coordinate(longitude).number();
 }
 
-/// The town that the zone is named after.
+/// Takes the place of the town that the zone is named after.
 void takeTownOfZone(CalendarRequest& request, const ZoneFolder& folder, const std::string& zone) {
   const std::optional<ZonePlace> town = folder.placeOf(zone);
   if (!town) {
@@ -29,14 +31,13 @@ void takeTownOfZone(CalendarRequest& request, const ZoneFolder& folder, const st
   takePlace(request, town->name, town->latitude, town->longitude);
 }
 
-/// A day in the host's short form.
 std::string shortDateOf(const CivilDay& day) {
   const Ref<Date> date = New<Date>();
   date->Constructor(static_cast<std::int32_t>(day.year), day.month, day.day, 0, 0, 0);
   return std::string(date->ShortDate().view());
 }
 
-/// The fields of the window's form, as the zone has them.
+/// Sets the fields of the window's clock to those of the zone.
 void takeFormClock(CalendarRequest& request, const std::string& zone, const ClockRules& rules,
                    std::int32_t year) {
   const FormClock clock = formClock(zone, rules, year);
@@ -75,12 +76,16 @@ PlaceOfRequest lookUpPlace(Host& host, CalendarRequest& request) {
 }
 
 RunOutcome listTowns(const std::string& text) {
+  const std::vector<Town> towns = townsListed(text);
+  if (towns.empty()) {
+    return {.status = Failed,
+            .complaints = {"No town has a name that begins with \"" + text + "\"."}};
+  }
   RunOutcome outcome;
-  for (const Town& town : townsNamed(text)) {
+  for (const Town& town : towns) {
     outcome.output += fullName(town) + "\t" + Coordinate(town.latitude).number() + "\t" +
                       Coordinate(town.longitude).number() + "\t" + std::string(town.zone) + "\n";
   }
-  if (outcome.output.empty()) outcome.status = Failed;
   return outcome;
 }
 

@@ -12,22 +12,22 @@ namespace veldrin {
 
 /// The result of looking up the town or the zone of a request.
 struct PlaceOfRequest {
-  std::string town;                 ///< the full name of the town that was meant, empty for none
-  std::string zone;                 ///< the full name of the zone
-  std::optional<ClockRules> clock;  ///< the clock of the zone in the years asked for
+  std::string town;                 ///< full name; empty if the request has no town
+  std::string zone;                 ///< full name; empty if the request has neither
+  std::optional<ClockRules> clock;  ///< of the zone, in the years of the request
 };
 
-/// Looks up the town or the zone of a request and completes the request: coordinates, the place's
-/// name, and for the window the fields of its clock. Throws `PlaceFault` with one sentence for what
-/// is not known or what the fields cannot say.
+/// Looks up the town or the zone of a request. Sets the coordinates and the name of the place in
+/// the request and, for the window, the fields of the clock. Throws `PlaceFault` if the town or the
+/// zone is unknown, or if the fields cannot describe the clock.
 PlaceOfRequest lookUpPlace(Host& host, CalendarRequest& request);
 
-/// The towns that a text may mean, most people first: full name, coordinates and zone, with tabs
-/// between them, one a line. Nothing found is status 1. Throws `PlaceFault` if the text cannot be a
+/// Lists the towns of a text, largest first, one a line: full name, coordinates and zone, separated
+/// by tabs. The status is `Failed` if there are none. Throws `PlaceFault` if the text cannot be a
 /// name.
 RunOutcome listTowns(const std::string& text);
 
-/// The year of the request, or else this year.
+/// The year of the request; by default, this year.
 std::int32_t yearOf(const Host& host, const CalendarRequest& request);
 
 }  // namespace veldrin

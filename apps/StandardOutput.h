@@ -6,7 +6,7 @@
 
 namespace veldrin {
 
-/// The standard output as a place to save to.
+/// Standard output as a file to save to.
 class StandardOutput final : public Described<StandardOutput, FolderItem> {
  public:
   static constexpr FixedString FullName = "StandardOutput";

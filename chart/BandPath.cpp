@@ -15,7 +15,7 @@ struct Interval {
   std::int32_t bottom;
 };
 
-/// Intervals of consecutive columns, each of which touches the next.
+/// Intervals of consecutive columns; each touches the next.
 struct Ribbon {
   std::size_t firstColumn;
   std::vector<Interval> intervals;
@@ -53,7 +53,7 @@ std::vector<Ribbon> ribbonsOf(std::span<const DayColumn> columns, Band band) {
   return ribbons;
 }
 
-/// Appends one side of a ribbon: its heights in the order of the walk, `step` columns at each.
+/// Appends one side of a ribbon: its heights in drawing order, each `step` columns wide.
 void appendSide(std::string& path, const std::vector<std::int32_t>& heights, int step) {
   int run = 0;
   std::int32_t height = heights.front();
@@ -68,7 +68,7 @@ void appendSide(std::string& path, const std::vector<std::int32_t>& heights, int
   path += 'h' + std::to_string(run);
 }
 
-/// Walks along the tops of a ribbon and back along its bottoms.
+/// Appends the tops of a ribbon, then its bottoms backwards.
 void appendOutline(std::string& path, const Ribbon& ribbon) {
   std::vector<std::int32_t> tops;
   std::vector<std::int32_t> bottoms;

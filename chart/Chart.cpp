@@ -17,7 +17,7 @@ std::string chart(const Place& place, std::string_view zoneName, const ClockYear
                   const std::function<void()>& yield) {
   const std::int64_t first = dayNumber(year.year, 1, 1);
   const std::int64_t last = dayNumber(year.year, 12, 31);
-  // The clock of a place is up to 25 hours away from that of Greenwich.
+  // Local clocks differ from Greenwich by up to 25 hours.
   const Light light(place, first - 2, last + 2, yield);
   std::vector<DayColumn> columns;
   for (std::int64_t day = first; day <= last; ++day) {
@@ -27,8 +27,9 @@ std::string chart(const Place& place, std::string_view zoneName, const ClockYear
 
   const std::string coordinates = Coordinate(place.latitude).words('N', 'S') + ", " +
                                   Coordinate(place.longitude).words('E', 'W');
-  const std::string where = coordinates + "  \u00B7  " + std::string(zoneName);
-  ChartPage page(year.year, place.name.empty() ? coordinates : place.name, where);
+  const std::string zone(zoneName);
+  ChartPage page(year.year, place.name.empty() ? coordinates : place.name,
+                 place.name.empty() ? zone : coordinates + "  \u00B7  " + zone);
   page.drawBands(columns);
   page.drawAxes();
   page.drawDays(days);

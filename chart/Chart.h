@@ -8,18 +8,17 @@
 
 namespace veldrin {
 
-/// A year of light at a place as an SVG picture (SVG 1.1, in UTF-8): days across, the hours of the
-/// place's clock down, and the five bands night, astronomical, nautical and civil twilight, and
-/// day.
+/// A year of light at a place as an SVG picture (SVG 1.1, in UTF-8). Days run across and the hours
+/// of the local clock down, in five bands: night, astronomical, nautical and civil twilight, day.
 ///
-/// The group `plot` has a path of that name for each band, in days from January 1 and minutes of
-/// the day. The edge of a band is an event of the almanac. A skipped minute, or a whole skipped
-/// day, shows the light of the moment that it would have been without the change of the clock; a
-/// repeated minute shows its first moment. The picture needs nothing from outside, and has colours
-/// for a light and a dark surrounding.
+/// The group `plot` has one path for each band, with the name of the band. Its coordinates are days
+/// from January 1 and minutes of the day. The edges of the bands are the events of the almanac. A
+/// minute or a day that the clock skips has the light that it would have without the change. A
+/// repeated minute has the light of its first moment. The picture loads no other file, and has
+/// colours for light and dark pages.
 ///
-/// `zoneName` is for people, such as "Europe/Berlin" or "UTC+1". `yield()` is called once for each
-/// day; what it throws passes through.
+/// `zoneName` is for people, such as "Europe/Berlin" or "UTC+1". Calls `yield()` once a day; an
+/// exception that it throws passes through.
 std::string chart(const Place& place, std::string_view zoneName, const ClockYear& year,
                   const std::function<void()>& yield);
 

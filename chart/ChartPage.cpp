@@ -1,6 +1,7 @@
 #include "chart/ChartPage.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <utility>
@@ -13,12 +14,13 @@
 namespace veldrin {
 namespace {
 
-// The page in its own units, which are pixels where it is not scaled.
+// Units are pixels of the unscaled picture. Lines are one pixel wide and lie on half pixels, so
+// they are sharp.
 constexpr double Width = 1280.0;
 constexpr double Height = 936.0;
 constexpr double DayWidth = 3.0;
 constexpr double MinuteHeight = 0.4;
-constexpr double Top = 128.0;
+constexpr double Top = 128.5;
 constexpr double Bottom = Top + MinutesOfDay * MinuteHeight;
 constexpr double HeadingY = 66.0;
 constexpr double WhereY = 96.0;
@@ -35,8 +37,8 @@ constexpr std::array<BandName, BandCount> BandNames{{{"night", "Night"},
                                                      {"civil", "Civil twilight"},
                                                      {"day", "Day"}}};
 
-/// The size of letters in which a name leaves room for the year beside it. Letters are taken to be
-/// wide, those outside of ASCII as wide as high.
+/// The font size in which a name leaves room for the year beside it. Assumes wide letters: 0.65 of
+/// the size in ASCII, the whole size otherwise.
 double sizeOfName(std::string_view name) {
   constexpr double Largest = 34.0;
   constexpr double Room = 960.0;
@@ -51,7 +53,7 @@ double sizeOfName(std::string_view name) {
 
 constexpr std::size_t FactCount = 6;
 
-/// An extreme of the year: three lines of a column.
+/// An extreme of the year, as three lines of text.
 struct Fact {
   std::string_view label;
   std::string value;
@@ -62,7 +64,7 @@ Fact lengthFact(std::string_view label, const DayMinutes& length) {
   return {label, lengthWords(length.minutes), dateWords(length.day)};
 }
 
-/// A length that many days share, at a place where the Sun does not set or rise on them.
+/// The number of days on which the Sun is up or down all day.
 Fact allDayFact(std::string_view label, std::string_view words, std::int64_t days) {
   return {label, std::string(words), std::to_string(days) + (days == 1 ? " day" : " days")};
 }
@@ -104,11 +106,11 @@ ChartPage::ChartPage(std::int32_t year, std::string_view name, std::string_view 
 }
 
 double ChartPage::left() const {
-  return (Width - DayWidth * static_cast<double>(dayCount_)) / 2.0;
+  return std::floor((Width - DayWidth * static_cast<double>(dayCount_)) / 2.0) + 0.5;
 }
 
 double ChartPage::right() const {
-  return Width - left();
+  return left() + DayWidth * static_cast<double>(dayCount_);
 }
 
 double ChartPage::columnAt(std::size_t index) const {

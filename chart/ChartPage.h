@@ -13,25 +13,25 @@
 
 namespace veldrin {
 
-/// The page of the picture: its sections, from the top to the bottom.
+/// The page of the picture. Draw its sections from top to bottom, then call `finish()`.
 class ChartPage {
  public:
-  /// `name` is the place, `where` its coordinates and its zone.
+  /// `name` is the place; `where` are its coordinates and zone.
   ChartPage(std::int32_t year, std::string_view name, std::string_view where);
 
   /// The bands, a column for each day of the year.
   void drawBands(std::span<const DayColumn> columns);
 
-  /// The lines and the names of the months and the hours.
+  /// The lines and labels of months and hours.
   void drawAxes();
 
-  /// What a reader shows of a day under the pointer.
+  /// The text of each day, which a browser shows under the mouse pointer.
   void drawDays(const std::vector<SunDay>& days);
 
   void drawKey();
   void drawExtremes(const YearExtremes& extremes);
 
-  /// The whole text; nothing may be drawn afterwards.
+  /// The whole SVG text.
   std::string finish() &&;
 
  private:

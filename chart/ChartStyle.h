@@ -4,9 +4,9 @@
 
 namespace veldrin {
 
-/// The colours and letters of the picture, for a light and a dark surrounding. Each band is clearly
-/// brighter than the one before it, so they are told apart without colour, too. Each text has a
-/// contrast of more than 4.5 : 1 against the page.
+/// Colours and fonts of the picture, on light and on dark pages. The bands differ in brightness
+/// too, for people who cannot tell colours apart, and are not smoothed, which would leave seams
+/// between them. The contrast of texts against the page exceeds 4.5 : 1.
 inline constexpr std::string_view ChartStyle = R"(
 text { font-family: sans-serif; fill: #262b3a }
 .page { fill: #fbfaf6 }
@@ -15,6 +15,7 @@ text { font-family: sans-serif; fill: #262b3a }
 .nautical { fill: #6886bb }
 .civil { fill: #e9a972 }
 .day { fill: #fdf2cd }
+.bands { shape-rendering: crispEdges }
 .frame { fill: none; stroke: #5d6478; stroke-width: 1 }
 .line { stroke: #7f879b; stroke-opacity: .34; stroke-width: 1 }
 .noon { stroke-dasharray: 2 5; stroke-opacity: .7 }

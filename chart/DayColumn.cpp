@@ -11,7 +11,7 @@ void add(DayColumn& column, std::int32_t minute, Band band) {
   if (column.empty() || column.back().band != band) column.push_back({minute, band});
 }
 
-/// The column of a day that begins at a moment and in which the clock does not change.
+/// The column of a day without a change of the clock. `begin` is its first moment.
 DayColumn evenColumn(const Light& light, double begin) {
   DayColumn column{{0, light.bandAt(begin)}};
   for (auto change = light.firstAfter(begin); change != light.changes().end(); ++change) {

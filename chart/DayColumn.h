@@ -8,21 +8,20 @@
 
 namespace veldrin {
 
-/// A stretch of one light in a local day, from a minute [0:1439] of its clock to the next stretch.
+/// A part of a local day with the same light, until the next stretch.
 struct BandStretch {
-  std::int32_t from;
+  std::int32_t from;  ///< minute of the day [0:1439]
   Band band;
 
   bool operator==(const BandStretch&) const = default;
 };
 
-/// A local day as the clock of the place shows it: stretches in order. The first one begins at 0,
-/// the last one ends at 1440, and neighbours differ.
+/// The stretches of a local day, in order. The first begins at 0, the last ends at 1440, and
+/// neighbours differ.
 using DayColumn = std::vector<BandStretch>;
 
-/// The column of a local day: the light of each minute at `ClockRules::momentOf` it. A skipped
-/// minute has the light that it would have had without the change, and a repeated minute that of
-/// its first moment. So a day that the clock skips has a column too.
+/// The column of a local day: each minute has the light of its `ClockRules::momentOf`. A skipped
+/// minute has the light that it would have without the change, so a skipped day has a column too.
 DayColumn dayColumn(const Light& light, const ClockRules& clock, std::int64_t day);
 
 }  // namespace veldrin

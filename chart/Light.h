@@ -10,28 +10,27 @@
 
 namespace veldrin {
 
-/// The light of a moment, from dark to bright: the Sun is above as many of the four altitudes of
-/// the calendar (18, 12 and 6 degrees below the horizon, and that of sunrise and sunset) as the
-/// number of the band says.
+/// The light of a moment, from dark to bright. The value is the number of altitudes that the Sun is
+/// above: 18, 12 and 6 degrees below the horizon, and the altitude of sunrise and sunset.
 enum class Band : std::uint8_t { Night, Astronomical, Nautical, Civil, Day };
 inline constexpr std::size_t BandCount = 5;
 
-/// The light above a place from one Greenwich day to another. Its changes are the events of the
-/// calendar. Minutes count since 1970-01-01 00:00 Universal Time.
+/// The light at a place during some UTC days. It changes at the events of the calendar. Minutes
+/// count from 1970-01-01 00:00 UTC.
 class Light {
  public:
-  /// A minute, and the light from then on.
+  /// The light from a minute on.
   struct Change {
     std::int64_t minute;
     Band band;
   };
 
-  /// Days are numbered as in shell/host/Civil.h, and both belong to it. `yield()` is called once
-  /// for each day; what it throws passes through.
+  /// Both days, numbered as in shell/host/Civil.h, are included. Calls `yield()` once a day; an
+  /// exception that it throws passes through.
   Light(const Place& place, std::int64_t firstDay, std::int64_t lastDay,
         const std::function<void()>& yield);
 
-  /// In order of time. Two changes may share a minute; then the second one counts.
+  /// In order of time. Of two changes in one minute, the second counts.
   [[nodiscard]] const std::vector<Change>& changes() const { return changes_; }
 
   /// The light before the first change.
@@ -39,7 +38,7 @@ class Light {
 
   [[nodiscard]] Band bandAt(double minute) const;
 
-  /// The minutes of a span in which the Sun is up.
+  /// How many minutes of a span the Sun is up.
   [[nodiscard]] double minutesOfSun(const DaySpan& span) const;
 
   /// The first change after a minute.

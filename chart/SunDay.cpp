@@ -10,7 +10,7 @@
 namespace veldrin {
 namespace {
 
-/// The days with the Sun's time above the horizon, yet without their events.
+/// The days with `minutesUp`, without sunrises and sunsets.
 std::vector<SunDay> daysWithLengths(const Light& light, const ClockYear& year) {
   std::vector<SunDay> days;
   const std::int64_t last = dayNumber(year.year, 12, 31);
@@ -24,7 +24,7 @@ std::vector<SunDay> daysWithLengths(const Light& light, const ClockYear& year) {
   return days;
 }
 
-/// The minute of the day that the clock shows at a moment of the day.
+/// The minute that the clock shows at a moment of the day.
 std::int32_t shownMinute(const ClockRules& clock, std::int64_t day, double moment) {
   const double shown = moment + clock.offsetAt(moment) - static_cast<double>(day * MinutesOfDay);
   return static_cast<std::int32_t>(std::floor(shown));
@@ -47,7 +47,7 @@ Times lengthsOf(const std::vector<SunDay>& days) {
   return lengths;
 }
 
-/// The middle one of those that no other comes before in `order`.
+/// The first time in `order`; if several are equal, the middle one of them.
 template <class Order>
 std::optional<DayMinutes> middleOfFirst(Times times, const Order& order) {
   if (times.empty()) return std::nullopt;

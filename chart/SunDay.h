@@ -30,8 +30,8 @@ struct DayMinutes {
   std::int32_t minutes;
 };
 
-/// The extremes of a year. Of the days that share one, the middle one is given. A time is missing
-/// where the year has no such event.
+/// The extremes of a year. If several days share one, this is the middle one of them. A time is
+/// missing if the year has no such event.
 struct YearExtremes {
   DayMinutes longest, shortest;
   std::optional<DayMinutes> earliestSunrise, latestSunrise, earliestSunset, latestSunset;

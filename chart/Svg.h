@@ -7,7 +7,7 @@
 
 namespace veldrin {
 
-/// A number as SVG wants it: the shortest digits that give the same value.
+/// The shortest text of a number that reads back as the same value.
 std::string svgNumber(double value);
 
 /// An attribute of an element: a text or a number.
@@ -21,20 +21,20 @@ struct SvgAttribute {
 
 using SvgAttributes = std::initializer_list<SvgAttribute>;
 
-/// An SVG document in the making. Texts and values of attributes are in UTF-8 and are escaped here.
+/// Writes an SVG document. Texts and values of attributes are UTF-8; this class escapes them.
 class Svg {
  public:
-  /// Begins an element that holds others, until `close()`.
+  /// Begins an element that contains others, until `close()`.
   void open(std::string_view element, SvgAttributes attributes);
   void close();
 
-  /// An element that holds nothing.
+  /// An empty element.
   void add(std::string_view element, SvgAttributes attributes);
 
-  /// An element that holds a text.
+  /// An element that contains a text.
   void add(std::string_view element, SvgAttributes attributes, std::string_view text);
 
-  /// The whole text; every element has been closed.
+  /// The whole text. Close every element before.
   std::string finish() &&;
 
  private:

@@ -8,7 +8,7 @@
 
 namespace veldrin {
 
-// How the picture says days and times.
+// Days and times as texts of the picture.
 
 /// "January" for 1.
 std::string_view monthName(std::int32_t month);
@@ -22,7 +22,7 @@ std::string clockTime(std::int32_t minute);
 /// "16 h 05 min"
 std::string lengthWords(std::int32_t minutes);
 
-/// A whole day: "29 March: sunrise 07:05, sunset 19:50, 12 h 45 min of sun".
+/// "29 March: sunrise 07:05, sunset 19:50, 12 h 45 min of sun".
 std::string dayWords(const SunDay& day);
 
 }  // namespace veldrin

@@ -1,40 +1,54 @@
 # Completion of veldrin-calendar for bash.
 
-_veldrin_calendar_zones() {
-  (cd "${TZDIR:-/usr/share/zoneinfo}" 2>/dev/null && find [A-Z]* -not -type d 2>/dev/null)
+# _veldrin_calendar_offer TEXT WORD...: offers the words that begin with the text in any case, or else
+# all words. Bash puts the only word in place of the text.
+_veldrin_calendar_offer() {
+  local text=${1,,} word
+  shift
+  for word in "$@"; do
+    [[ ${word,,} == "$text"* ]] && COMPREPLY+=("$word")
+  done
+  [ ${#COMPREPLY[@]} -gt 0 ] || COMPREPLY=("$@")
 }
 
-# _veldrin_calendar_towns PROGRAM TEXT: the towns of the name before the first comma of a text. Those
-# that begin with the text are offered, or else all of them: bash puts a single one in its place.
+# _veldrin_calendar_zones TEXT: the zones whose name, or its last part, begins with the text.
+_veldrin_calendar_zones() {
+  local text=${1// /_} zone zones=(here)
+  local folder=${TZDIR:-/usr/share/zoneinfo}
+  mapfile -t -O 1 zones < <(cd "$folder" 2>/dev/null && find [A-Z]* -not -type d 2>/dev/null | sort)
+  local begun=()
+  for zone in "${zones[@]}"; do
+    [[ ${zone,,} == "${text,,}"* || ${zone,,} == */"${text,,}"* ]] && begun+=("$zone")
+  done
+  _veldrin_calendar_offer "$text" "${begun[@]}"
+}
+
+# _veldrin_calendar_towns PROGRAM TEXT: the towns of the name before the first comma of the text.
 _veldrin_calendar_towns() {
-  local town towns begun=()
+  local towns
   [ -n "${2%%,*}" ] || return
   mapfile -t towns < <("$1" --towns "${2%%,*}" 2>/dev/null | cut -f 1)
-  for town in "${towns[@]}"; do
-    [[ ${town,,} == "${2,,}"* ]] && begun+=("$town")
-  done
-  [ ${#begun[@]} -eq 0 ] || towns=("${begun[@]}")
-  COMPREPLY=("${towns[@]}")
+  _veldrin_calendar_offer "$2" "${towns[@]}"
 }
 
 _veldrin_calendar() {
   local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} text
-  # Bash makes a word of the sign between an option and its value.
+  # Bash splits an option from its value at "=", which is a word of its own.
   if [ "$word" = = ]; then
     word=
   elif [ "$option" = = ]; then
     option=${COMP_WORDS[COMP_CWORD - 2]}
   fi
-  # The word without what quotes it.
+  # The word without quotes and backslashes.
   text=${word#[\"\']}
   text=${text//\\/}
   case $option in
     --town | --towns)
       _veldrin_calendar_towns "${COMP_WORDS[0]}" "$text"
-      # Bash quotes blanks and commas of files only.
+      # Bash quotes blanks and commas only in file names.
       compopt -o filenames -o nosort
       ;;
-    --zone) mapfile -t COMPREPLY < <(compgen -W "$(_veldrin_calendar_zones)" -- "$text") ;;
+    --zone) _veldrin_calendar_zones "$text" ;;
     --twilight) mapfile -t COMPREPLY < <(compgen -W "civil nautical astronomical" -- "$text") ;;
     --output | --chart)
       mapfile -t COMPREPLY < <(compgen -f -- "$text")

@@ -15,7 +15,7 @@ namespace {
 
 using CodePoint = utf8proc_int32_t;
 
-/// The letters in lower case that Unicode does not decompose, in order, and their plain forms.
+/// Lower-case letters that Unicode does not decompose, sorted, and their plain forms.
 constexpr std::array<std::pair<CodePoint, std::string_view>, 24> PlainForms{{
     {U'æ', "ae"}, {U'ð', "d"}, {U'ø', "o"}, {U'þ', "th"}, {U'đ', "d"}, {U'ħ', "h"},
     {U'ı', "i"},  {U'ł', "l"}, {U'ŋ', "n"}, {U'œ', "oe"}, {U'ŧ', "t"}, {U'ƀ', "b"},
@@ -30,8 +30,8 @@ std::string_view plainForm(CodePoint letter) {
   return found != PlainForms.end() && found->first == letter ? found->second : std::string_view();
 }
 
-/// The code points in lower case, letters apart from their accents, ligatures and full-width forms
-/// resolved, joiners and direction marks left out.
+/// The code points in lower case: letters and accents separate, ligatures and full-width forms
+/// resolved, joiners and direction marks removed.
 std::vector<CodePoint> decomposed(std::string_view text) {
   constexpr auto Options = static_cast<utf8proc_option_t>(
       UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT | UTF8PROC_CASEFOLD | UTF8PROC_IGNORE);
@@ -59,7 +59,7 @@ bool isBetweenWords(CodePoint point) {
          (category >= UTF8PROC_CATEGORY_ZS && category <= UTF8PROC_CATEGORY_ZP);
 }
 
-/// Appends what the key has for a code point.
+/// Appends a code point in the form of keys.
 void append(std::vector<CodePoint>& key, CodePoint point) {
   if (utf8proc_category(point) == UTF8PROC_CATEGORY_CC) {
     throw PlaceFault("The name of a town must be text without control characters.");
@@ -90,7 +90,7 @@ std::string fold(std::string_view text) {
   std::vector<CodePoint> key;
   for (const CodePoint point : decomposed(text)) append(key, point);
   if (!key.empty() && key.back() == ' ') key.pop_back();
-  // Syllables of Hangul and the voiced kana come together again.
+  // Compose the syllables of Hangul and the voiced kana again.
   const auto count = static_cast<utf8proc_ssize_t>(key.size());
   const utf8proc_ssize_t composed = utf8proc_normalize_utf32(
       key.data(), count, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));

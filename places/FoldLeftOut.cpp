@@ -1,7 +1,7 @@
 #include "places/Fold.h"
 #include "places/PlaceFault.h"
 
-// Stands in for Fold.cpp if the build has no utf8proc. Every look-up folds first and so ends here.
+// Replaces Fold.cpp if the build has no utf8proc. Each look-up of a town folds its text first.
 
 namespace veldrin {
 

@@ -11,7 +11,7 @@
 namespace veldrin {
 namespace {
 
-/// Days in a row with one offset at noon.
+/// Consecutive days with the same offset at noon.
 struct Run {
   std::int64_t firstDay;
   std::int64_t seconds;  ///< ahead of Universal Time
@@ -31,7 +31,7 @@ std::vector<Run> runsOf(const ClockRules& rules, std::int64_t year) {
   return runs;
 }
 
-/// Whether the runs are standard time and one hour more, in turns.
+/// Whether the runs alternate between standard time and one hour more.
 bool isOneHour(const std::vector<Run>& runs) {
   constexpr std::int64_t Hour = 3600;
   return std::abs(runs[0].seconds - runs[1].seconds) == Hour &&
@@ -46,7 +46,7 @@ SavingDates periodOf(const std::vector<Run>& runs, std::int64_t year) {
   return {second, {year + 1, 1, 1}, false};
 }
 
-/// Hours in as few digits as read back as the same number.
+/// Hours, as the shortest text that reads back as the same number.
 std::string hoursText(std::int64_t seconds) {
   std::array<char, 32> text;
   char* const end =

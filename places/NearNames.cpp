@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t MostEdits = 2;
 
-/// Reads the code points of a key, which is UTF-8, into `letters`.
+/// Puts each letter of a key, which is UTF-8, into one element of `letters`.
 void readLetters(std::string_view key, std::u32string& letters) {
   letters.clear();
   for (const char byte : key) {
@@ -55,14 +55,13 @@ std::vector<Town> townsNear(std::string_view key, std::size_t most) {
   std::array<std::vector<Town>, MostEdits + 1> byDistance;
   std::u32string letters;
   std::string_view rows = townTable();
-  TownRow row;
-  while (takeRow(rows, row)) {
-    // Each letter has a byte at least.
-    if (row.key.size() + limit < wanted.size()) continue;
-    readLetters(row.key, letters);
+  while (const auto row = takeRow(rows)) {
+    // Each letter has at least one byte.
+    if (row->key.size() + limit < wanted.size()) continue;
+    readLetters(row->key, letters);
     const std::size_t distance = editDistance(wanted, letters, limit);
     if (distance > limit) continue;
-    const std::vector<Town> towns = townsOf(row);
+    const std::vector<Town> towns = townsOf(*row);
     byDistance[distance].insert(byDistance[distance].end(), towns.begin(), towns.end());
   }
   std::vector<Town> near;

@@ -8,14 +8,13 @@
 
 namespace veldrin {
 
-/// The edit distance of two texts: the fewest letters to insert, delete or replace. Any distance
-/// above the limit is given as the limit and one. V. I. Levenshtein, Binary codes capable of
+/// The edit distance of two texts: the fewest letters to insert, delete or replace. Returns
+/// `limit` + 1 for any distance above the limit. V. I. Levenshtein, Binary codes capable of
 /// correcting deletions, insertions and reversals, Soviet Physics Doklady 10 (1966).
 std::size_t editDistance(std::u32string_view one, std::u32string_view other, std::size_t limit);
 
-/// Up to `most` towns with a key that is spelled nearly like a key, each in the place of its twins:
-/// the nearest first, then in the order of `sortTowns`. One letter in three may differ, two at
-/// most.
+/// Up to `most` towns whose key is similar to `key`: at most one letter in three differs, and at
+/// most two in all. Nearest first, then in the order of `sortTowns`; without twins.
 std::vector<Town> townsNear(std::string_view key, std::size_t most);
 
 }  // namespace veldrin

@@ -8,8 +8,7 @@
 
 #include "places/Fold.h"
 
-// The assembler copies the file into the program, because a compiler takes seconds for a literal of
-// this size. The path comes from the build.
+// The assembler copies the file into the program; compiling a literal of this size takes seconds.
 asm(".pushsection .rodata\n"
     "veldrin_towns:\n"
     ".incbin \"" VELDRIN_TOWNS
@@ -27,7 +26,7 @@ extern const char veldrin_towns_end[];
 namespace veldrin {
 namespace {
 
-/// Takes the beginning of a text up to a separator, and the separator, off the text.
+/// Removes the text before a separator, and the separator; returns the text before.
 std::string_view takeField(std::string_view& text, char separator) {
   const std::size_t end = std::min(text.find(separator), text.size());
   const std::string_view field = text.substr(0, end);
@@ -43,19 +42,19 @@ Number takeNumber(std::string_view& text) {
   return number;
 }
 
-/// Takes the key off a row; the name stays, also where it is the key.
+/// Removes the key from a row and returns it. A name that is also the key stays.
 std::string_view takeKey(std::string_view& row) {
   const std::string_view key = takeField(row, '\t');
   return key.empty() ? row.substr(0, row.find('\t')) : key;
 }
 
-/// The order of keys, by the values of their bytes.
+/// Compares keys by the values of their bytes.
 bool isBefore(std::string_view one, std::string_view other) {
   const auto value = [](char letter) { return static_cast<unsigned char>(keyLetter(letter)); };
   return std::ranges::lexicographical_compare(one, other, {}, value, value);
 }
 
-/// The town of a row that `isTown`.
+/// The town of a row; requires `row.isTown()`.
 Town townOf(const TownRow& row) {
   std::string_view rows = rowsFrom("@" + std::string(row.region));
   std::string_view region = takeField(rows, '\n');
@@ -99,17 +98,18 @@ std::string_view rowsFrom(std::string_view key) {
   return table.substr(first);
 }
 
-bool takeRow(std::string_view& rows, TownRow& row) {
+std::optional<TownRow> takeRow(std::string_view& rows) {
   while (!rows.empty()) {
     std::string_view line = takeField(rows, '\n');
     if (line.starts_with('#') || line.starts_with('@')) continue;
+    TownRow row;
     row.key = takeKey(line);
     row.name = takeField(line, '\t');
     row.region = takeField(line, '\t');
     row.numbers = line;
-    return true;
+    return row;
   }
-  return false;
+  return std::nullopt;
 }
 
 std::vector<Town> townsOf(const TownRow& row) {
@@ -117,17 +117,16 @@ std::vector<Town> townsOf(const TownRow& row) {
   std::vector<Town> towns;
   const std::string key = fold(row.name);
   std::string_view rows = rowsFrom(key);
-  TownRow other;
-  while (takeRow(rows, other) && !isBefore(key, other.key)) {
-    if (other.isTown() && other.name == row.name && other.region == row.region) {
-      towns.push_back(townOf(other));
+  for (auto other = takeRow(rows); other && !isBefore(key, other->key); other = takeRow(rows)) {
+    if (other->isTown() && other->name == row.name && other->region == row.region) {
+      towns.push_back(townOf(*other));
     }
   }
   return towns;
 }
 
 void sortTowns(std::vector<Town>& towns) {
-  // The place of the name in the table tells towns apart that are the same in all else.
+  // The address of the name distinguishes towns that are equal in all else.
   const auto order = [](const Town& town) {
     return std::tuple(~town.people, town.name, town.region, town.countryCode, town.name.data());
   };

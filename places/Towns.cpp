@@ -8,35 +8,36 @@
 
 #include "places/Fold.h"
 #include "places/PlaceFault.h"
+#include "places/TownRefusal.h"
 
 namespace veldrin {
 namespace {
 
-/// What was asked for: the key of a name, and the key of what a town has to lie in, or nothing.
+/// Keys of the name of a town and of the region or country that follows it, which may be empty.
 struct Wanted {
   std::string name;
   std::string where;
 };
 
-/// The towns that were found, by how their names fit.
+/// The towns found: those whose name begins with the wanted words, and those whose name is these.
 struct Found {
   std::vector<Town> begins;
   std::vector<Town> whole;
-  bool isEnglish = false;  ///< the name, for at least one of `whole`
+  bool isEnglish = false;  ///< the wanted name is the English one of a town in `whole`
 };
 
-/// How a key goes on where a name ends that it begins with.
-enum class Fit { None, Begins, Whole };
+/// How a name fits a key: not at all, as its first letters, as its first words, or as a whole.
+enum class Fit { None, Letters, Words, Whole };
 
 Fit fitOf(std::string_view key, std::string_view name) {
   const auto sameLetter = [](char one, char other) { return keyLetter(one) == other; };
   if (key.size() < name.size()) return Fit::None;
   if (!std::ranges::equal(key.substr(0, name.size()), name, sameLetter)) return Fit::None;
   if (key.size() == name.size()) return Fit::Whole;
-  return keyLetter(key[name.size()]) == ' ' ? Fit::Begins : Fit::None;
+  return keyLetter(key[name.size()]) == ' ' ? Fit::Words : Fit::Letters;
 }
 
-/// Whether the key names the region or the country, or one after the other.
+/// Whether the key is that of the region, of the country, or of both in this order.
 bool liesIn(const Town& town, std::string_view where) {
   const std::array regions{fold(town.region), fold(town.regionCode)};
   const std::array countries{fold(town.country), fold(town.countryCode)};
@@ -51,23 +52,34 @@ bool liesIn(const Town& town, std::string_view where) {
 Found search(const Wanted& wanted) {
   Found found;
   std::string_view rows = rowsFrom(wanted.name);
-  TownRow row;
-  // The keys that begin with the words of the name follow it at once, since a blank is before any
-  // letter.
-  while (takeRow(rows, row)) {
-    const Fit fit = fitOf(row.key, wanted.name);
-    if (fit == Fit::None || (fit == Fit::Begins && found.isEnglish)) break;
-    for (const Town& town : townsOf(row)) {
+  // A blank sorts before any letter, so the keys that begin with these words come first.
+  while (const auto row = takeRow(rows)) {
+    const Fit fit = fitOf(row->key, wanted.name);
+    if (fit < Fit::Words || (fit == Fit::Words && found.isEnglish)) break;
+    for (const Town& town : townsOf(*row)) {
       if (!wanted.where.empty() && !liesIn(town, wanted.where)) continue;
       (fit == Fit::Whole ? found.whole : found.begins).push_back(town);
-      found.isEnglish = found.isEnglish || (fit == Fit::Whole && row.isTown());
+      found.isEnglish = found.isEnglish || (fit == Fit::Whole && row->isTown());
     }
   }
   return found;
 }
 
-/// The ways to read a text: the name ends at the first comma, at the second, or at the third, since
-/// a name may have commas of its own.
+/// The towns whose name begins with these letters.
+std::vector<Town> townsBeginning(std::string_view letters) {
+  std::vector<Town> towns;
+  std::string_view rows = rowsFrom(letters);
+  for (auto row = takeRow(rows); row && fitOf(row->key, letters) != Fit::None;
+       row = takeRow(rows)) {
+    const std::vector<Town> found = townsOf(*row);
+    towns.insert(towns.end(), found.begin(), found.end());
+  }
+  sortTowns(towns);
+  return towns;
+}
+
+/// The possible meanings of a text: the name ends at the first, second or third comma, because a
+/// name may contain commas.
 std::vector<Wanted> readingsOf(std::string_view text) {
   constexpr std::size_t MostBytes = 300;
   constexpr std::size_t MostReadings = 3;
@@ -114,6 +126,33 @@ std::vector<Town> townsNamed(std::string_view text) {
     sortTowns(towns);
   }
   return towns;
+}
+
+std::vector<Town> townsListed(std::string_view text) {
+  std::vector<Town> towns = townsNamed(text);
+  if (towns.empty()) towns = townsBeginning(fold(text));
+  return towns;
+}
+
+void dropTwins(std::vector<Town>& towns) {
+  std::vector<std::string> names;
+  std::erase_if(towns, [&names](const Town& town) {
+    const bool isTwin = std::ranges::find(names, fullName(town)) != names.end();
+    names.push_back(fullName(town));
+    return isTwin;
+  });
+}
+
+Town townNamed(std::string_view text) {
+  std::vector<Town> towns = townsNamed(text);
+  if (towns.empty()) refuseUnknownTown(text);
+  for (const Town& town : towns) {
+    if (fullName(town) == text) return town;
+  }
+  dropTwins(towns);
+  const bool isClear = towns.size() == 1 || outweighs(towns[0], towns[1]);
+  if (!isClear) refuseAmbiguousTown(text, towns);
+  return towns[0];
 }
 
 }  // namespace veldrin

@@ -9,19 +9,18 @@
 
 namespace veldrin {
 
-/// A zone of the time zone database of this machine, with its rules for some years.
+/// A zone of the time zone database, with its rules for some years.
 ///
 ///     const ZoneFolder folder = ZoneFolder::ofMachine();
 ///     const Zone oslo = zoneNamed(folder, "oslo", 2026, 2026);   // its name is "Europe/Oslo"
-///     formClock(oslo.name, oslo.rules, 2026);                    // "1", from March 29 to October
-///     25
+///     formClock(oslo.name, oslo.rules, 2026).zone;               // "1"
 struct Zone {
   std::string name;
   ClockRules rules;
 };
 
-/// The zone that a user means by `text`, which is as for `ZoneFolder::find`, or "here" for the zone
-/// of this machine. Throws `PlaceFault` if there is no such zone or its file is damaged.
+/// The zone that a user means by `text`: a text for `ZoneFolder::find`, or "here" for the zone of
+/// this computer. Throws `PlaceFault` if there is no such zone or its file is damaged.
 Zone zoneNamed(const ZoneFolder& folder, std::string_view text, std::int64_t firstYear,
                std::int64_t lastYear);
 

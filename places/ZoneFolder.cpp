@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The largest files that are read: several times those of any database.
+/// The largest file that is read. The files of real databases are much smaller.
 constexpr std::uintmax_t MostBytes = 262'144;
 
 bool isFolder(const fs::path& path) {
@@ -30,7 +30,7 @@ bool isWithin(const fs::path& path, const fs::path& folder) {
   return std::ranges::mismatch(folder, path).in1 == folder.end();
 }
 
-/// The whole file; nothing if it cannot be read or is too large.
+/// The whole file; nothing if it is too large or cannot be read.
 std::optional<std::string> contents(const fs::path& path) {
   std::error_code error;
   const std::uintmax_t size = fs::file_size(path, error);
@@ -42,7 +42,7 @@ std::optional<std::string> contents(const fs::path& path) {
 }
 
 [[noreturn]] void failOfNoZone(std::string_view text) {
-  // Other texts are not repeated: they may have any length and any bytes.
+  // Do not repeat other texts: they may be long or have any bytes.
   if (!isZoneSpelling(text)) throw PlaceFault("There is no time zone of that name.");
   throw PlaceFault("There is no time zone " + std::string(text) + ".");
 }
@@ -72,7 +72,7 @@ ZoneFolder ZoneFolder::ofMachine() {
   constexpr std::array UsualFolders = {"/usr/share/zoneinfo", "/usr/lib/zoneinfo",
                                        "/usr/share/lib/zoneinfo", "/etc/zoneinfo"};
   const auto* const found = std::ranges::find_if(UsualFolders, isFolder);
-  if (found == UsualFolders.end()) throw PlaceFault("This machine has no time zone database.");
+  if (found == UsualFolders.end()) throw PlaceFault("This computer has no time zone database.");
   return ZoneFolder(*found);
 }
 
@@ -114,7 +114,7 @@ std::string ZoneFolder::find(std::string_view text) const {
 std::string ZoneFolder::oneOf(const std::vector<std::string>& zones, std::string_view text) const {
   if (zones.empty()) failOfNoZone(text);
   if (!areTheSame(zones)) failOfSeveral(zones);
-  // Old names of a zone are kept beside the present one, which has a town.
+  // Databases keep the old names of a zone; only the present one has a town.
   const auto present = std::ranges::find_if(
       zones, [this](const std::string& name) { return placeOf(name).has_value(); });
   return present == zones.end() ? zones.front() : *present;
@@ -130,7 +130,8 @@ std::string ZoneFolder::read(std::string_view name) const {
   const auto file = isZoneName(name) ? inside(name) : std::nullopt;
   if (!file) failOfNoZone(name);
   auto bytes = contents(*file);
-  if (!bytes) throw PlaceFault("The file of the time zone " + std::string(name) + " is damaged.");
+  if (!bytes)
+    throw PlaceFault("The file of the time zone " + std::string(name) + " cannot be read.");
   return *std::move(bytes);
 }
 
@@ -150,7 +151,7 @@ bool ZoneFolder::has(std::string_view name) const {
   return isZoneName(name) && inside(name).has_value();
 }
 
-/// The regular file of a name, all links resolved; nothing if it is not in the folder.
+/// The regular file of a name, with links resolved; nothing if it is outside the folder.
 std::optional<fs::path> ZoneFolder::inside(std::string_view name) const {
   std::error_code error;
   fs::path file = fs::canonical(root_ / name, error);

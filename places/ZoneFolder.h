@@ -8,7 +8,7 @@
 
 namespace veldrin {
 
-/// The town that a zone is named after, as the database's zone.tab has it.
+/// The town that a zone is named after, from the table zone.tab of the database.
 struct ZonePlace {
   std::string name;  ///< the last part of the zone's name, with blanks: "New York"
   double latitude;   ///< degrees [-90:90], north positive, to four digits
@@ -17,30 +17,29 @@ struct ZonePlace {
   bool operator==(const ZonePlace&) const = default;
 };
 
-/// A time zone database: a folder with one compiled file for each zone (RFC 8536). Only files that
-/// lie inside the folder are read, wherever a name or a link in the folder leads.
+/// A time zone database: a folder with one compiled file for each zone (RFC 8536). Reads no file
+/// outside the folder, even if a name or a link leads there.
 class ZoneFolder {
  public:
-  /// Throws `PlaceFault` if `folder` is not a folder. It may be a link to one.
+  /// `folder` may be a link. Throws `PlaceFault` if it is not a folder.
   explicit ZoneFolder(const std::filesystem::path& folder);
 
-  /// The database of this machine: the folder in `TZDIR`, else the first of the usual ones that
-  /// exists. Throws `PlaceFault` if there is none.
+  /// The database of this computer: the folder in `TZDIR`, else the first usual one that exists.
+  /// Throws `PlaceFault` if there is none.
   static ZoneFolder ofMachine();
 
-  /// The names of all zones, in order, without opening their files.
+  /// The names of all zones, sorted. Opens no file.
   [[nodiscard]] std::vector<std::string> names() const;
 
-  /// The full name of the zone that a user means. `text` is the zone's name or, where only one zone
-  /// ends so, its last part. Case does not matter, and a blank means "_". Throws `PlaceFault` if
-  /// there is no such zone or more than one.
+  /// The full name of the zone that a user means. `text` is the name of the zone or its last part,
+  /// in any case and with blanks for "_". Throws `PlaceFault` unless this is exactly one zone.
   [[nodiscard]] std::string find(std::string_view text) const;
 
-  /// The bytes of a zone's file. Throws `PlaceFault` if there is no such zone, or if its file
-  /// cannot be read or is too large for one.
+  /// The bytes of the file of a zone. Throws `PlaceFault` if there is no such zone, or if the file
+  /// is too large or cannot be read.
   [[nodiscard]] std::string read(std::string_view name) const;
 
-  /// The town of a zone; nothing for a zone that stands for none, such as "Etc/UTC".
+  /// The town of a zone; nothing for a zone without a town, such as "Etc/UTC".
   [[nodiscard]] std::optional<ZonePlace> placeOf(std::string_view name) const;
 
  private:

@@ -15,23 +15,22 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The name at the end of a path into a time zone database; empty if it leads into none.
+/// The name of the zone in a path into a time zone database; empty for any other path.
 std::string nameInPath(std::string_view path) {
   constexpr std::string_view Folder = "/zoneinfo/";
   const std::size_t at = path.rfind(Folder);
   return at == std::string_view::npos ? "" : std::string(path.substr(at + Folder.size()));
 }
 
-/// By POSIX, with the forms of the C library: ":name", "name", a path, or nothing for Universal
-/// Time.
+/// The forms of POSIX and of the C library: ":name", "name", a path, or empty for Universal Time.
 std::string nameInVariable(std::string_view value) {
   if (value.starts_with(':')) value.remove_prefix(1);
   if (value.empty()) return "UTC";
   return value.starts_with('/') ? nameInPath(value) : std::string(value);
 }
 
-/// The zone that a link leads to. The zone's own file may be a link to that of another zone, so the
-/// links are followed only as far as a database.
+/// The zone that a link leads to; empty if it leads to none. Follows links only up to a database,
+/// where the file of a zone may be a link to that of another.
 std::string nameOfLink(fs::path link) {
   constexpr int MostLinks = 8;
   for (int count = 0; count < MostLinks; ++count) {
@@ -57,7 +56,7 @@ std::string zoneHere(const fs::path& settings) {
   for (std::string name : {nameOfLink(settings / "localtime"), firstLine(settings / "timezone")}) {
     if (isZoneName(name)) return name;
   }
-  throw PlaceFault("This machine does not tell the name of its time zone.");
+  throw PlaceFault("The name of this computer's time zone is unknown.");
 }
 
 }  // namespace veldrin

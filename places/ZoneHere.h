@@ -5,9 +5,9 @@
 
 namespace veldrin {
 
-/// The name of this machine's time zone: that in `TZ`, else the one that the link `localtime` in
-/// `settings` leads to, else the first line of the file `timezone` there. Throws `PlaceFault` if
-/// none of them has a name, which need not be that of a zone of the database.
+/// The name of this computer's time zone, from the variable `TZ`, else from the target of the link
+/// `localtime` in the folder `settings`, else from the first line of its file `timezone`. The
+/// database may lack this zone. Throws `PlaceFault` if none of the three has a name.
 std::string zoneHere(const std::filesystem::path& settings = "/etc");
 
 }  // namespace veldrin

@@ -19,7 +19,7 @@ bool isLetter(char character) {
   return small(character) >= 'a' && small(character) <= 'z';
 }
 
-bool isOfNames(char character) {
+bool isZoneLetter(char character) {
   return isLetter(character) || (character >= '0' && character <= '9') ||
          std::string_view("_-+/").find(character) != std::string_view::npos;
 }
@@ -30,13 +30,13 @@ bool isZoneName(std::string_view name) {
   constexpr std::size_t LongestName = 100;
   return !name.empty() && name.size() <= LongestName && isCapital(name.front()) &&
          name.back() != '/' && name.find("//") == std::string_view::npos &&
-         std::ranges::all_of(name, isOfNames);
+         std::ranges::all_of(name, isZoneLetter);
 }
 
 bool isZoneSpelling(std::string_view text) {
   if (text.empty() || !isLetter(text.front())) return false;
   std::string name = foldedZone(text);
-  name.front() = 'A';  // as a zone begins, whatever the letter
+  name.front() = 'A';  // any letter may begin a spelling
   return isZoneName(name);
 }
 

@@ -8,16 +8,14 @@ namespace veldrin {
 // The names of time zones: one to three parts such as "America/Argentina/Ushuaia", of letters,
 // digits, "_", "-" and "+". A name has no dot, so it cannot lead out of the database's folder.
 
-/// Whether the database can have a zone of this name. Each zone begins with a capital letter; the
-/// other files of the database ("posixrules", "zone.tab") and its second copies ("posix/",
-/// "right/") do not.
+/// Whether the database can have a zone with this name. Zones begin with a capital letter, unlike
+/// the other files of a database ("posixrules", "zone.tab") and its copies ("posix/", "right/").
 bool isZoneName(std::string_view name);
 
-/// Whether a user can mean a zone by the text: a name or a part of one, in any case and with blanks
-/// for "_".
+/// Whether the text may be a name of a zone or its last part, in any case and with blanks for "_".
 bool isZoneSpelling(std::string_view text);
 
-/// What two spellings of one zone have in common: small letters, and "_" for a blank.
+/// The text in lower case, with "_" for each blank. The same for all spellings of a zone.
 std::string foldedZone(std::string_view text);
 
 /// The part of a name after the last "/".

@@ -12,14 +12,14 @@
 namespace veldrin {
 namespace {
 
-/// Takes what stands before the mark off the text, and the mark with it.
+/// Removes the text before a mark, and the mark; returns the text before.
 std::string_view take(std::string_view& text, char mark) {
   const std::string_view taken = text.substr(0, text.find(mark));
   text.remove_prefix(std::min(taken.size() + 1, text.size()));
   return taken;
 }
 
-/// A number of so many digits and no other character; nothing if there are fewer.
+/// The number of `count` digits at `from`; nothing if there is any other character.
 std::optional<int> digits(std::string_view text, std::size_t from, std::size_t count) {
   if (text.size() < from + count) return std::nullopt;
   int value = 0;
@@ -29,7 +29,7 @@ std::optional<int> digits(std::string_view text, std::size_t from, std::size_t c
   return value;
 }
 
-/// An angle of ISO 6709 as degrees, to four digits.
+/// An angle of ISO 6709 in degrees, to four digits after the point.
 std::optional<double> angle(std::string_view text, std::size_t degreeDigits, double limit) {
   const bool hasSeconds = text.size() == 1 + degreeDigits + 4;
   if (!hasSeconds && text.size() != 1 + degreeDigits + 2) return std::nullopt;

@@ -1,8 +1,9 @@
 #include "shell/host/Complaint.h"
 
-#include <algorithm>
 #include <cstdio>
 #include <string>
+
+#include "shell/host/PlainText.h"
 
 namespace veldrin {
 namespace {
@@ -11,18 +12,10 @@ void write(std::string_view text) noexcept {
   static_cast<void>(std::fwrite(text.data(), 1, text.size(), stderr));
 }
 
-bool isControl(char character) {
-  const auto code = static_cast<unsigned char>(character);
-  return code < ' ' || code == 0x7F;
-}
-
 }  // namespace
 
 void complain(std::string_view program, std::string_view sentence) {
-  std::string line(program);
-  line.append(": ").append(sentence);
-  std::ranges::replace_if(line, isControl, '?');
-  write(line + "\n");
+  write(std::string(program) + ": " + onOneLine(sentence) + "\n");
 }
 
 void complainOfMemory(std::string_view program) noexcept {

@@ -4,8 +4,7 @@
 
 namespace veldrin {
 
-/// Writes "PROGRAM: SENTENCE" to standard error, on one line: control characters of ASCII become
-/// "?". Ignores a failed write.
+/// Writes "PROGRAM: SENTENCE" to standard error, as `onOneLine` has it. Ignores a failed write.
 void complain(std::string_view program, std::string_view sentence);
 
 /// Writes that there is not enough memory. Allocates none.

@@ -31,7 +31,7 @@ struct Point {
   double x, y;
 };
 
-/// The rings of a path of M, h, v and z, each closed by itself.
+/// The closed rings of a path with the commands M, h, v and z.
 std::vector<std::vector<Point>> ringsOf(const std::string& data) {
   std::vector<std::vector<Point>> rings;
   const char* next = data.c_str();
@@ -78,7 +78,7 @@ bool isInside(const std::vector<Point>& ring, const Point& point) {
   return inside;
 }
 
-/// The bands of a picture, as a reader of SVG sees them.
+/// The bands of a picture, read from its SVG text.
 struct Picture {
   std::array<std::vector<std::vector<Point>>, BandNames.size()> bands;
 
@@ -98,7 +98,7 @@ struct Picture {
     return sum;
   }
 
-  /// The numbers of the bands that cover a point.
+  /// The indices of the bands that cover a point.
   [[nodiscard]] std::vector<std::size_t> bandsAt(const Point& point) const {
     std::vector<std::size_t> found;
     for (std::size_t band = 0; band < bands.size(); ++band) {
@@ -138,7 +138,7 @@ const std::vector<Case> Cases{
 
 class ChartTest : public ValuesTest {};
 
-/// The number of altitudes of the calendar that the Sun is above.
+/// The number of altitudes of the calendar below the Sun.
 std::size_t bandBySky(const Place& place, double moment) {
   const Sky sky(place.latitude, place.longitude);
   const double day = std::floor(moment / MinutesOfDay);
@@ -151,7 +151,7 @@ std::size_t bandBySky(const Place& place, double moment) {
   return band;
 }
 
-// Random minutes of random days, many of them in the months in which a clock changes.
+// Random minutes of random days, more of them in the months of clock changes.
 TEST_F(ChartTest, EachPointHasTheLightOfItsMoment) {
   std::mt19937 source(1);  // NOLINT: the same days in each run
   const auto random = [&](std::int64_t end) {
@@ -183,8 +183,7 @@ TEST_F(ChartTest, BandsCoverTheYearOnce) {
   }
 }
 
-// Each sunrise of the calendar is the upper edge of the day: night's side above it, day's below.
-TEST_F(ChartTest, SunriseInTheCalendarIsTheEdgeOfTheDay) {
+TEST_F(ChartTest, SunrisesAndSunsetsAreTheEdgesOfTheDay) {
   const auto& [place, year] = Cases.front();
   const Picture picture(chart(place, "", year, [] {}));
   const std::array sines{solar::sineAtHorizon(solar::Rads)};
@@ -219,8 +218,8 @@ TEST_F(ChartTest, NamesAreEscapedAndNothingIsFetched) {
   }
 }
 
-// Freiburg: the times of sunrise and sunset that almanacs print, to a minute or two.
-TEST_F(ChartTest, ExtremesAreThoseThatPeopleKnow) {
+// Freiburg: the times of printed almanacs, to two minutes.
+TEST_F(ChartTest, ExtremesAgreeWithPrintedAlmanacs) {
   const auto& [place, year] = Cases.front();
   const std::int64_t first = dayNumber(2026, 1, 1);
   const YearExtremes extremes =

@@ -32,7 +32,7 @@ TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) 
     char expected[64];
     std::snprintf(expected, sizeof expected, "%s at %02d:%02d", rises ? "Sunrise" : "Sunset",
                   start.hour, start.minute);
-    // The reader drops the blank at the start of the value.
+    // The reader drops the leading blank.
     ASSERT_STREQ(icalcomponent_get_summary(event), expected);
     ASSERT_EQ(sys_days(year(start.year) / start.month / start.day), day) << expected;
     ASSERT_EQ(start.second, 0);

@@ -19,7 +19,7 @@ Outcome inspect(const std::string& arguments) {
   return runScript("'" VELDRIN_INSPECT "' " + arguments);
 }
 
-TEST(InspectTest, PrintsTheClassesAsTheyWereBuiltAndEachFromItsTable) {
+TEST(InspectTest, PrintsTheClassesInBuildOrderAndTheTableOfEach) {
   EXPECT_THAT(inspect("classes").output,
               AllOf(StartsWith("DragItem\nWindow\nRuntimeException\nNilObjectException\n"),
                     EndsWith("\nVeldrin.Veldrin\nApp\nMenuBar1.MenuBar1\n")));
@@ -33,7 +33,7 @@ TEST(InspectTest, PrintsTheClassesAsTheyWereBuiltAndEachFromItsTable) {
                         "ShortDate %s%o<Date>\n"));
 }
 
-TEST(InspectTest, WritesEachStreamOfTheFormToAFileOfItsObject) {
+TEST(InspectTest, WritesEachStreamOfTheFormToAFileWithItsName) {
   const TemporaryFolder temporary;
   const std::filesystem::path& folder = temporary.path;
   EXPECT_EQ(inspect("form " + folder.string()).status, 0);
@@ -47,7 +47,7 @@ TEST(InspectTest, WritesEachStreamOfTheFormToAFileOfItsObject) {
   EXPECT_THAT(refused.errors, HasSubstr("Cannot write to " + folder.string()));
 }
 
-TEST(InspectTest, WrongWordsAreOneSentenceAndStatusTwo) {
+TEST(InspectTest, InvalidArgumentsAreOneSentenceAndStatus2) {
   for (const char* const arguments : {"", "nothing", "class", "class No.Such", "classes all"}) {
     const Outcome run = inspect(arguments);
     EXPECT_EQ(run.status, 2) << arguments;

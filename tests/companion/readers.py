@@ -1,4 +1,4 @@
-"""readers.py VELDRIN-CALENDAR: what two readers of calendars and one of XML find in its documents."""
+"""readers.py VELDRIN-CALENDAR: reads its documents with two readers of calendars and one of XML."""
 import subprocess
 import sys
 from xml.etree import ElementTree

@@ -19,7 +19,7 @@ constexpr double at(std::int64_t year, std::int32_t month, std::int32_t day, dou
 const ClockRules LordHowe(660.0,
                           {{at(2026, 4, 4, 15, 0), 630.0}, {at(2026, 10, 3, 15, 30), 660.0}});
 
-TEST(ClockRulesTest, RepeatedTimesAreTheFirstAndSkippedOnesGoOn) {
+TEST(ClockRulesTest, ARepeatedTimeIsItsFirstMomentAndASkippedTimeALaterOne) {
   const struct {
     std::int32_t month, day;
     double hour, minute, moment;
@@ -50,7 +50,7 @@ TEST(ClockRulesTest, ApiaHadNoDecember30) {
   EXPECT_EQ(apia.momentOf(dayNumber(2011, 12, 30), 720.0), change + 720.0);
 }
 
-TEST(ClockRulesTest, ADayMayComeInTwoPieces) {
+TEST(ClockRulesTest, ADayCanHaveTwoPieces) {
   const ClockRules saintJohns(-150.0, {{at(2006, 10, 29, 2, 31), -210.0}});
   const std::int64_t saturday = dayNumber(2006, 10, 28);
   EXPECT_EQ(saintJohns.spanOf(saturday)->begin, at(2006, 10, 28, 2, 30));
@@ -61,8 +61,8 @@ TEST(ClockRulesTest, ADayMayComeInTwoPieces) {
   EXPECT_EQ(saintJohns.dayAt(at(2006, 10, 29, 3, 30)), saturday + 1);
 }
 
-/// Every day lies in its span, and a moment shows the time that was asked for or, if that was
-/// skipped, a later one.
+/// Each time of a day is inside its span. Its moment shows this time or, if the clock skips it, a
+/// later one.
 TEST(ClockRulesTest, DaysAndMomentsAgree) {
   const struct {
     const char* zone;

@@ -15,7 +15,7 @@ std::string text(const CivilDay& day) {
   return std::to_string(day.year) + '-' + std::to_string(day.month) + '-' + std::to_string(day.day);
 }
 
-/// "zone", "zone: first second", or that with "down under"; for a refusal its sentence.
+/// "zone", "zone: first second" or "zone: first second down under"; the sentence of a refusal.
 std::string formOf(const std::string& zone, std::int64_t year) {
   try {
     const Zone found = zoneNamed(ZoneFolder::ofMachine(), zone, year, year);
@@ -33,7 +33,7 @@ std::string refusal(const std::string& zone, std::int64_t year) {
          std::to_string(year) + "; use --standard.";
 }
 
-TEST(FormClockTest, ZonesAsTheFormSaysThem) {
+TEST(FormClockTest, DescribesZonesInTheTermsOfTheForm) {
   const struct {
     const char* zone;
     std::int64_t year;

@@ -16,7 +16,7 @@
 namespace veldrin::test {
 namespace {
 
-/// The full name of the town that is found, or the sentence that says why none is.
+/// The full name of the town, or the sentence that says why there is none.
 std::string answerTo(std::string_view text) {
   try {
     return fullName(townNamed(text));
@@ -28,7 +28,7 @@ std::string answerTo(std::string_view text) {
 std::vector<TownRow> rowsOfTable() {
   std::vector<TownRow> rows;
   std::string_view rest = townTable();
-  for (TownRow row; takeRow(rest, row);) rows.push_back(row);
+  while (const auto row = takeRow(rest)) rows.push_back(*row);
   return rows;
 }
 
@@ -49,7 +49,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
       {"Αθήνα", "Athens, Attica, GR"},
       {"Київ", "Kyiv, Kyiv City, UA"},
       {"東京都", "Tokyo, Tokyo, JP"},
-      // Case, accents, hyphens, apostrophes, blanks, and letters that do not decompose.
+      // Case, accents, hyphens, apostrophes, blanks, letters that do not decompose.
       {"  mUNCHEN ", "Munich, Bavaria, DE"},
       {"AIX en  Provence", "Aix-en-Provence, Provence-Alpes-Côte d'Azur Region, FR"},
       {"LAquila", "L’Aquila, Abruzzo, IT"},
@@ -58,7 +58,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
       {"KØBENHAVN", "Copenhagen, Capital Region, DK"},
       {"Diyarbakır", "Diyarbakır, Diyarbakır, TR"},
       {"İSTANBUL", "Istanbul, Istanbul, TR"},
-      // A region or a country behind the name.
+      // A region or a country after the name.
       {"Springfield, Illinois", "Springfield, Illinois, US"},
       {"springfield,IL,us", "Springfield, Illinois, US"},
       {"Cambridge, GB", "Cambridge, England, GB"},
@@ -66,7 +66,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
       {"Cambridge, ENG, United Kingdom", "Cambridge, England, GB"},
       {"Valencia, ES", "Valencia, Valencia, ES"},
       {"Burgdorf, Hanover", "Burgdorf, Hanover, Lower Saxony, DE"},
-      // The whole name, and else the first words of it.
+      // The whole name, else its first words.
       {"Ho", "Ho, Volta, GH"},
       {"San", "San, Ségou, ML"},
       {"Freiburg", "Freiburg im Breisgau, Baden-Württemberg, DE"},
@@ -85,18 +85,18 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
        "US; and 3 more."},
       // None.
       {"Munch",
-       "No town is named \"Munch\"; spelled nearly so: Munich, Bavaria, DE; Pūnch, Jammu and "
+       "No town is named \"Munch\"; similar names: Munich, Bavaria, DE; Pūnch, Jammu and "
        "Kashmir, IN; Much, North Rhine-Westphalia, DE."},
       {"Paris, Atlantis",
-       "No town is named \"Paris, Atlantis\"; spelled nearly so: Paris, Île-de-France Region, FR; "
+       "No town is named \"Paris, Atlantis\"; similar names: Paris, Île-de-France Region, FR; "
        "Paris, Texas, US; Parys, Orange Free State, ZA."},
       {"Freibur im Breisgau",
-       "No town is named \"Freibur im Breisgau\"; spelled nearly so: Freiburg im Breisgau, "
+       "No town is named \"Freibur im Breisgau\"; similar names: Freiburg im Breisgau, "
        "Baden-Württemberg, DE."},
       {"xyzzyxx", "No town is named \"xyzzyxx\"."},
       {std::string(29, 'x') + "яяяяяяяяяяяяяяяяя",
        "No town is named \"" + std::string(29, 'x') + "яяяяяяяяяяяяяяя...\"."},
-      // No names.
+      // Texts that cannot be names.
       {"", "The name of a town must have letters."},
       {" ,, ", "The name of a town must have letters."},
       {", GB", "The name of a town must have letters."},
@@ -111,12 +111,12 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
   }
 }
 
-TEST(TownsTest, ATownHasItsZoneUnderThePresentNameAndItsCoordinates) {
+TEST(TownsTest, ATownHasItsCoordinatesAndThePresentNameOfItsZone) {
   const Town kyiv = townNamed("Kyiv");
   EXPECT_EQ(kyiv.zone, "Europe/Kyiv");
   EXPECT_EQ(kyiv.country, "Ukraine");
   EXPECT_EQ(townNamed("Oslo").zone, "Europe/Oslo");
-  // The zone of a part of its region.
+  // Its region has two zones.
   EXPECT_EQ(townNamed("Pensacola").zone, "America/Chicago");
   const Town santiago = townNamed("Santiago, Chile");
   EXPECT_EQ(santiago.latitude, -33.4569);
@@ -124,17 +124,24 @@ TEST(TownsTest, ATownHasItsZoneUnderThePresentNameAndItsCoordinates) {
   EXPECT_EQ(santiago.people, 4837295U);
 }
 
-TEST(TownsTest, TheListHasEveryTownOfANameMostPeopleFirst) {
+TEST(TownsTest, TheListHasAllTownsOfANameLargestFirst) {
   std::vector<std::string> names;
-  for (const Town& town : townsNamed("Freiburg")) names.push_back(fullName(town));
-  EXPECT_THAT(names, testing::ElementsAre("Freiburg im Breisgau, Baden-Württemberg, DE",
+  // Whole names, then the first words, then the first letters.
+  for (const char* text : {"Freiburg", "Ho", "Ho Chi", "Freibu"}) {
+    names.emplace_back(text);
+    for (const Town& town : townsListed(text)) names.push_back(fullName(town));
+  }
+  EXPECT_THAT(names, testing::ElementsAre("Freiburg", "Freiburg im Breisgau, Baden-Württemberg, DE",
+                                          "Fribourg, Canton of Fribourg, CH", "Ho", "Ho, Volta, GH",
+                                          "Ho Chi", "Ho Chi Minh City, Ho Chi Minh City, VN",
+                                          "Freibu", "Freiburg im Breisgau, Baden-Württemberg, DE",
                                           "Fribourg, Canton of Fribourg, CH"));
-  // Twins are both there.
-  EXPECT_EQ(townsNamed("Hayes, England, GB").size(), 2U);
-  EXPECT_TRUE(townsNamed("Atlantis on Sea").empty());
+  // The list has twins.
+  EXPECT_EQ(townsListed("Hayes, England, GB").size(), 2U);
+  EXPECT_TRUE(townsListed("Atlantis on Sea").empty());
 }
 
-TEST(TownsTest, AFullNameGivenBackFindsTheLargestTownOfIt) {
+TEST(TownsTest, AFullNameFindsItsLargestTown) {
   for (const TownRow& row : rowsOfTable()) {
     if (!row.isTown()) continue;
     const Town town = townsOf(row)[0];
@@ -149,7 +156,7 @@ TEST(TownsTest, TheTableIsSortedAndItsRowsAreWellFormed) {
   std::string before;
   std::size_t towns = 0;
   for (const TownRow& row : rowsOfTable()) {
-    // As it is written, the key is its own fold; as the name is, the name's.
+    // A key folds to itself, unless it is spelled like the name of its town.
     const std::string key = fold(row.key);
     EXPECT_TRUE(key == row.key || (row.key.data() == row.name.data() && row.isTown())) << row.key;
     EXPECT_LE(before, key);
@@ -189,7 +196,7 @@ TEST(TownsTest, AKeyFoldsToItself) {
   }
 }
 
-TEST(TownsTest, TheEditDistanceIsThatOfTheFewestEdits) {
+TEST(TownsTest, TheEditDistanceCountsTheFewestEdits) {
   EXPECT_EQ(editDistance(U"kitten", U"sitting", 9), 3U);
   EXPECT_EQ(editDistance(U"kitten", U"sitting", 2), 3U);
   EXPECT_EQ(editDistance(U"", U"abc", 9), 3U);

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 const std::string NoName = "There is no time zone of that name.";
 
-/// An environment variable for as long as it lives.
+/// Sets an environment variable during its lifetime.
 class Variable {
  public:
   Variable(const char* name, const std::string& value) : name_(name) {
@@ -53,7 +53,7 @@ std::string write(const fs::path& file, const std::string& bytes) {
   return file;
 }
 
-TEST(ZoneFolderTest, NamesAsUsersWriteThem) {
+TEST(ZoneFolderTest, FindsNamesInTheSpellingOfUsers) {
   const ZoneFolder folder = ZoneFolder::ofMachine();
   const struct {
     std::string text;
@@ -67,7 +67,7 @@ TEST(ZoneFolderTest, NamesAsUsersWriteThem) {
       {"utc", "UTC"},
       {"etc/gmt+8", "Etc/GMT+8"},
       {"knox", "America/Indiana/Knox"},
-      // Two names of one zone: the one of its town.
+      // A zone with two names: the name with a town.
       {"buenos aires", "America/Argentina/Buenos_Aires"},
       {"istanbul", "Europe/Istanbul"},
       {"Eastern", "Several time zones have that name: Canada/Eastern, US/Eastern."},
@@ -117,7 +117,7 @@ TEST(ZoneFolderTest, NothingLeadsOutOfTheFolder) {
       {"text", "The file of the time zone Text is damaged."},
       {"Empty", "The file of the time zone Empty is damaged."},
       {"Cut", "The file of the time zone Cut is damaged."},
-      {"Large", "The file of the time zone Large is damaged."},
+      {"Large", "The file of the time zone Large cannot be read."},
       {"twin",
        "Several time zones have that name: A/Twin, B/Twin, C/Twin, D/Twin, E/Twin and others."},
       {"", NoName},
@@ -139,7 +139,7 @@ TEST(ZoneFolderTest, NothingLeadsOutOfTheFolder) {
   EXPECT_EQ(folder.placeOf("Europe/Oslo"), (ZonePlace{"Oslo", 59.9167, 10.75}));
 }
 
-TEST(ZoneFolderTest, TheDatabaseIsTheOneOfTzdir) {
+TEST(ZoneFolderTest, TzdirNamesTheDatabase) {
   const TemporaryFolder temporary;
   const auto oslo = [] {
     return resultOf([] { return ZoneFolder::ofMachine().find("Europe/Oslo"); });
@@ -160,7 +160,7 @@ TEST(ZoneFolderTest, TheDatabaseIsTheOneOfTzdir) {
   }
 }
 
-TEST(ZoneFolderTest, TownsAreThoseOfTheTable) {
+TEST(ZoneFolderTest, PlacesComeFromTheTable) {
   const TemporaryFolder temporary;
   write(temporary.path / "zone.tab",
         "# A remark\n"
@@ -178,10 +178,10 @@ TEST(ZoneFolderTest, TownsAreThoseOfTheTable) {
   }
 }
 
-TEST(ZoneHereTest, TheZoneOfThisMachine) {
+TEST(ZoneHereTest, TzCountsBeforeTheLinkAndTheLinkBeforeTheFile) {
   const TemporaryFolder settings;
   const auto here = [&] { return resultOf([&] { return zoneHere(settings.path); }); };
-  EXPECT_EQ(here(), "This machine does not tell the name of its time zone.");
+  EXPECT_EQ(here(), "The name of this computer's time zone is unknown.");
   write(settings.path / "timezone", "Asia/Tokyo\n");
   EXPECT_EQ(here(), "Asia/Tokyo");
   fs::create_symlink("other", settings.path / "localtime");

@@ -16,7 +16,7 @@
 namespace veldrin::test {
 namespace {
 
-/// The C library with a value of `TZ`: a rule, or ":" and the name of a zone.
+/// Sets `TZ` for the C library: a rule, or ":" and the name of a zone.
 class ZoneOfCLibrary {
  public:
   explicit ZoneOfCLibrary(const std::string& value) {
@@ -41,8 +41,8 @@ std::int64_t offsetAt(const ClockRules& rules, std::int64_t second) {
   return std::llround(rules.offsetAt(static_cast<double>(second) / 60.0) * 60.0);
 }
 
-/// The first second of a year, a month on both sides included, at which the two differ; 0 if none
-/// does. The C library's own changes are found by halving, and both of their seconds compared.
+/// The first second of a year, or of a month before or after it, at which the two differ; 0 if
+/// there is none. Compares the two seconds around each change of the C library.
 std::int64_t firstDifference(const ClockRules& rules, std::int64_t year) {
   constexpr std::int64_t Step = 19 * 3600 + 59;
   const std::int64_t end = dayNumber(year + 1, 2, 1) * SecondsOfDay;

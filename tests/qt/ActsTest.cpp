@@ -18,7 +18,7 @@ using ActsOnDesktopTest = QtTest;
 
 constexpr const char* June21 = "6/21/2024\rSunrise = 05:13\rSunset = 21:11";
 
-TEST_F(ActsOnDesktopTest, AFieldIsLeftByKeyByMouseAndByAButton) {
+TEST_F(ActsOnDesktopTest, AFieldLosesTheFocusByKeyMouseOrButton) {
   const struct {
     const char* way;
     std::function<void()> leave;
@@ -57,7 +57,7 @@ TEST_F(ActsOnDesktopTest, KeysPressTickAndChoose) {
   EXPECT_EQ(person->shown("DSTEnd"), "11/1/2009");
 }
 
-TEST_F(ActsOnDesktopTest, AKeyOfTheMenusIsAChoiceInThem) {
+TEST_F(ActsOnDesktopTest, AShortcutChoosesItsMenuItem) {
   static int chosen;
   chosen = 0;
   const Ref<Delegate> count = RuntimeCreateDelegate(
@@ -70,11 +70,11 @@ TEST_F(ActsOnDesktopTest, AKeyOfTheMenusIsAChoiceInThem) {
   copy();
   EXPECT_EQ(chosen, 1);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
-  // It is offered though there is nothing that could be copied.
+  // The handler counts even without a selection to copy.
   field("Latitude").deselect();
   copy();
   EXPECT_EQ(chosen, 2);
-  // What the program keeps from being chosen is not done by its key either.
+  // The shortcut of a disabled item does nothing.
   field("Latitude").selectAll();
   window()->_AddMenuHandler("EditCopy"_s, nullptr);
   copy();
@@ -85,7 +85,7 @@ TEST_F(ActsOnDesktopTest, AKeyOfTheMenusIsAChoiceInThem) {
   EXPECT_FALSE(field("Latitude").hasSelectedText());
 }
 
-TEST_F(ActsOnDesktopTest, WhatIsDroppedIsLeftLikeWhatIsTyped) {
+TEST_F(ActsOnDesktopTest, ADroppedTextCountsWhenTheFieldLosesTheFocus) {
   widget("BackOneDay").setFocus();
   field("Latitude").setCursorPosition(0);
   QMimeData text;
@@ -100,7 +100,7 @@ TEST_F(ActsOnDesktopTest, WhatIsDroppedIsLeftLikeWhatIsTyped) {
   EXPECT_NE(status(), June21);
 }
 
-TEST_F(ActsOnDesktopTest, AWheelChoosesOnlyInTheListThatHasTheFocus) {
+TEST_F(ActsOnDesktopTest, AWheelChangesTheListOnlyIfItHasTheFocus) {
   auto& list = widget("WhichYear");
   for (const char* const year : {"2008", "2009"}) {
     QWheelEvent down({5, 5}, list.mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {},
@@ -111,7 +111,7 @@ TEST_F(ActsOnDesktopTest, AWheelChoosesOnlyInTheListThatHasTheFocus) {
   }
 }
 
-TEST_F(ActsOnDesktopTest, WhatAScreenReaderDoesBehindADialogIsTakenBack) {
+TEST_F(ActsOnDesktopTest, ChangesByAScreenReaderBehindADialogAreUndone) {
   whenAsked([](QDialog& dialog) {
     widget<QCheckBox>("DownUnderFlag").click();
     widget<QComboBox>("WhichYear").setCurrentIndex(3);
@@ -124,12 +124,12 @@ TEST_F(ActsOnDesktopTest, WhatAScreenReaderDoesBehindADialogIsTakenBack) {
   EXPECT_TRUE(window()->DownUnderFlag()->Value());
 }
 
-TEST_F(ActsOnDesktopTest, AnyNumberOfPressesIsAnswered) {
+TEST_F(ActsOnDesktopTest, TenThousandPressesMoveTenThousandDays) {
   for (int press = 0; press < 10'000; ++press) widget<QPushButton>("ForwardOneDay").click();
   EXPECT_EQ(status().substr(0, status().find('\r')), "11/7/2051");
 }
 
-TEST_F(ActsOnDesktopTest, WhateverIsPastedTheWindowAnswers) {
+TEST_F(ActsOnDesktopTest, TheWindowKeepsWorkingAfterALongPaste) {
   const std::string text = std::string(1'000'000, '7') + "\xED\xA0\x80\r\n%s&";
   for (const char* const name : {"Latitude", "DSTStart"}) {
     type(name, text);
@@ -140,8 +140,8 @@ TEST_F(ActsOnDesktopTest, WhateverIsPastedTheWindowAnswers) {
   EXPECT_EQ(status().substr(0, 9), "6/22/2024");
 }
 
-/// The letters of the items that can be chosen when the menu opens: Undo, cuT, Copy, Paste,
-/// Delete, select All.
+/// The letters of the items that are enabled when the menu opens: Undo, cuT, Copy, Paste, Delete,
+/// select All.
 std::string enabledLetters() {
   Q_EMIT QtPerson::widget<QMenu>("EditMenu").aboutToShow();
   std::string letters;
@@ -158,7 +158,7 @@ std::string enabledLetters() {
 
 using EditMenuTest = QtTest;
 
-TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
+TEST_F(EditMenuTest, ItemsAreEnabledIfTheFieldCanCarryThemOut) {
   QApplication::clipboard()->clear();
   field("Latitude").setFocus();
   field("Latitude").deselect();
@@ -182,7 +182,7 @@ TEST_F(EditMenuTest, ItemsAreEnabledAsFarAsTheFieldCanCarryThemOut) {
   field("TimeZone").selectAll();
   item("EditCopy").trigger();
   EXPECT_EQ(QApplication::clipboard()->text(), "-8");
-  // A text that the program sets is nothing to undo.
+  // A change by the program cannot be undone.
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
   field("DSTStart").setFocus();
   field("DSTStart").deselect();

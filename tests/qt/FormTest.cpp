@@ -1,7 +1,8 @@
 #include <QLabel>
-#include <algorithm>
 #include <clocale>
+#include <set>
 #include <string>
+#include <string_view>
 
 #include "daystatus/FormParts.h"
 #include "tests/qt/QtPerson.h"
@@ -41,34 +42,112 @@ TEST_F(FormOnDesktopTest, EveryTextFitsAtUsualFontSizes) {
   QApplication::setFont(before);
 }
 
-TEST_F(FormOnDesktopTest, FramesAreVisibleOnADarkDesktop) {
+/// What differs from a plain text of the desktop: alignment, font, colours, and kind of field.
+std::string look(std::string_view name) {
+  const QWidget& shown = QtPerson::widget(name);
+  const auto* const label = qobject_cast<const QLabel*>(&shown);
+  const auto* const field = qobject_cast<const QLineEdit*>(&shown);
+  const Qt::Alignment alignment = label != nullptr   ? label->alignment()
+                                  : field != nullptr ? field->alignment()
+                                                     : Qt::AlignLeft;
+  std::string text = alignment.testFlag(Qt::AlignRight)     ? "right"
+                     : alignment.testFlag(Qt::AlignHCenter) ? "centre"
+                                                            : "left";
+  const QFont& font = shown.font();
+  const auto add = [&](bool isSo, const std::string& word) { text += isSo ? " " + word : ""; };
+  add(font.family() != QApplication::font().family(), font.family().toStdString());
+  add(font.bold(), "bold");
+  add(font.italic(), "italic");
+  add(font.underline(), "underline");
+  const auto addColour = [&](QPalette::ColorRole role) {
+    const QColor colour = shown.palette().color(role);
+    add(colour != QApplication::palette().color(role), colour.name().toStdString());
+  };
+  addColour(field != nullptr ? QPalette::Text : QPalette::WindowText);
+  addColour(field != nullptr ? QPalette::Base : QPalette::Window);
+  if (field == nullptr) return text;
+  add(!field->hasFrame(), "frameless");
+  add(field->isReadOnly(), "read-only");
+  add(field->echoMode() == QLineEdit::Password, "password");
+  add(!field->placeholderText().isEmpty(), field->placeholderText().toStdString());
+  return text;
+}
+
+TEST_F(FormOnDesktopTest, ControlsLookAsTheFormAndTheProgramSay) {
+  const std::set<std::string_view> right{"StaticText1", "StaticText2", "StaticText4", "StaticText5",
+                                         "StaticText6"};
+  for (const ControlRow& row : FormTable) {
+    const std::string expected = row.name == "Status"       ? "centre"
+                                 : right.contains(row.name) ? "right"
+                                                            : "left";
+    EXPECT_EQ(look(row.name), expected) << row.name;
+  }
+  const struct {
+    const char *control, *property;
+    Variant value;
+    std::string look;
+  } rows[] = {
+      {"StaticText1", "TextAlign", 0, "left"},
+      {"StaticText1", "TextAlign", 1, "centre"},
+      {"StaticText1", "TextAlign", 3, "left"},
+      {"StaticText1", "Bold", true, "left bold"},
+      {"StaticText1", "Italic", true, "left bold italic"},
+      {"StaticText1", "TextColor", Color{0, 0, 255}, "left bold italic #0000ff"},
+      {"Latitude", "Alignment", 2, "centre"},
+      {"Latitude", "Alignment", 3, "right"},
+      {"Latitude", "Alignment", 4, "left"},
+      {"Latitude", "TextColor", Color{1, 2, 3}, "left #010203"},
+      {"Latitude", "BackColor", Color{4, 5, 6}, "left #010203 #040506"},
+      {"Latitude", "TextColor", Black, "left #040506"},
+      {"Latitude", "BackColor", White, "left"},
+      {"Latitude", "Border", false, "left frameless"},
+      {"Latitude", "ReadOnly", true, "left frameless read-only"},
+      {"Latitude", "Password", true, "left frameless read-only password"},
+      {"Latitude", "CueText", "north"_s, "left frameless read-only password north"},
+      {"GenerateButton", "Underline", true, "left underline"},
+      {"GenerateButton", "TextFont", "Courier"_s, "left Courier underline"},
+      {"WhichYear", "Italic", true, "left italic"},
+      {"DownUnderFlag", "Bold", true, "left bold"},
+  };
+  for (const auto& row : rows) {
+    setValue(RuntimeWindowControlByName(*window(), String(row.control)), row.property, row.value);
+    EXPECT_EQ(look(row.control), row.look) << row.control << '.' << row.property;
+  }
+}
+
+TEST_F(FormOnDesktopTest, FramesAreVisibleOnADarkDesktopAndOnePixelWide) {
   const QPalette before = QApplication::palette();
   for (const QColor& ground : {QColor(42, 46, 50), QColor(Qt::black)}) {
+    SCOPED_TRACE(ground.name().toStdString());
     QApplication::setPalette(QPalette(ground, ground));
     QCoreApplication::processEvents();
     const QImage picture = QtPerson::window().centralWidget()->grab().toImage();
-    const QRect panel = widget("Placard1").geometry();
-    for (const QPoint at :
-         {QPoint(panel.left(), panel.center().y()), QPoint(panel.right(), panel.center().y()),
-          QPoint(panel.center().x(), panel.top()), QPoint(panel.center().x(), panel.bottom())}) {
-      EXPECT_GT(picture.pixelColor(at).lightnessF() - ground.lightnessF(), 0.25F)
-          << "the panel at " << at.x() << ' ' << at.y() << " on " << ground.name().toStdString();
+    const auto isLine = [&](int x, int y) {
+      return picture.pixelColor(x, y).lightnessF() - ground.lightnessF() > 0.25F;
+    };
+    for (const char* const name : {"Placard1", "Placard2", "Placard3"}) {
+      const QRect panel = widget(name).geometry();
+      const QRect inside = panel.adjusted(1, 1, -1, -1);
+      const QRect around = panel.adjusted(-1, -1, 1, 1);
+      for (int y = around.top(); y <= around.bottom(); ++y) {
+        for (int x = around.left(); x <= around.right(); ++x) {
+          if (inside.adjusted(1, 1, -1, -1).contains(x, y)) continue;
+          const bool isEdge = panel.contains(x, y) && !inside.contains(x, y);
+          ASSERT_EQ(isLine(x, y), isEdge) << name << " at " << x << ' ' << y;
+        }
+      }
     }
     for (const char* const name : {"Longitude", "DownUnderFlag"}) {
-      // The first pixels from the left edge, in the middle row.
       const QRect place = widget(name).geometry();
-      float brightest = 0.0F;
-      for (int x = place.left(); x < place.left() + 3; ++x) {
-        brightest = std::max(brightest, picture.pixelColor(x, place.center().y()).lightnessF());
-      }
-      EXPECT_GT(brightest - ground.lightnessF(), 0.25F)
-          << name << " on " << ground.name().toStdString();
+      const int y = place.center().y();
+      const int x = place.left();
+      EXPECT_TRUE(isLine(x, y) || isLine(x + 1, y) || isLine(x + 2, y)) << name;
     }
   }
   QApplication::setPalette(before);
 }
 
-TEST_F(FormOnDesktopTest, TheIconIsThereAtTheSizesOfPanelsAndLists) {
+TEST_F(FormOnDesktopTest, TheIconHasTheSizesOfPanelsAndLists) {
   for (const int size : {16, 32, 48, 128}) {
     const QImage picture = QtPerson::window().windowIcon().pixmap(size).toImage();
     ASSERT_EQ(picture.size(), QSize(size, size));
@@ -77,12 +156,12 @@ TEST_F(FormOnDesktopTest, TheIconIsThereAtTheSizesOfPanelsAndLists) {
   }
 }
 
-TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryKeepTheirPoint) {
+TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryHaveADecimalPoint) {
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
 
-TEST(NoDisplayTest, TheProgramSaysSoInOneSentenceAndEndsWithStatus1) {
-  // No display is set; no display answers.
+TEST(NoDisplayTest, OneSentenceAndStatus1) {
+  // No display is set, or the display does not answer.
   for (const std::string setting : {"unset DISPLAY", "export DISPLAY=:4242"}) {
     SCOPED_TRACE(setting);
     const Outcome run = runScript("unset QT_QPA_PLATFORM WAYLAND_DISPLAY XDG_SESSION_TYPE; " +
@@ -104,7 +183,7 @@ TEST_F(FormOnDesktopTest, AChangedFieldKeepsItsSelectionAndUndo) {
   field->Bold(true);
   EXPECT_EQ(shown.selectedText(), "1");
   EXPECT_TRUE(shown.isUndoAvailable());
-  // Invalid UTF-8 stays as the program has set it.
+  // The control keeps invalid UTF-8 unchanged.
   field->Text(String("\xFF"));
   EXPECT_EQ(text(field->Text()), "\xFF");
   const double points = shown.font().pointSizeF();

@@ -24,7 +24,7 @@ QtPerson::QtPerson() {
 }
 
 QtPerson::~QtPerson() {
-  EXPECT_TRUE(answers_.empty()) << answers_.size() << " dialogs have not come";
+  EXPECT_TRUE(answers_.empty()) << answers_.size() << " dialogs did not open";
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -134,7 +134,7 @@ QtPerson::Answer QtPerson::nextAnswer() {
     return [](QDialog& unexpected) {
       const auto* const box = qobject_cast<QMessageBox*>(&unexpected);
       const bool onlySays = box != nullptr && box->standardButtons() == QMessageBox::Ok;
-      EXPECT_TRUE(onlySays) << "a question that nobody expects";
+      EXPECT_TRUE(onlySays) << "an unexpected question";
       unexpected.reject();
     };
   }
@@ -148,7 +148,7 @@ void QtPerson::attend() {
   if (dialog == nullptr || !dialog->isVisible() || scheduled_) return;
   if (std::ranges::find(attended_, dialog) != attended_.end()) return;
   scheduled_ = true;
-  // Behind this call, since the answer may open a dialog of its own.
+  // After this call, since the answer may open another dialog.
   QTimer::singleShot(0, dialog, [this, dialog, answer = nextAnswer()] {
     scheduled_ = false;
     attended_.push_back(dialog);

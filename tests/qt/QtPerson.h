@@ -20,12 +20,12 @@
 
 namespace veldrin::test {
 
-/// Acts through the widgets of a desktop that has no screen, with keys and mouse.
+/// Uses the widgets with keys and mouse, on a platform without a screen.
 class QtPerson final : public Person {
  public:
   using Answer = std::function<void(QDialog&)>;
 
-  /// The one toolkit of the process, as there can be one application object.
+  /// The toolkit of the process; Qt allows one application object.
   static inline QtToolkit* theToolkit = nullptr;
 
   QtPerson();
@@ -38,8 +38,8 @@ class QtPerson final : public Person {
     return *window().findChild<Widget*>(QString::fromStdString(std::string(name)));
   }
 
-  /// Answers a dialog to come, in the order in which they come. With no answer left, one that asks
-  /// something fails the test.
+  /// Adds an answer; each dialog takes the next one. A dialog with a question and no answer left
+  /// fails the test.
   void whenAsked(Answer answer) { answers_.push_back(std::move(answer)); }
 
   Toolkit& toolkit() override { return *theToolkit; }
@@ -63,12 +63,12 @@ class QtPerson final : public Person {
   Answer nextAnswer();
 
   std::deque<Answer> answers_;
-  bool scheduled_ = false;          ///< an answer waits for its turn
-  std::vector<QDialog*> attended_;  ///< whose answers are being given, each inside the one before
+  bool scheduled_ = false;          ///< an answer is scheduled
+  std::vector<QDialog*> attended_;  ///< dialogs whose answers are running, nested
   QTimer watch_;
 };
 
-/// The open window as widgets, for what only a desktop has.
+/// The widgets of the open window, for tests that need Qt.
 class QtTest : public WindowTest {
  protected:
   using Answer = QtPerson::Answer;

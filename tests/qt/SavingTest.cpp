@@ -30,7 +30,7 @@ class SavingTest : public QtTest {
   std::string path() const { return folder.filePath("saved.ics").toStdString(); }
 };
 
-TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
+TEST_F(SavingTest, TheFileIsTheGoldenCalendar) {
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Up);
   whenAsked([this](QDialog& dialog) {
@@ -41,11 +41,11 @@ TEST_F(SavingTest, TheFileIsThatOfTheFormToTheByte) {
   });
   person->press("GenerateButton");
   EXPECT_EQ(firstDifference(readFile(path()), golden("default-2008.ics")), "");
-  // Nothing is kept from one run to the next, not even where the last file went.
+  // Nothing is stored for the next run, not even the folder of the file.
   EXPECT_TRUE(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).isEmpty());
 }
 
-TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
+TEST_F(SavingTest, TheFileHasExactlyTheTypedName) {
   for (const char* const name :
        {"Tom \"Sunny\" Hill.ics", "\"", " a b ", "c;d 'e' \\.ics", "\xC3\xA4"}) {
     whenAsked(saveAs(folder.filePath(name).toStdString()));
@@ -53,11 +53,11 @@ TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
     EXPECT_TRUE(QFile::exists(folder.filePath(name))) << name;
   }
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 5);
-  // What is no name is told, and the dialog goes on.
+  // An invalid name shows a message, and the dialog stays open.
   std::string tooLong;
   for (int letter = 0; letter < 126; ++letter) tooLong += "\xC3\xA4";
   const struct {
-    std::string name, told;
+    std::string name, message;
   } rows[] = {{"   ", "A file needs a name."},
               {"", "A file needs a name."},
               {folder.filePath(QString::fromStdString(tooLong + ".ics")).toStdString(),
@@ -65,7 +65,7 @@ TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
   for (const auto& row : rows) {
     whenAsked([&](QDialog& dialog) {
       whenAsked([&](QDialog& box) {
-        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text().toStdString(), row.told);
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(box).text().toStdString(), row.message);
         sayOk(box);
       });
       saveAs(row.name)(dialog);
@@ -77,7 +77,7 @@ TEST_F(SavingTest, TheNameThatIsTypedIsTheFileThatIsWritten) {
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 5);
 }
 
-TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
+TEST_F(SavingTest, AMessageBoxFitsTheScreen) {
   const std::string told =
       "Cannot write to /" + std::string(5000, 'x') + "/y\n" + std::string(500, '\n');
   whenAsked([&](QDialog& dialog) {
@@ -90,7 +90,7 @@ TEST_F(SavingTest, AMessageBoxIsNoLargerThanTheScreen) {
     EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName().toStdString(), told);
     sayOk(box);
   });
-  person->toolkit().quit();  // outside of the loop it ends no box to come
+  person->toolkit().quit();  // outside the loop: must not close the next box
   person->toolkit().messageBox(nullptr, String(told));
 }
 

@@ -11,7 +11,7 @@ int main(int count, char** arguments) {
   qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   qputenv("LC_ALL", "de_DE.UTF-8");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  // It has to end ahead of what Qt takes down when the process exits.
+  // Destroyed before the statics of Qt.
   const auto names = veldrin::spokenNames();
   veldrin::QtToolkit toolkit(names);
   veldrin::test::QtPerson::theToolkit = &toolkit;

@@ -1,4 +1,4 @@
-"""What the tests on a screen share: the program, started afresh for each, and hands to use it."""
+"""The base of the tests on a screen: starts the program for each test, and uses it."""
 
 import os
 import subprocess
@@ -9,7 +9,7 @@ from spoken import Listener, Node
 
 
 class ScreenTest(unittest.TestCase):
-    """The program in the zone PST8PDT, with its first field ready to be typed into."""
+    """The program in the zone PST8PDT, with the focus in its first field."""
 
     language = "C.UTF-8"
     desktop: Desktop
@@ -29,7 +29,7 @@ class ScreenTest(unittest.TestCase):
         self.await_focus("Latitude")
 
     def find(self, role: str, name: str) -> Node:
-        """The control or window that shows with that role and name, once there is one."""
+        """Waits for a visible control or window with that role and name, and returns it."""
 
         def found() -> Node | None:
             shown = self.tree.shown()
@@ -44,17 +44,17 @@ class ScreenTest(unittest.TestCase):
         until(lambda: self.field(name).text == text, f"{text!r} in {name}")
 
     def await_focus(self, name: str) -> None:
-        """Waits until the keys go to the control of that name, in the window in front."""
+        """Waits until the control of that name has the focus, in the active window."""
         until(lambda: any(window.is_("active") for window in self.tree.parts()) and
               any(node.name == name and node.is_("focused") for node in self.tree.shown()),
               f"the focus at {name}")
 
     def await_status(self, *options: str) -> None:
-        """Waits until the status is what the companion says of that day with those options."""
+        """Waits until the status is that of the companion for that day with those options."""
         until(lambda: self.status() == self.expected_status(*options), f"the status of {options}")
 
     def controls(self) -> list[Node]:
-        """The controls, in the order of their making."""
+        """The controls, in the order of creation."""
         return list(next(self.find("frame", "Veldrin").parts()).parts())
 
     def status(self) -> str:
@@ -65,13 +65,13 @@ class ScreenTest(unittest.TestCase):
         return self.companion(f"--status={day}", *options).decode().strip()
 
     def companion(self, *options: str) -> bytes:
-        """What the program without a screen writes."""
+        """The output of the companion."""
         return subprocess.run([os.environ["VELDRIN_CALENDAR"], *options], check=True,
                               env=self.desktop.environment, cwd=self.desktop.home,
                               stdout=subprocess.PIPE, timeout=TIME_OUT).stdout
 
     def click(self, role: str, name: str) -> None:
-        """Presses the middle of what shows with that role and name."""
+        """Clicks the middle of the control with that role and name."""
         x, y, width, height = self.find(role, name).place
         self.desktop.click(x + width // 2, y + height // 2)
 
@@ -85,6 +85,6 @@ class ScreenTest(unittest.TestCase):
         self.desktop.key("Return")
 
     def ended(self) -> tuple[int, str]:
-        """Waits for the end: the exit status and what was written on standard error."""
+        """Waits for the end; returns the exit status and the standard error."""
         _, complaint = self.program.communicate(timeout=TIME_OUT)
         return self.program.returncode, complaint

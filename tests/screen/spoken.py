@@ -1,4 +1,4 @@
-"""A program as a screen reader meets it: the tree of its windows and controls."""
+"""A program as a screen reader sees it: the tree of its windows and controls."""
 
 import os
 from collections.abc import Iterator
@@ -10,7 +10,7 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 
 class Node:
-    """A window, a control or a part of one. What has gone meanwhile has no parts and no states."""
+    """A window, a control or a part of one. After its removal it has no parts and no states."""
 
     def __init__(self, accessible: Atspi.Accessible):
         self._accessible = accessible
@@ -23,12 +23,12 @@ class Node:
 
     @property
     def text(self) -> str:
-        """What stands in a field."""
+        """The text of a field."""
         return Atspi.Text.get_text(self._accessible, 0, -1)
 
     @property
     def selection(self) -> str:
-        """What is selected in a field."""
+        """The selected text of a field."""
         selected = Atspi.Text.get_selection(self._accessible, 0)
         return self.text[selected.start_offset : selected.end_offset]
 
@@ -39,7 +39,7 @@ class Node:
         return box.x, box.y, box.width, box.height
 
     def is_(self, state: str) -> bool:
-        """Whether it has the state, such as "focused"."""
+        """Whether it has a state, such as "focused"."""
         try:
             states = self._accessible.get_state_set()
         except GLib.GError:
@@ -47,7 +47,7 @@ class Node:
         return states.contains(getattr(Atspi.StateType, state.upper()))
 
     def parts(self) -> Iterator["Node"]:
-        """Its own parts, in their order."""
+        """Its direct parts, in order."""
         try:
             for index in range(self._accessible.get_child_count()):
                 if (child := self._accessible.get_child_at_index(index)) is not None:
@@ -56,14 +56,14 @@ class Node:
             return
 
     def shown(self) -> Iterator["Node"]:
-        """It and everything inside it that shows, but for tables, which are still being filled."""
+        """It and all visible nodes inside it, except tables, which may still be filling."""
         yield self
         for part in self.parts():
             if part.is_("showing") and part.role != "tree":
                 yield from part.shown()
 
     def belongs_to(self, process: int) -> bool:
-        """Whether it is of the program with that process number."""
+        """Whether it belongs to the process with that number."""
         try:
             return self._accessible.get_process_id() == process
         except GLib.GError:
@@ -71,7 +71,7 @@ class Node:
 
 
 class Listener:
-    """Hears what the programs of a desktop say. A process can listen to one desktop."""
+    """Receives the events of the programs on a desktop. A process can listen to one desktop."""
 
     def __init__(self, environment: dict[str, str]):
         for name in ("DISPLAY", "DBUS_SESSION_BUS_ADDRESS"):
@@ -83,16 +83,16 @@ class Listener:
         self._ear = Atspi.EventListener.new(self._hear)
 
     def program(self, process: int) -> Node | None:
-        """The program with that process number, once it speaks."""
+        """The program with that process number; None until it is accessible."""
         return next((each for each in self._desktop.parts() if each.belongs_to(process)), None)
 
     def listen(self) -> None:
-        """Begins to hear. The tree is not to be read until something has been heard."""
-        # An event that arrives inside a question to the program can make Atspi wait for itself.
+        """Starts to receive events. Do not read the tree before the first one."""
+        # An event that arrives during a request to the program can block Atspi.
         self._ear.register("object:property-change:accessible-name")
 
     def heard(self) -> list[tuple[str, str]]:
-        """Role and name of all that has told of a new name so far."""
+        """Role and name of each control that has changed its name so far."""
         while GLib.MainContext.default().iteration(False):
             pass
         return self._heard
@@ -101,4 +101,4 @@ class Listener:
         try:
             self._heard.append((event.source.get_role_name(), event.source.get_name()))
         except GLib.GError:
-            pass  # it has gone again
+            pass  # already removed

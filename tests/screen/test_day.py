@@ -1,10 +1,9 @@
-"""A day and a calendar, made by typing, pressing and choosing on a desktop with German settings:
-dates are its own, numbers keep their point."""
+"""A day and a calendar on a desktop with German settings: German dates, decimal points."""
 
 from case import ScreenTest
 from desktop import until
 
-# Inputs under which every step below changes the status, whatever today is.
+# With these inputs each step below changes the status on any day of the year.
 ELSEWHERE = ("--longitude=0.5", "--time-zone=-8", "--year=2012",
              "--dst-start=11.3.2012", "--dst-end=31.12.2999")
 
@@ -12,7 +11,7 @@ ELSEWHERE = ("--longitude=0.5", "--time-zone=-8", "--year=2012",
 class DayTest(ScreenTest):
     language = "de_DE.UTF-8"
 
-    def test_inputs_count_in_the_status_and_in_the_calendar(self) -> None:
+    def test_inputs_change_the_status_and_the_calendar(self) -> None:
         self.click("combo box", "2008")
         self.click("list item", "2012")
         self.find("combo box", "2012")

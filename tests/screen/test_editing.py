@@ -1,4 +1,4 @@
-"""The Edit menu and the keys that edit, leave and end."""
+"""The Edit menu, and the keys that edit, move the focus and quit."""
 
 from datetime import datetime, timedelta
 
@@ -8,19 +8,19 @@ from desktop import until
 
 class EditingTest(ScreenTest):
     def choose(self, menu: str, item: str) -> None:
-        """Chooses by mouse."""
+        """Chooses a menu item by mouse."""
         self.click("menu item", menu)
         self.click("menu item", item)
 
     def open_by_keys(self, menu: str, item: str) -> None:
-        """Opens the menu of that letter, which has that item."""
+        """Opens the menu with that letter; waits for the item."""
         self.desktop.hold("alt", menu)
         self.find("menu item", item)
 
     def day(self) -> datetime:
         return datetime.strptime(self.status().splitlines()[0], "%m/%d/%Y")
 
-    def test_the_edit_menu_acts_on_the_field_that_is_edited(self) -> None:
+    def test_the_edit_menu_acts_on_the_focused_field(self) -> None:
         before = self.status()
         self.choose("Edit", "Copy")
         self.await_focus("Latitude")
@@ -31,7 +31,7 @@ class EditingTest(ScreenTest):
         self.await_text("Latitude", "47.5")
         self.choose("Edit", "Select All")
         until(lambda: self.field("Latitude").selection == "47.5", "the selection")
-        self.desktop.key("Alt_L", "e")  # the menu bar has the keys until the menu is gone
+        self.desktop.key("Alt_L", "e")  # the menu bar has the focus while the menu is open
         self.find("menu item", "Cut")
         self.assertEqual(self.field("Latitude").selection, "47.5")
         self.desktop.key("t")
@@ -75,6 +75,6 @@ class EditingTest(ScreenTest):
         self.assertEqual(self.ended(), (0, ""))
 
     def edit(self) -> None:
-        """Leaves off in the middle of typing."""
+        """Types, and leaves the focus in the field."""
         self.desktop.type("12")
         self.await_text("Latitude", "12")

@@ -1,4 +1,4 @@
-"""The form as it stands on the screen, and as a screen reader meets it."""
+"""The form on the screen and for a screen reader."""
 
 import re
 from pathlib import Path
@@ -10,14 +10,14 @@ LABEL, FIELD, BOX = "label", "text", "check box"
 ROLES = {"Placard": "filler", "StaticText": LABEL, "PushButton": "push button",
          "PopupMenu": "combo box", "TextField": FIELD, "CheckBox": BOX}
 
-# Where the name that is spoken is not the text of the control.
+# The spoken names that differ from the text of the control.
 SPOKEN = {"BackOneDay": "Previous day", "ForwardOneDay": "Next day", "WhichYear": "2008",
           "DSTEnd": "End Date", "DSTStart": "Start Date", "Latitude": "Latitude",
           "TimeZone": "Standard Time Zone", "Longitude": "Longitude"}
 
 
 def controls() -> list[tuple]:
-    """Role, name, and place in the content of the window, of each control of the form."""
+    """Role, name and place in the content of the window, for each control of the form."""
     table = (Path(__file__).parents[2] / "daystatus/FormTable.h").read_text()
     row = r'{(\w+), +"(\w+)", +"\w*", +' + r"(\d+), +" * 4 + r'\d+, +"?([^",}]*)'
     return [(ROLES[kind], SPOKEN.get(name, text), tuple(map(int, place)))
@@ -31,7 +31,7 @@ FOCUS_ORDER = [
 
 
 class FormTest(ScreenTest):
-    def test_every_control_is_told_with_role_name_and_place(self) -> None:
+    def test_every_control_has_its_role_name_and_place(self) -> None:
         left, top, *size = next(self.find("frame", "Veldrin").parts()).place
         self.assertEqual(size, [350, 420])
         told = []
@@ -48,7 +48,7 @@ class FormTest(ScreenTest):
         self.assertTrue(self.find(BOX, "Daylight Savings Time").is_("checked"))
         self.assertFalse(self.find(BOX, "Down Under").is_("checked"))
 
-    def test_tab_goes_through_the_form_and_round(self) -> None:
+    def test_tab_visits_the_form_in_order_and_starts_again(self) -> None:
         for name in [*FOCUS_ORDER[1:], FOCUS_ORDER[0]]:
             self.desktop.key("Tab")
             self.await_focus(name)

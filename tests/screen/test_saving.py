@@ -1,4 +1,4 @@
-"""Places that a calendar cannot be written to, or that hold something already."""
+"""Files that cannot be written or exist already."""
 
 import signal
 
@@ -7,7 +7,7 @@ from desktop import until
 
 
 class SavingTest(ScreenTest):
-    def test_a_place_that_cannot_be_written_to_is_told_and_the_window_goes_on(self) -> None:
+    def test_a_failed_opening_shows_a_message_and_the_window_stays_open(self) -> None:
         before = self.status()
         nowhere = str(self.desktop.home / "no folder" / "Veldrin.ics")
         self.save_as(nowhere)
@@ -18,7 +18,7 @@ class SavingTest(ScreenTest):
         self.click("push button", "Next day")
         until(lambda: self.status() != before, "the next day")
 
-    def test_what_is_not_to_be_replaced_stays(self) -> None:
+    def test_a_file_that_is_not_replaced_keeps_its_content(self) -> None:
         file = self.desktop.home / "old.ics"
         file.write_text("old")
         self.save_as(str(file))
@@ -40,7 +40,7 @@ class SavingTest(ScreenTest):
         self.desktop.key("Return")
         self.assertEqual(self.ended(), (1, f"veldrin: {reason}\n"))
 
-    def test_a_signal_ends_the_window_also_behind_a_dialog(self) -> None:
+    def test_a_signal_ends_the_program_with_an_open_dialog(self) -> None:
         self.click("push button", "Generate iCal For")
         self.await_focus("File name:")
         self.program.terminate()

@@ -14,9 +14,9 @@
 #include "shell/objects/Failure.h"
 #include "shell/objects/ScopedFlag.h"
 #include "shell/window/Application.h"
+#include "toolkits/qt/AccessibleTickBox.h"
 #include "toolkits/qt/QtDialogs.h"
 #include "toolkits/qt/QtText.h"
-#include "toolkits/qt/SpokenTickBox.h"
 
 namespace veldrin {
 namespace {
@@ -77,8 +77,8 @@ void QtToolkit::windowOpened(Window& window) {
 }
 
 void QtToolkit::windowClosed(Window& window) {
-  const auto found =
-      std::ranges::find_if(windows_, [&](const auto& shown) { return shown->shown() == &window; });
+  const auto found = std::ranges::find_if(
+      windows_, [&](const auto& shown) { return shown->mirrored() == &window; });
   if (found == windows_.end()) return;
   const bool isInsideHandler = delivery_.isHeld();
   // Do not deliver focus changes caused by destroying the widgets.
@@ -95,7 +95,7 @@ void QtToolkit::controlChanged(Control& control) {
 
 void QtToolkit::windowChanged(Window& window) {
   for (const auto& shown : windows_) {
-    if (shown->shown() == &window) shown->follow();
+    if (shown->mirrored() == &window) shown->follow();
   }
 }
 

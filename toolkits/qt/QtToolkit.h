@@ -7,8 +7,8 @@
 
 #include "shell/window/Toolkit.h"
 #include "toolkits/qt/Delivery.h"
+#include "toolkits/qt/DisplayErrorGuard.h"
 #include "toolkits/qt/Editing.h"
-#include "toolkits/qt/NoDisplay.h"
 #include "toolkits/qt/QtWindow.h"
 
 namespace veldrin {

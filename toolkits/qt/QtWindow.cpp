@@ -171,12 +171,12 @@ bool QtWindow::event(QEvent* event) {
       delivery_.deliver([&] { window_->setActive(type == QEvent::WindowActivate); });
       break;
     case QEvent::Move:
-      if (isVisible()) raise(Window::Events::Moved);
+      if (isVisible()) raiseEvent(Window::Events::Moved);
       break;
     case QEvent::WindowStateChange: {
       const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
       if (isMinimized() == before.testFlag(Qt::WindowMinimized)) break;
-      raise(isMinimized() ? Window::Events::Minimize : Window::Events::Restore);
+      raiseEvent(isMinimized() ? Window::Events::Minimize : Window::Events::Restore);
       break;
     }
     case QEvent::ApplicationFontChange:
@@ -202,7 +202,7 @@ void QtWindow::keyPressEvent(QKeyEvent* event) {
   if (!taken) QMainWindow::keyPressEvent(event);
 }
 
-void QtWindow::raise(const Event<void()>& event) {
+void QtWindow::raiseEvent(const Event<void()>& event) {
   delivery_.deliver([&] { callHandler(*window_, event); });
 }
 

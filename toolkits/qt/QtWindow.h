@@ -22,8 +22,8 @@ struct SpokenName {
 /// The Qt side of a `Window`: a menu bar above content of fixed size.
 ///
 /// It mirrors changes of the title, content size, visibility and menu bar, and of the properties of
-/// controls and menu items. Exceptions: these properties are read only when the window opens or a
-/// menu is used, or never.
+/// controls and menu items. These properties are exceptions; they are read when the window opens or
+/// a menu is used, or never:
 ///
 /// | property | reason |
 /// |---|---|
@@ -51,10 +51,10 @@ class QtWindow final : public QMainWindow {
            std::span<const SpokenName> names);
 
   /// The mirrored window; nil after `forgetWindow()`.
-  [[nodiscard]] const Window* shown() const { return window_; }
+  [[nodiscard]] const Window* mirrored() const { return window_; }
   /// Call when the window is closed: its object may be destroyed before this one.
   void forgetWindow();
-  /// Update from a control, from the window, from the menu bar.
+  /// Updates from a control, from the window, from the menu bar.
   void follow(const Control& control);
   void follow();
   void followMenus();
@@ -72,7 +72,7 @@ class QtWindow final : public QMainWindow {
   void fitFont();
   /// Finds the control of the widget and tells it that it lost the focus.
   void reportFocusLoss(const QObject& widget);
-  void raise(const Event<void()>& event);
+  void raiseEvent(const Event<void()>& event);
   [[nodiscard]] QtControl* qtControlOf(const Control& control) const;
 
   Window* window_;

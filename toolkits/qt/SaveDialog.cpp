@@ -17,29 +17,29 @@ SaveDialog::SaveDialog(QWidget* parent, const QStringList& filters, const QStrin
   setFileMode(AnyFile);
   setNameFilters(filters);
   selectFile(fileName);
-  typed_ = findChild<QLineEdit*>("fileNameEdit");
-  if (typed_ == nullptr) return;
+  nameField_ = findChild<QLineEdit*>("fileNameEdit");
+  if (nameField_ == nullptr) return;
   // Runs after Qt's own connection, which disables the button for a bad name. Keep it enabled, so
   // that accept() can tell the user what is wrong.
   auto* const buttons = findChild<QDialogButtonBox*>("buttonBox");
-  connect(typed_, &QLineEdit::textChanged, this,
+  connect(nameField_, &QLineEdit::textChanged, this,
           [buttons] { buttons->button(QDialogButtonBox::Save)->setEnabled(true); });
 }
 
 QString SaveDialog::ask() {
   if (exec() != Accepted) return {};
-  if (typed_ != nullptr) return chosen_;
+  if (nameField_ != nullptr) return chosen_;
   return selectedFiles().value(0);
 }
 
 void SaveDialog::accept() {
-  if (typed_ == nullptr) return QFileDialog::accept();
+  if (nameField_ == nullptr) return QFileDialog::accept();
   const QString path = typedPath();
   if (const QString reason = reasonAgainst(path); !reason.isEmpty())
     return showMessage(this, reason);
   if (QFileInfo(path).isDir()) {
     setDirectory(path);
-    typed_->clear();
+    nameField_->clear();
     return;
   }
   const bool asks = !testOption(DontConfirmOverwrite) && QFileInfo::exists(path);
@@ -50,7 +50,7 @@ void SaveDialog::accept() {
 }
 
 QString SaveDialog::typedPath() const {
-  QString name = typed_->text();
+  QString name = nameField_->text();
   if (name.trimmed().isEmpty()) return {};
   if (name == "~" || name.startsWith("~/")) name.replace(0, 1, QDir::homePath());
   return directory().absoluteFilePath(name);

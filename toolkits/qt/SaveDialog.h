@@ -20,11 +20,11 @@ class SaveDialog final : public QFileDialog {
 
  private:
   [[nodiscard]] QString typedPath() const;
-  /// The reason, for the user, why the path is invalid; empty if it is valid.
+  /// Tells the user why the path is invalid; empty if it is valid.
   [[nodiscard]] static QString reasonAgainst(const QString& path);
   bool mayReplace(const QString& path);
 
-  QLineEdit* typed_;  ///< nil in a native dialog
+  QLineEdit* nameField_;  ///< nil in a native dialog
   QString chosen_;
 };
 

@@ -1,4 +1,4 @@
-#include "toolkits/qt/SpokenTickBox.h"
+#include "toolkits/qt/AccessibleTickBox.h"
 
 #include <QAccessibleWidget>
 

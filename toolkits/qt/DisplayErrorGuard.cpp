@@ -1,4 +1,4 @@
-#include "toolkits/qt/NoDisplay.h"
+#include "toolkits/qt/DisplayErrorGuard.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -14,8 +14,8 @@ void writeLine(const QString& line) {
   static_cast<void>(std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData()));
 }
 
-/// Whether the message tells why one tried platform has no display. The guard's own sentence
-/// replaces these. Messages about missing plugins (qt.qpa.plugin) are not held back.
+/// Whether the message says why a platform has no display. The sentence of the guard replaces
+/// these. Messages about missing plugins (qt.qpa.plugin) are not held back.
 bool isPlatformMessage(QtMsgType type, std::string_view category) {
   return type == QtInfoMsg || (category.starts_with("qt.qpa.") && category != "qt.qpa.plugin");
 }

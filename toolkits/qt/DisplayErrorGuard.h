@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// Qt aborts when it finds no display. During the lifetime of this guard Veldrin instead writes one
-/// sentence to standard error and exits with status 1. Only one guard may exist at a time.
+/// Without a display Qt aborts. During the lifetime of this guard, Veldrin writes one sentence to
+/// standard error instead and exits with status 1. Only one guard may exist at a time.
 class DisplayErrorGuard {
  public:
   DisplayErrorGuard();

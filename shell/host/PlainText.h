@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace veldrin {
+
+/// Whether a text is well-formed UTF-8 (RFC 3629) without control characters: none below U+0020 and
+/// none from U+007F to U+009F.
+bool isPlainText(std::string_view text);
+
+/// The text as one line for a terminal. Each control character, and each byte that is not UTF-8,
+/// becomes "?".
+std::string onOneLine(std::string_view text);
+
+/// The text, or at most its first `most` bytes and "...". Never cuts a character of UTF-8.
+std::string shortened(std::string_view text, std::size_t most);
+
+}  // namespace veldrin
