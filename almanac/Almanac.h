@@ -41,8 +41,7 @@ struct AlmanacOptions {
 /// Universal Time rounded to the minute. The clock decides only to which local day an event
 /// belongs. A day with neither sunrise nor sunset has an all-day event that says whether the Sun is
 /// up or down. A day that the clock skips has no event. An identifier depends only on place, kind
-/// and day, so importing a calendar again replaces its events, and the years of one place can be
-/// joined.
+/// and day, so a repeated import replaces events, and the years of one place can be joined.
 ///
 /// A time may differ by a minute from the window's: see `crossings`. `yield()` is called once for
 /// each day; its exceptions pass through.

@@ -48,8 +48,7 @@ class Search {
   std::vector<Crossing> found;
 
  private:
-  /// Searches the hour that begins at `hour`. Returns the number of hours to the next one to
-  /// search.
+  /// Searches the hour that begins at `hour`. Returns the number of hours to the next search.
   double pass(std::int64_t day, double hour) {
     // Hour 24 of a day and hour 0 of the next have the same sine, so it is kept across midnight.
     const double start = knowsNext_ ? next_ : sky_.sineAltitude(midnight_, hour);

@@ -41,9 +41,9 @@ void moveToEnd(::veldrin::Date& date, const Yield& yield) {
   }
 }
 
-/// Whether daylight saving is in force at a moment: inside the period, which includes its first
-/// bound, or outside it under `downUnder`. The moment and the bounds are in one unit, such as
-/// `Date::TotalSeconds`; the bounds may be in either order.
+/// Whether a moment has daylight saving: inside the period, which includes its first bound, or
+/// outside it under `downUnder`. All three are in one unit, such as the seconds of
+/// `Date::TotalSeconds`. The bounds may be in either order.
 inline bool isDaylightSavingsTime(double moment, double first, double second, bool downUnder) {
   const double begin = second < first ? second : first;
   const double end = second < first ? first : second;

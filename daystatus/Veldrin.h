@@ -153,16 +153,15 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// Writes the default daylight-saving dates of a year into `DSTStart` and `DSTEnd`: the second
   /// Sunday of March and the first of November, in every year.
   void SetDaylightSavingsBounds(std::int32_t year);
-  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and in force
-  /// at the date. Does not change the date.
+  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and the date
+  /// has it. Does not change the date.
   void DoDaylightSavings(const Ref<Date>& d, double& t);
   /// daystatus: recomputes the status panel from the controls.
   void UpdateStatus();
   /// A time of day as six digits, "063000", or "000000" for a negative one.
   String HHMMZZ(double x);
-  /// Whether daylight saving is in force at a date: from the first date (included) to the second,
-  /// or outside this period if `DownUnderFlag` is on. If a field is not a date, the period is
-  /// empty.
+  /// Whether a date has daylight saving: from the first date (included) to the second, or outside
+  /// this period if `DownUnderFlag` is on. If a field is not a date, the period is empty.
   bool IsDaylightSavingsTime(const Ref<Date>& d);
   /// The date in the host's short form. Raises `NilObjectException` for nil.
   String ShortDate(const Ref<Date>& d);

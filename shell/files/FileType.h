@@ -67,8 +67,7 @@ struct RegisteredFileType {
 void RuntimeRegisterFileType(const String& name, const String& creator, const String& macType,
                              const String& extensions, const FileType* owner);
 
-/// Removes everything that the owner has registered. Ignores the name. Does nothing without a
-/// `Runtime`.
+/// Removes all types of the owner, under any name. Does nothing without a `Runtime`.
 void RuntimeDeregisterFileType(const String& name, const FileType* owner);
 
 /// The types in the order of registration. Throws `FatalFault` without a `Runtime`.

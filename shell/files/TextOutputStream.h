@@ -34,8 +34,7 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
   void Close() { file_.reset(); }
   /// Raises a pending `IOException`. There is no buffer to flush.
   void Flush() const { CheckForError(); }
-  /// Always nullptr; raises a pending `IOException`. Unused; the framework's conventions require
-  /// it.
+  /// Always nullptr; raises a pending `IOException`. The framework's conventions require it.
   [[nodiscard]] void* Handle(std::int32_t type) const;
   /// Whether the last write failed.
   [[nodiscard]] bool WriteError() const { return lastErrorCode_ != 0; }

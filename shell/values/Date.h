@@ -77,9 +77,8 @@ class Date final : public Described<Date, Object> {
   /// The time of day with seconds: "16:05:09".
   [[nodiscard]] String LongTime() const;
 
-  /// Civil seconds since 1904-01-01 00:00:00; later moments have larger values. Exact up to 2^53
-  /// seconds, which is in the years -285,424,877 to 285,428,684; rounded to at most 8 seconds
-  /// beyond.
+  /// Civil seconds since 1904-01-01 00:00:00; later moments have larger values. Exact in the years
+  /// -285,424,877 to 285,428,684, that is up to 2^53; beyond them rounded by up to 4 seconds.
   [[nodiscard]] double TotalSeconds() const {
     if (held_ == Held::Instant) readClock();
     return static_cast<double>((day_ - Origin) * SecondsOfDay + secondOfDay_);

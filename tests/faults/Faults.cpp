@@ -1,7 +1,6 @@
 // A library to preload. It makes one call to the OS fail. The environment variable VELDRIN_FAULT
-// holds the call, its number and the failure, such as "write 3 ENOSPC". The failure is the name of
-// an error, "onwards" for all calls from that number on, or for a write the number of bytes that it
-// writes.
+// holds the call, its number and the failure, such as "write 3 ENOSPC". The failure is an error,
+// the number of bytes that a write writes, or "onwards" if all later calls fail too.
 //
 //   open     creates a file
 //   write    to a descriptor above 2
