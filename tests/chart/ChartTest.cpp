@@ -57,16 +57,6 @@ std::vector<std::vector<Point>> ringsOf(const std::string& data) {
   return rings;
 }
 
-double areaOf(const std::vector<Point>& ring) {
-  double twice = 0.0;
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const Point& from = ring[i];
-    const Point& to = ring[(i + 1) % ring.size()];
-    twice += from.x * to.y - to.x * from.y;
-  }
-  return twice / 2.0;
-}
-
 /// Whether a ray from the point to the right crosses a ring an odd number of times.
 bool isInside(const std::vector<Point>& ring, const Point& point) {
   bool inside = false;
@@ -88,14 +78,6 @@ struct Picture {
       const std::size_t data = svg.find(" d=\"", svg.find(opening)) + 4;
       bands[band] = ringsOf(svg.substr(data, svg.find('"', data) - data));
     }
-  }
-
-  [[nodiscard]] double area() const {
-    double sum = 0.0;
-    for (const auto& band : bands) {
-      for (const auto& ring : band) sum += areaOf(ring);
-    }
-    return sum;
   }
 
   /// The indices of the bands that cover a point.
@@ -159,7 +141,9 @@ TEST_F(ChartTest, EachPointHasTheLightOfItsMoment) {
   };
   for (const auto& [place, year] : Cases) {
     SCOPED_TRACE(place.name);
-    const Picture picture(chart(place, "", year, [] {}));
+    const std::string svg = chart(place, "Zone", year, [] {});
+    EXPECT_LT(svg.size(), 200'000);
+    const Picture picture(svg);
     const std::int64_t first = dayNumber(year.year, 1, 1);
     for (int count = 0; count < 1500; ++count) {
       const std::int64_t change = dayNumber(year.year, count % 2 == 0 ? 3 : 10, 1);
@@ -172,14 +156,6 @@ TEST_F(ChartTest, EachPointHasTheLightOfItsMoment) {
                   bands[0] == bandBySky(place, moment + 1.0))
           << day - first << ' ' << minute;
     }
-  }
-}
-
-TEST_F(ChartTest, BandsCoverTheYearOnce) {
-  for (const auto& [place, year] : Cases) {
-    const Picture picture(chart(place, "", year, [] {}));
-    const auto days = dayNumber(year.year + 1, 1, 1) - dayNumber(year.year, 1, 1);
-    EXPECT_EQ(picture.area(), static_cast<double>(days * MinutesOfDay)) << place.name;
   }
 }
 
@@ -198,12 +174,6 @@ TEST_F(ChartTest, SunrisesAndSunsetsAreTheEdgesOfTheDay) {
     const std::size_t before = crossing.rises ? 3 : 4;
     EXPECT_THAT(picture.bandsAt({x, shown - 0.5}), testing::ElementsAre(before));
     EXPECT_THAT(picture.bandsAt({x, shown + 0.5}), testing::ElementsAre(7 - before));
-  }
-}
-
-TEST_F(ChartTest, EachPictureIsSmall) {
-  for (const auto& [place, year] : Cases) {
-    EXPECT_LT(chart(place, "Zone", year, [] {}).size(), 200'000) << place.name;
   }
 }
 

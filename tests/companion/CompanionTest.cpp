@@ -147,9 +147,8 @@ TEST_F(CompanionTest, BadOptionsGiveOneSentenceAndNoFile) {
       "--longitude=-180.5|--time-zone=24.1|--year=0|--year=10000|--year=2008.5|"
       "--year=2008 --year=2009|--dst-start=today|--dst-end=2007-02-29|--status=13/1/2024|"
       "--status=0000-06-21|--status=10000-06-21|--output=|--output ''|--altitude=5|stray|-x|"
-      "--down-under=perhaps|--output= --year=2008|--town= "
-      "--year=2008|--place=x|--twilight=civil|--remind=5|--standard --status=2024-06-21|"
-
+      "--down-under=perhaps|--output= --year=2008|--town= --year=2008|--place=x|--twilight=civil|"
+      "--remind=5|--standard --status=2024-06-21|"
       "--year=1582 --standard|--year=9999 --standard|--remind=1441 --standard|"
       "--remind=-1 --standard|--remind=1.5 --standard|--remind= --standard|"
       "--twilight=civic --standard|--twilight= --standard|--place= --standard|"

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <string>
 
 #include "places/PlaceFault.h"
@@ -107,35 +108,24 @@ TEST(ZoneFolderTest, NothingLeadsOutOfTheFolder) {
   } rows[] = {
       {"oslo", "Europe/Oslo"},
       {"Inside", "Inside"},
-      {"Linked", "There is no time zone Linked."},
-      {"linked", "There is no time zone linked."},
-      {"Folder/Secret", "There is no time zone Folder/Secret."},
-      {"secret", "There is no time zone secret."},
-      {"Loop", "There is no time zone Loop."},
-      {"Pipe", "There is no time zone Pipe."},
-      {"Europe", "There is no time zone Europe."},
       {"text", "The file of the time zone Text is damaged."},
       {"Empty", "The file of the time zone Empty is damaged."},
       {"Cut", "The file of the time zone Cut is damaged."},
       {"Large", "The file of the time zone Large cannot be read."},
       {"twin",
        "Several time zones have that name: A/Twin, B/Twin, C/Twin, D/Twin, E/Twin and others."},
-      {"", NoName},
-      {" ", NoName},
-      {"..", NoName},
-      {"../outside/Secret", NoName},
-      {"Europe/../Europe/Oslo", NoName},
-      {"Europe//Oslo", NoName},
-      {"Europe/", NoName},
-      {temporary.path / "outside/Secret", NoName},
-      {root / "Europe/Oslo", NoName},
-      {"Oslo\n", NoName},
-      {"Z\xc3\xbcrich", NoName},
-      {"\xff", NoName},
-      {std::string("Europe/Oslo\0", 12), NoName},
-      {std::string(10'000, 'A'), NoName},
   };
   for (const auto& row : rows) EXPECT_EQ(zoneIn(folder, row.text), row.result) << row.text;
+  for (const char* const text :
+       {"Linked", "linked", "Folder/Secret", "secret", "Loop", "Pipe", "Europe"}) {
+    EXPECT_EQ(zoneIn(folder, text), "There is no time zone " + std::string(text) + ".");
+  }
+  for (const std::string& text : std::initializer_list<std::string>{
+           "", " ", "..", "../outside/Secret", "Europe/../Europe/Oslo", "Europe//Oslo", "Europe/",
+           temporary.path / "outside/Secret", root / "Europe/Oslo", "Oslo\n", "Z\xc3\xbcrich",
+           "\xff", std::string("Europe/Oslo\0", 12), std::string(10'000, 'A')}) {
+    EXPECT_EQ(zoneIn(folder, text), NoName) << text;
+  }
   EXPECT_EQ(folder.placeOf("Europe/Oslo"), (ZonePlace{"Oslo", 59.9167, 10.75}));
 }
 
