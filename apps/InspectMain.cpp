@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "apps/ProgramMain.h"
@@ -21,34 +23,35 @@ constexpr const char* Program = "veldrin-inspect";
 
 constexpr std::string_view Help =
     R"(Usage: veldrin-inspect COMMAND
-Shows what the class tables hold.
+Shows the class tables.
 
 Commands:
-  classes       every class by its full name, in the order in which they were built
-  class NAME    one class, by its full name, with what it adds to its base
-  form DIR      writes the property stream of the window and of each control of its form into the
-                folder, each into a file named after its object
+  classes       prints the full name of each class, in the order in which they were built
+  class NAME    prints the class with this full name, without its inherited members
+  form DIR      writes the property streams of the window and of its controls into the folder, one
+                file for each; the file has the name of the window or control
 
-A class is shown under these headings, all of them always there, each row a line, in the order of
-the table:
-  base:         the class that it derives from
-  attributes:   name, and value where there is one
-  events:       the events that it binds to a method of its own
+The command "class" always prints all of these headings. Below a heading it prints one line for each
+row, in the order of the table:
+  base:         the base class
+  attributes:   name, and value if there is one
+  events:       name of each event that the class handles
   properties:   name and type code
   methods:      name and signature
 
-Exit status: 0, 1 where something cannot be written, 2 for a wrong command or an unknown class.
+Exit status: 0 for success, 1 if a file or the output cannot be written, 2 for a wrong command or an
+unknown class.
 )";
 
-/// What a command comes to: what to print, or the sentence that says why it cannot.
+/// The result of a command: its output, or an error message and the exit status.
 struct Answer {
   std::string output;
-  std::string complaint;
+  std::string error;
   int status = 0;
 };
 
-Answer complaint(std::string sentence, int status = Misused) {
-  return {.output = {}, .complaint = std::move(sentence), .status = status};
+Answer failure(std::string message, int status = Misused) {
+  return {.output = {}, .error = std::move(message), .status = status};
 }
 
 void addLine(std::string& text, std::string_view first, std::string_view second = {}) {
@@ -57,7 +60,7 @@ void addLine(std::string& text, std::string_view first, std::string_view second 
   text.append("\n");
 }
 
-/// The classes, from the one that was built first.
+/// All classes, oldest first.
 std::vector<const ClassRecord*> allClasses() {
   std::vector<const ClassRecord*> classes;
   for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
@@ -68,7 +71,7 @@ std::vector<const ClassRecord*> allClasses() {
   return classes;
 }
 
-/// Whether the class itself has bound the event, and not an ancestor.
+/// Whether the class has a handler for the event that it did not inherit.
 bool bindsEvent(const ClassRecord& record, std::size_t index) {
   const Function handler = record.eventRows[index].handler;
   if (handler == nullptr) return false;
@@ -109,27 +112,27 @@ Answer showClass(std::span<const std::string_view> arguments) {
   const auto classes = allClasses();
   const auto found = std::ranges::find_if(
       classes, [&](const ClassRecord* record) { return record->name == arguments.front(); });
-  if (found != classes.end()) return {.output = describe(**found), .complaint = {}, .status = 0};
-  return complaint("There is no class \"" + std::string(arguments.front()) + "\".");
+  if (found != classes.end()) return {.output = describe(**found), .error = {}, .status = 0};
+  return failure("There is no class \"" + std::string(arguments.front()) + "\".");
 }
 
 Answer writeForm(std::span<const std::string_view> arguments) {
   const std::filesystem::path folder(arguments.front());
   for (std::size_t index = 0; index < FormStreams.size(); ++index) {
-    const bool window = index == FormNames.size();
+    const bool isWindow = index == FormNames.size();
     const std::filesystem::path path =
-        folder / (window ? std::string_view("Veldrin") : FormNames[index].view());
+        folder / (isWindow ? std::string_view("Veldrin") : FormNames[index].view());
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     const std::string_view stream = FormStreams[index].view();
     file.write(stream.data(), static_cast<std::streamsize>(stream.size()));
     file.close();
-    if (!file) return complaint("Cannot write to " + path.string(), Failed);
+    if (!file) return failure("Cannot write to " + path.string(), Failed);
   }
   return {};
 }
 
 Answer showHelp(std::span<const std::string_view> /*arguments*/) {
-  return {.output = std::string(Help), .complaint = {}, .status = 0};
+  return {.output = std::string(Help), .error = {}, .status = 0};
 }
 
 struct Command {
@@ -145,15 +148,15 @@ constexpr std::array Commands{
     Command{"--help", 0, showHelp},
 };
 
-Answer answerTo(std::span<const std::string_view> words) {
-  if (words.empty()) return complaint("A command is missing; see --help.");
+Answer run(std::span<const std::string_view> words) {
+  if (words.empty()) return failure("A command is missing; see --help.");
   const auto* const command = std::ranges::find(Commands, words.front(), &Command::name);
   if (command == Commands.end()) {
-    return complaint("There is no command \"" + std::string(words.front()) + "\"; see --help.");
+    return failure("There is no command \"" + std::string(words.front()) + "\"; see --help.");
   }
   if (words.size() - 1 != command->argumentCount) {
-    return complaint("The command \"" + std::string(command->name) +
-                     "\" takes another number of words; see --help.");
+    return failure("The command \"" + std::string(command->name) +
+                   "\" takes a different number of arguments; see --help.");
   }
   return command->run(words.subspan(1));
 }
@@ -161,9 +164,9 @@ Answer answerTo(std::span<const std::string_view> words) {
 int inspectMain(std::span<char*> words) {
   initializeClasses();
   const std::vector<std::string_view> arguments(words.begin(), words.end());
-  const Answer answer = answerTo(arguments);
-  if (!answer.complaint.empty()) {
-    complain(Program, answer.complaint);
+  const Answer answer = run(arguments);
+  if (!answer.error.empty()) {
+    complain(Program, answer.error);
     return answer.status;
   }
   const std::size_t written = std::fwrite(answer.output.data(), 1, answer.output.size(), stdout);

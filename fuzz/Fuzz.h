@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -16,14 +17,14 @@
 
 namespace veldrin::fuzz {
 
-/// Prints the rule and aborts unless it holds.
+/// Unless the rule holds, prints it and aborts.
 inline void require(bool holds, std::string_view rule) {
   if (holds) return;
   static_cast<void>(std::fprintf(stderr, "Rule violated: %s\n", std::string(rule).c_str()));
   std::abort();
 }
 
-/// The same for two texts that must be equal; prints both.
+/// Unless the texts are equal, prints the rule and both texts and aborts.
 inline void requireSame(std::string_view actual, std::string_view expected, std::string_view rule) {
   if (actual == expected) return;
   require(false,
@@ -51,7 +52,7 @@ class World {
   }
 };
 
-/// Requires in its destructor that the number of objects is that of its construction.
+/// The destructor requires the same number of objects as at construction.
 class ObjectLeakGuard {
  public:
   ObjectLeakGuard() = default;

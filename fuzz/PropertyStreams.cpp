@@ -34,13 +34,13 @@ Ref<Object> newObject(ClassRecord* record) {
 void checkEntries(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   if (contents.fault) return;
-  const Ref<Object> whole = newObject(record);
-  const Ref<Object> parts = newObject(record);
-  _SetProperties(whole, String(stream));
+  const Ref<Object> atOnce = newObject(record);
+  const Ref<Object> oneByOne = newObject(record);
+  _SetProperties(atOnce, String(stream));
   for (const StreamEntry& each : contents.entries) {
-    _SetProperties(parts, String(test::entry(each.property->name.view(), each.value)));
+    _SetProperties(oneByOne, String(test::entry(each.property->name.view(), each.value)));
   }
-  require(test::valuesOf(whole) == test::valuesOf(parts),
+  require(test::valuesOf(atOnce) == test::valuesOf(oneByOne),
           "a stream sets the same values as its entries one by one");
 }
 

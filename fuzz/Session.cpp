@@ -1,11 +1,14 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "bench/bare/Bare.h"
 #include "calendar/OutputFile.h"
@@ -65,17 +68,17 @@ struct Model {
     std::ranges::replace(text, '\n', '\r');
     return withPlainNan(std::move(text));
   }
-  /// The calendar of a year, cut after `room` lines.
+  /// The calendar of a year, cut after `lines` lines.
   struct Document {
     std::string text;
-    bool isWhole;
+    bool isComplete;
   };
-  [[nodiscard]] Document document(std::int32_t year, int room) const {
+  [[nodiscard]] Document document(std::int32_t year, int lines) const {
     struct Full {};
     std::string text;
     try {
       bare::writeYear(place(), saving(), year, [&](std::string_view line) {
-        if (room-- == 0) throw Full();
+        if (lines-- == 0) throw Full();
         text += line;
       });
     } catch (const Full&) {
@@ -139,9 +142,9 @@ class Session {
  private:
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
 
-  /// The window is closed; the next access opens a new one.
+  /// Call after closing the window; the next access opens a new one.
   void reopen() {
-    require(_WindowSupport.Windows.empty(), "a closed window leaves the list of windows");
+    require(_WindowSupport.Windows.empty(), "a closed window is not in the list of windows");
     model_ = Model();
   }
 
@@ -187,7 +190,8 @@ class Session {
     const bool moved = (isRow ? row : -1) != years->ListIndex();
     years->userChose(row);
     require(years->ListIndex() == (isRow ? row : -1), "an invalid row selects none");
-    require(years->Text() == (isRow ? years->List(row) : String()), "the text is that of the row");
+    require(years->Text() == (isRow ? years->List(row) : String()),
+            "the text equals the selected row");
     if (!moved) return;
     if (isRow) {
       const std::int32_t chosen = year();
@@ -208,7 +212,7 @@ class Session {
     model_.panel = model_.shownPanel();
   }
 
-  /// Presses the button: the dialog is cancelled, or the file cannot be created, fails after some
+  /// Presses the button. The dialog is cancelled, or the file cannot be created, is full after some
   /// lines, or is complete.
   void press() {
     constexpr std::int32_t LastYear = 9999;
@@ -217,8 +221,8 @@ class Session {
     const std::size_t messages = toolkit.messages().size();
     const Ref<test::MemoryItem> item = New<test::MemoryItem>();
     const bool cancelled = input_.ConsumeIntegralInRange(0, 9) == 0;
-    const bool made = input_.ConsumeIntegralInRange(0, 9) != 0;
-    item->errorOfCreate = made ? 0 : EACCES;
+    const bool created = input_.ConsumeIntegralInRange(0, 9) != 0;
+    item->errorOfCreate = created ? 0 : EACCES;
     item->linesUntilFull =
         input_.ConsumeIntegralInRange(0, input_.ConsumeIntegralInRange(0, 7) == 0 ? 3000 : 40);
     toolkit.saveAnswers.emplace_back(cancelled ? Ref<test::MemoryItem>() : item);
@@ -232,14 +236,14 @@ class Session {
     }
     require(toolkit.saveAnswers.empty(), "a press shows one save dialog");
     const bool told = toolkit.messages().size() == messages + 1;
-    require(told == (!cancelled && !made) && (told || toolkit.messages().size() == messages),
+    require(told == (!cancelled && !created) && (told || toolkit.messages().size() == messages),
             "one message if the file cannot be created, else none");
     require(!told || toolkit.messages().back() == "Cannot write to /memory/item.ics",
             "the message contains the path");
-    const bool written = !cancelled && made;
+    const bool written = !cancelled && created;
     const Model::Document expected = model_.document(year(), written ? item->linesUntilFull : 0);
     requireSame(*item->content, expected.text, "the file equals the reference");
-    require(raised == (written && !expected.isWhole), "an incomplete file raises");
+    require(raised == (written && !expected.isComplete), "an incomplete file raises");
   }
 
   void command() {

@@ -2,25 +2,25 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "fuzz/Fuzz.h"
 #include "shell/objects/Failure.h"
 #include "shell/objects/StringImage.h"
 
-// Input: bytes read as an image, or texts to write, read back and corrupt.
+// Input: an image to read; or texts, whose image is read back, then corrupted and read again.
 
 namespace veldrin::fuzz {
 namespace {
 
 using Image = std::vector<std::uint8_t>;
 
-/// Reading either reports an error inside the image, or returns strings that produce the same
-/// image.
+/// The reader reports an error inside the image, or returns strings that produce the same image.
 void checkReading(const Image& image, std::uint32_t address) {
-  const auto [strings, damage] = readStringImage(image, address);
-  if (damage) {
-    require(damage->offset <= image.size(), "the error offset lies in the image");
+  const auto [strings, error] = readStringImage(image, address);
+  if (error) {
+    require(error->offset <= image.size(), "the error offset lies in the image");
     require(strings.empty(), "a corrupt image yields no strings");
   } else {
     require(writeStringImage(strings, address) == image,
@@ -51,11 +51,11 @@ void checkWriting(FuzzedDataProvider& input, std::uint32_t address) {
             "only an image near the end of the address space does not fit");
     return;
   }
-  const auto [read, damage] = readStringImage(image, address);
-  require(!damage, "a written image is valid");
+  const auto [read, error] = readStringImage(image, address);
+  require(!error, "a written image is valid");
   require(read == texts, "the texts are unchanged");
-  for (std::size_t at = 0; at < texts.size(); ++at) {
-    require(read[at].encoding() == texts[at].encoding(), "the encodings are unchanged");
+  for (std::size_t index = 0; index < texts.size(); ++index) {
+    require(read[index].encoding() == texts[index].encoding(), "the encodings are unchanged");
   }
   if (image.empty()) return;
   image[input.ConsumeIntegralInRange<std::size_t>(0, image.size() - 1)] ^=

@@ -9,22 +9,23 @@
 #include "places/Fold.h"
 #include "places/PlaceFault.h"
 
-// Any bytes as the name of a town.
+// Input: one text, used as the name of a town.
 
 namespace veldrin::fuzz {
 namespace {
 
-/// The sentence for the user is one line that ends, however long the text is.
-void checkSentence(const PlaceFault& fault) {
-  constexpr std::size_t Longest = 1000;
-  const std::string_view sentence = fault.what();
-  require(sentence.size() < Longest && sentence.ends_with('.'), "the sentence is short and ends");
-  require(sentence.find('\n') == std::string_view::npos, "the sentence is one line");
+/// The error message is one short line that ends in a full stop, even for a long input.
+void checkMessage(const PlaceFault& fault) {
+  constexpr std::size_t MaximumLength = 1000;
+  const std::string_view message = fault.what();
+  require(message.size() < MaximumLength && message.ends_with('.'),
+          "the message is short and ends in a full stop");
+  require(message.find('\n') == std::string_view::npos, "the message is one line");
 }
 
 void checkKey(std::string_view text) {
   const std::string key = fold(text);
-  requireSame(fold(key), key, "a key folds to itself");
+  requireSame(fold(key), key, "folding a key again does not change it");
 }
 
 void checkTown(std::string_view text) {
@@ -32,7 +33,7 @@ void checkTown(std::string_view text) {
   requireSame(fullName(townNamed(fullName(town))), fullName(town), "a full name finds its town");
   bool isListed = false;
   for (const Town& each : townsNamed(text)) isListed = isListed || each.name == town.name;
-  require(isListed, "a town that is found is listed");
+  require(isListed, "the list contains the town");
 }
 
 }  // namespace
@@ -44,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     try {
       check(text);
     } catch (const veldrin::PlaceFault& fault) {
-      veldrin::fuzz::checkSentence(fault);
+      veldrin::fuzz::checkMessage(fault);
     }
   }
   return 0;

@@ -24,11 +24,11 @@ void checkGrammar(std::string_view text) {
     require(!parameter.empty(), "a parameter is not empty");
     joined += parameter;
   }
-  require(joined == text, "the parameters joined give the list");
+  require(joined == text, "the joined parameters equal the list");
 
   if (const auto parts = splitSignature(text)) {
     require("%" + std::string(parts->result) + "%" + std::string(parts->parameters) == text,
-            "the parts joined give the signature");
+            "the joined parts equal the signature");
   }
   if (const auto parts = readTypeCode(text)) {
     const bool isArray = parts->kind == CodeKind::Array;
@@ -39,7 +39,7 @@ void checkGrammar(std::string_view text) {
   }
 }
 
-/// Looks up all types in the text: as a type code, a signature and a parameter list.
+/// Looks up the text as a type code, and the types in it as a signature and as a parameter list.
 void checkTypes(const String& text) {
   const bool isCode = readTypeCode(text.view()).has_value();
   require(isCode || !Introspection::GetInfoFromTypeCode(text), "a malformed code has no type");
@@ -74,7 +74,7 @@ void checkNames(const String& name) {
     }
     require((found != nullptr) == exists, "FindProperty finds an existing property");
     require(found == nullptr || lowered(found->name.view()) == lowered(name.view()),
-            "the property has the wanted name");
+            "FindProperty returns a property of that name");
   }
   const Ref<Introspection::ClassInfo> info = Introspection::ClassInfo::Lookup(name);
   require(!info || info->QualifiedName() == (isClass ? name : "Object"_s),

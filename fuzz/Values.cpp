@@ -1,5 +1,6 @@
 #include <fuzzer/FuzzedDataProvider.h>
 
+#include <algorithm>
 #include <bit>
 #include <chrono>
 #include <cmath>
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "fuzz/Fuzz.h"
@@ -20,8 +22,8 @@
 namespace veldrin::fuzz {
 namespace {
 
-/// The text for strtod: "-" for U+2212, cut before anything that only strtod accepts (such as
-/// "inf").
+/// The text for strtod: replaces U+2212 by "-", and cuts the text at the first character that only
+/// strtod accepts, as in "inf".
 std::string forStrtod(std::string_view text) {
   constexpr std::string_view Minus = "\u2212";
   std::string all(text);
@@ -44,8 +46,7 @@ void checkVal(const std::string& text) {
   const std::string plain = forStrtod(text);
   char* end = nullptr;
   const double expected = std::strtod(plain.c_str(), &end);
-  require(number.has_value() == (end != plain.c_str()),
-          "readNumber and strtod agree whether there is a number");
+  require(number.has_value() == (end != plain.c_str()), "readNumber finds a number if strtod does");
   require(sameBits(Val(String(text)), number ? expected : 0.0), "Val equals strtod");
   if (!number) return;
   require(number->length <= text.size(), "the number ends within the text");
@@ -160,7 +161,7 @@ ShortDateForm formOf(FuzzedDataProvider& input) {
   return form;
 }
 
-/// A date text gives a valid date at midnight; any other text gives no date.
+/// `ParseDate` returns a valid date at midnight or, for an invalid text, nil.
 void checkText(const std::string& text) {
   Ref<Date> date;
   if (ParseDate(String(text), date)) {

@@ -37,8 +37,8 @@ String ArrayInfo::RankSuffix(std::int32_t rank) {
 
 void ArrayInfo::finalizeArrayMap() {
   if (!Registry::mArrayMap) return;
-  // Clear each element type while the map holds all arrays, so that releasing deeply nested arrays
-  // does not recurse.
+  // Clear all element types while the map holds the arrays. Otherwise releasing deeply nested
+  // arrays would recurse.
   const auto values = Registry::mArrayMap->Values();
   for (const Variant& value : values->elements) {
     Object* const info = value.object();

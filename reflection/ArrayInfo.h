@@ -3,11 +3,10 @@
 #include <cstdint>
 
 #include "reflection/TypeInfo.h"
-#include "shell/objects/Dictionary.h"
 
 namespace veldrin::Introspection {
 
-/// An array type: a rank and an element type. It is named "Int32()" for one dimension, "String(,)"
+/// An array type: a rank and an element type. Its name is "Int32()" for one dimension, "String(,)"
 /// for two.
 class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
  public:
@@ -31,8 +30,8 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
   static void finalizeArrayMap();
 
   using TypeInfo::Constructor;
-  /// Initialises the description and makes `Lookup` return it from now on. Raises the exceptions of
-  /// `Lookup`.
+  /// Initialises the description and registers it: `Lookup` returns it from now on. Raises the
+  /// exceptions of `Lookup`.
   void Constructor(std::int32_t rank, const Ref<TypeInfo>& element);
   [[nodiscard]] std::int32_t GetArrayRank() const override { return mArrayRank; }
   [[nodiscard]] Ref<TypeInfo> GetElementType() const override { return mElementType; }

@@ -11,7 +11,7 @@ class AttributeInfo : public Described<AttributeInfo, Object> {
   static constexpr FixedString FullName = "Introspection.AttributeInfo";
   static void fillTable(ClassTable<AttributeInfo>& table);
 
-  /// Copies the row; nil leaves the name empty.
+  /// Copies the row; does nothing for nil.
   void Constructor(const AttributeRow* row);
 
   String Name;

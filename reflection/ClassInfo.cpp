@@ -15,12 +15,12 @@
 namespace veldrin::Introspection {
 namespace {
 
-/// A class record as a `Dictionary` key or value.
+/// A class record as a key or value of a `Dictionary`.
 Variant pointerTo(ClassRecord* record) {
   return static_cast<void*>(record);
 }
 
-/// True for nil, which means the root.
+/// Whether the record is in the list of classes. True for nil, which means the root.
 bool isClass(const ClassRecord* record) {
   const ClassRecord* each = RuntimeGetClassList();
   while (each != nullptr && each != record) each = each->nextClass;
@@ -82,11 +82,11 @@ void ClassInfo::finalizeClassFQNToRefMap() {
 }
 
 void ClassInfo::finalizeClassRefMap() {
-  breakRings();
+  breakCycles();
   Registry::sClassRefMap = nullptr;
 }
 
-void ClassInfo::breakRings() {
+void ClassInfo::breakCycles() {
   std::vector<Ref<ClassInfo>> all;
   for (ClassInfo* info = Registry::newest; info != nullptr; info = info->older_)
     all.emplace_back(info);
@@ -97,7 +97,7 @@ void ClassInfo::Constructor(ClassRecord* record) {
   RuntimeStackCheck();
   Journal journal;
   describe(record);
-  journal.keep();
+  journal.commit();
 }
 
 void ClassInfo::describe(ClassRecord* record) {

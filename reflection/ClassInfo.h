@@ -1,7 +1,6 @@
 #pragma once
 
 #include "reflection/TypeInfo.h"
-#include "shell/objects/Dictionary.h"
 
 namespace veldrin::Introspection {
 
@@ -16,9 +15,9 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   ~ClassInfo() override;
 
   /// The shared description of a class; nil for a hidden class. Raises `TypeMismatchException` if
-  /// the pointer is no class record.
+  /// the pointer is not a class record.
   static Ref<ClassInfo> Lookup(ClassRecord* record);
-  /// The same by full name. The map of names is made at the first call; a name that is not in it
+  /// The same by full name. The first call creates the map of names; a name that is not in the map
   /// returns the root.
   static Ref<ClassInfo> Lookup(const String& fullName);
 
@@ -26,16 +25,16 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   static void finalizeClassFQNToRefMap();
   /// Releases the descriptions that `Lookup` keeps.
   static void finalizeClassRefMap();
-  /// Clears the members of all existing descriptions. This breaks reference cycles between classes
-  /// that have properties of each other's types.
-  static void breakRings();
+  /// Clears the members of all existing descriptions. Without this, classes with properties of each
+  /// other's types would never be released.
+  static void breakCycles();
 
   using TypeInfo::Constructor;
   /// Initialises the description and registers it: type codes with this class name resolve to it
-  /// from now on. If an exception interrupts this, all registrations are undone. Also creates a new
-  /// description of the base class, so compare classes by `IsSubclassOf`, not by identity.
+  /// from now on. An exception undoes all registrations. Also creates a new description of the base
+  /// class, so compare classes by `IsSubclassOf`, not by identity.
   void Constructor(ClassRecord* record);
-  /// Whether this class is the other one or derives from it; all classes derive from the root.
+  /// Whether this class equals `other` or derives from it; all classes derive from the root.
   [[nodiscard]] bool IsSubclassOf(const Ref<TypeInfo>& other) const override;
 
  private:

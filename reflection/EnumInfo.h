@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// An enumeration. Only its full name is known.
+/// An enumeration; its values are unknown.
 class EnumInfo final : public Described<EnumInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.EnumInfo";

@@ -9,21 +9,21 @@
 ///     GetType(window)->GetMethods();                   // all methods of the window's class
 ///     GetInfoFromTypeCode("A1i4"_s)->QualifiedName();  // "Int32()"
 ///
-/// A description is created on first use and kept until the end of the process. It knows the
-/// classes that are built at that time.
+/// A description is created on first use, from the classes built by then, and kept until
+/// `finalizeReflection`.
 namespace veldrin::Introspection {
 
-/// The description of the object's class: nil for a nil object or a hidden class, the root for an
-/// array.
+/// The description of the object's class; nil for a nil object or a hidden class. For an array, the
+/// root.
 Ref<TypeInfo> GetType(const Ref<Object>& object);
 
 /// The type of a type code (grammar: `shell/objects/TypeCodeGrammar.h`).
-/// - A malformed or unknown code returns nil, and so do nested arrays with more dimensions in all
+/// - A malformed or unknown code returns nil. So do nested arrays whose dimensions add up to more
 ///   than `ArrayInfo::MaximumDepth`.
-/// - An unknown class name, the empty one too ("o<>"), returns the root (see `ClassInfo::Lookup`).
+/// - An unknown or empty class name ("o<>") returns the root (see `ClassInfo::Lookup`).
 /// - A name of an enumeration or a structure returns a new description each time.
 /// - A hidden class returns nil the first time, but its description later, because the first call
-/// registers it.
+///   registers it.
 Ref<TypeInfo> GetInfoFromTypeCode(const String& code);
 
 /// The map from full names to described classes. Type codes resolve names through it first.
@@ -32,11 +32,11 @@ Ref<Dictionary> GetFQNTypeInfoMap();
 /// A new map from type codes of built-in types to descriptions.
 Ref<Dictionary> MakeIntrinsicTypeCodeMap();
 
-/// Releases the maps of this module. Call after the finalizers of `ArrayInfo` and `ClassInfo`, or
-/// call `finalizeReflection`.
+/// Releases the maps of this file. `finalizeReflection` calls it after the finalizers of
+/// `ArrayInfo` and `ClassInfo`.
 void finalizeModule();
 
-/// Calls all finalizers of the module in the right order. A description that is still referenced
+/// Calls all finalizers of the module in order. A description that is still referenced
 /// stays valid, but has no members.
 void finalizeReflection();
 

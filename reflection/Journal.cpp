@@ -8,8 +8,8 @@ namespace veldrin::Introspection {
 namespace {
 
 void undo(const JournalEntry& entry) {
-  if (entry.before) {
-    entry.map->Value(entry.key, *entry.before);
+  if (entry.previous) {
+    entry.map->Value(entry.key, *entry.previous);
   } else if (entry.map->HasKey(entry.key)) {
     entry.map->Remove(entry.key);
   }
@@ -23,7 +23,8 @@ std::size_t Journal::begin() {
 }
 
 Journal::~Journal() {
-  for (; !kept_ && Registry::journalEntries.size() > start_; Registry::journalEntries.pop_back())
+  for (; !isCommitted_ && Registry::journalEntries.size() > start_;
+       Registry::journalEntries.pop_back())
     undo(Registry::journalEntries.back());
   if (--Registry::openJournals == 0) Registry::journalEntries.clear();
 }

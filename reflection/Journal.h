@@ -7,28 +7,27 @@
 namespace veldrin::Introspection {
 
 /// An undo log for the maps of descriptions. A class description is registered before it is
-/// complete, so that its members can refer to it. If an exception interrupts this, the destructor
-/// undoes all registrations since the constructor. The outermost journal also undoes nested ones
-/// that were kept.
+/// complete, so that its members can refer to it. After an exception, the destructor undoes all
+/// registrations since the constructor. The outermost journal also undoes committed nested ones.
 class Journal {
  public:
   Journal() : start_(begin()) {}
   Journal(const Journal&) = delete;
   Journal& operator=(const Journal&) = delete;
-  /// Undoes all registrations, unless `keep()` was called.
+  /// Undoes all registrations, unless committed.
   ~Journal();
 
   /// Call when the description is complete.
-  void keep() { kept_ = true; }
+  void commit() { isCommitted_ = true; }
 
-  /// Sets the value of a key and logs the previous value.
+  /// Sets the value of a key. Logs the previous value if a journal exists.
   static void setValue(const Ref<Dictionary>& map, const Variant& key, const Variant& value);
 
  private:
   static std::size_t begin();
 
   std::size_t start_;
-  bool kept_ = false;
+  bool isCommitted_ = false;
 };
 
 }  // namespace veldrin::Introspection

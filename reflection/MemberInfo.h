@@ -15,7 +15,7 @@ class MemberInfo : public Described<MemberInfo, Object> {
   static constexpr FixedString FullName = "Introspection.MemberInfo";
   static void fillTable(ClassTable<MemberInfo>& table);
 
-  /// False for a hidden class or member, which reflection never lists.
+  /// False for a hidden class or member; reflection never lists these.
   [[nodiscard]] virtual bool CanAccess() const { return !IsHidden(mAttributeData); }
   /// Initialises the description from a row of the matching kind; a nil row sets the owner only.
   virtual void Constructor(const MemberRow* row, ClassRecord* owner);
@@ -37,7 +37,7 @@ class MemberInfo : public Described<MemberInfo, Object> {
   /// Removes all attributes of that name and returns whether there was one. `value` receives the
   /// value of the first.
   bool removeAttribute(std::string_view name, Variant* value = nullptr);
-  /// Raises `IllegalCastException` if the object is no instance of the owner; nil is accepted.
+  /// Raises `IllegalCastException` if the object is not an instance of the owner; accepts nil.
   void requireInstance(const Ref<Object>& object) const;
 
   InfoList<AttributeInfo> mAttributeData;

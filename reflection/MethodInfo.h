@@ -7,7 +7,7 @@ namespace veldrin::Introspection {
 /// A method of a class, callable at run time:
 ///
 ///     arguments = {47.5, -122.5, day, -8.0, 0.0, 0.0};   // of "%%f8f8o<Date>f8&f8&f8"
-///     method->Invoke(window, arguments);                 // the last two hold the results
+///     method->Invoke(window, arguments);                 // writes the last two
 ///
 /// `Invoke` checks all arguments before the call. It raises `IllegalCastException` if the receiver
 /// or an argument is an object of another class, `OutOfBoundsException` for a wrong number of
@@ -23,7 +23,8 @@ class MethodInfo : public Described<MethodInfo, MethodBase> {
   void FilterAttributes() override;
   /// Calls the method and ignores its result.
   void Invoke(const Ref<Object>& object, const Ref<Array<Variant>>& arguments) const;
-  /// Returns the result of the method, nil if it has none. Its name in the tables is "Invoke" too.
+  /// Calls the method and returns its result, nil if it has none. In the tables, its name is
+  /// "Invoke".
   [[nodiscard]] Variant InvokeForResult(const Ref<Object>& object,
                                         const Ref<Array<Variant>>& arguments) const;
 

@@ -17,10 +17,10 @@ class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
   /// Removes "__Shared" too and stores it as `IsShared`.
   void FilterAttributes() override;
   /// Reads the property. Raises `IllegalCastException` for an object of another class,
-  /// `RuntimeException` if not readable, `NilObjectException` for nil unless the property is
-  /// shared.
+  /// `RuntimeException` if the property is not readable, `NilObjectException` for nil unless the
+  /// property is shared.
   [[nodiscard]] Variant Value(const Ref<Object>& object) const;
-  /// Writes the property (the assigning method `=Value`). Raises the exceptions of the getter and
+  /// Writes the property (the assigning method `=Value`). Raises as for reading, and the exceptions
   /// of `fromVariant`; then nothing is set.
   void Value(const Ref<Object>& object, const Variant& value) const;
 

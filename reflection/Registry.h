@@ -13,17 +13,16 @@ class ClassInfo;
 struct JournalEntry {
   Ref<Dictionary> map;
   Variant key;
-  std::optional<Variant> before;  ///< nullopt if the key was new
+  std::optional<Variant> previous;  ///< nullopt if the key was new
 };
 
-/// All that reflection keeps from one call to the next. `finalizeReflection` lays it down. A map is
-/// nil until its first use.
+/// The state of the module, released by `finalizeReflection`. A map is nil until its first use.
 struct Registry {
-  static inline Ref<Dictionary> mArrayMap;             ///< of `ArrayInfo`: by full name
-  static inline Ref<Dictionary> sClassFQNToRefMap;     ///< of `ClassInfo`: records by full name
-  static inline Ref<Dictionary> sClassRefMap;          ///< of `ClassInfo`: descriptions by record
-  static inline Ref<Dictionary> intrinsicTypeCodeMap;  ///< descriptions by intrinsic type code
-  static inline Ref<Dictionary> fqnTypeInfoMap;        ///< descriptions by full name
+  static inline Ref<Dictionary> mArrayMap;             ///< arrays by full name
+  static inline Ref<Dictionary> sClassFQNToRefMap;     ///< class records by full name
+  static inline Ref<Dictionary> sClassRefMap;          ///< classes by record
+  static inline Ref<Dictionary> intrinsicTypeCodeMap;  ///< types by intrinsic type code
+  static inline Ref<Dictionary> fqnTypeInfoMap;        ///< classes by full name
   static inline ClassInfo* newest = nullptr;           ///< head of the list of class descriptions
   static inline std::vector<JournalEntry> journalEntries;
   static inline int openJournals = 0;

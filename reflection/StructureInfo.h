@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// A structure. Only its full name is known; no class table uses one.
+/// A structure; its fields are unknown. No class table uses one.
 class StructureInfo final : public Described<StructureInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.StructureInfo";

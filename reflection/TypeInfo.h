@@ -19,7 +19,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   TypeInfo();
   ~TypeInfo() override;
 
-  /// Releases the base and the lists. `ClassInfo::breakRings` calls it early.
+  /// Releases the base and the lists. `ClassInfo::breakCycles` calls it before the end.
   void __Exit();
 
   using MemberInfo::Constructor;
@@ -35,10 +35,10 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   [[nodiscard]] virtual Ref<Array<Ref<MethodInfo>>> GetMethods() const;
   /// A new array with the properties, inherited ones first.
   [[nodiscard]] virtual Ref<Array<Ref<PropertyInfo>>> GetProperties() const;
-  /// Always false except for classes.
+  /// Always false for a type that is not a class.
   [[nodiscard]] virtual bool IsSubclassOf(const Ref<TypeInfo>& /*other*/) const { return false; }
 
-  /// The property "FullName": the plain name if there is no full one.
+  /// The property "FullName"; `Name` if there is no full name.
   [[nodiscard]] String QualifiedName() const {
     return mFullyQualifiedName.isEmpty() ? mNameValue : mFullyQualifiedName;
   }
@@ -51,7 +51,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   [[nodiscard]] bool IsInterface() const { return mIsInterfaceTypeValue; }
   [[nodiscard]] bool IsPointer() const { return mIsPointerTypeValue; }
   [[nodiscard]] bool IsPrimitive() const { return mIsPrimitiveTypeValue; }
-  /// Whether assignment copies. A text is immutable, so it counts as a value.
+  /// Whether assignment copies. True for a text, because it is immutable.
   [[nodiscard]] bool IsValueType() const { return mIsValueTypeValue; }
 
  protected:

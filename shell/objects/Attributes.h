@@ -8,15 +8,15 @@
 
 namespace veldrin {
 
-// The attributes of class and member rows. They are constants; a row only points at them. Their
-// order in a row is "__Scope", "Deprecated", "Hidden", "__Shared".
+// The attributes of class and member rows. They are constants; a row points at them. Their order
+// in a row is "__Scope", "Deprecated", "Hidden", "__Shared".
 
 inline constexpr AttributeRow ScopePublic{"__Scope"_s, "Public"_s, true};
 inline constexpr AttributeRow ScopePrivate{"__Scope"_s, "Private"_s, true};
 inline constexpr AttributeRow ScopeProtected{"__Scope"_s, "Protected"_s, true};
 inline constexpr AttributeRow Hidden{"Hidden"_s, ""_s, false};
 inline constexpr AttributeRow Shared{"__Shared"_s, ""_s, false};
-/// A deprecated member: without a replacement, or replaced by the member `Newer`.
+/// Marks a deprecated member. `DeprecatedFor` names its replacement, the member `Newer`.
 inline constexpr AttributeRow Deprecated{"Deprecated"_s, ""_s, false};
 template <FixedString Newer>
 inline constexpr AttributeRow DeprecatedFor{"Deprecated"_s, ConstantText<Newer>, true};

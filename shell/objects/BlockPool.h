@@ -7,7 +7,7 @@
 namespace veldrin {
 
 // A pool of small memory blocks for strings and objects, most of which live for one statement. A
-// freed block is kept for the next request of its size, up to `MostKept` blocks of each size.
+// freed block is kept for the next request of its size, up to `MaximumCount` of each size.
 // Larger blocks use the heap directly. Not thread-safe: Veldrin has one thread. Under
 // AddressSanitizer all blocks come from the heap, so that it can check each one.
 
@@ -23,38 +23,38 @@ inline constexpr bool Pooled = true;
 #endif
 
 /// The free blocks of one size.
-struct Shelf {
-  static constexpr std::size_t Step = 16;  ///< between block sizes, in bytes
-  static constexpr std::size_t LargestKept = 128;
-  static constexpr std::size_t MostKept = 64;
+struct FreeList {
+  static constexpr std::size_t SizeStep = 16;  ///< in bytes
+  static constexpr std::size_t LargestSize = 128;
+  static constexpr std::size_t MaximumCount = 64;
 
-  std::array<void*, MostKept> blocks;
+  std::array<void*, MaximumCount> blocks;
   std::size_t count;
 };
 
-/// One shelf for 1 to 16 bytes, one for 17 to 32, and so on. Never destroyed, because objects may
-/// be released after static destructors have run.
-inline constinit std::array<Shelf, Shelf::LargestKept / Shelf::Step> shelves{};
+/// One list for blocks of 1 to 16 bytes, one for 17 to 32, and so on. Never destroyed, because
+/// objects may be released after static destructors have run.
+inline constinit std::array<FreeList, FreeList::LargestSize / FreeList::SizeStep> freeLists{};
 
 }  // namespace detail
 
 /// Returns a block of at least `size` bytes (`size` > 0), aligned for any type. Throws
 /// `std::bad_alloc`.
-inline void* takeBlock(std::size_t size) {
-  using detail::Shelf;
-  if (!detail::Pooled || size - 1 >= Shelf::LargestKept) return ::operator new(size);
-  Shelf& shelf = detail::shelves[(size - 1) / Shelf::Step];
-  if (shelf.count != 0) return shelf.blocks[--shelf.count];
-  return ::operator new((size + Shelf::Step - 1) / Shelf::Step * Shelf::Step);
+inline void* allocateBlock(std::size_t size) {
+  using detail::FreeList;
+  if (!detail::Pooled || size - 1 >= FreeList::LargestSize) return ::operator new(size);
+  FreeList& list = detail::freeLists[(size - 1) / FreeList::SizeStep];
+  if (list.count != 0) return list.blocks[--list.count];
+  return ::operator new((size + FreeList::SizeStep - 1) / FreeList::SizeStep * FreeList::SizeStep);
 }
 
-/// Frees a block from `takeBlock(size)`.
-inline void giveBlock(void* block, std::size_t size) noexcept {
-  using detail::Shelf;
-  if (detail::Pooled && size - 1 < Shelf::LargestKept) {
-    Shelf& shelf = detail::shelves[(size - 1) / Shelf::Step];
-    if (shelf.count != Shelf::MostKept) {
-      shelf.blocks[shelf.count++] = block;
+/// Frees a block from `allocateBlock(size)`.
+inline void freeBlock(void* block, std::size_t size) noexcept {
+  using detail::FreeList;
+  if (detail::Pooled && size - 1 < FreeList::LargestSize) {
+    FreeList& list = detail::freeLists[(size - 1) / FreeList::SizeStep];
+    if (list.count != FreeList::MaximumCount) {
+      list.blocks[list.count++] = block;
       return;
     }
   }

@@ -48,7 +48,7 @@ std::string nameOf(void* frame) {
 
 void CallStack::capture() {
   constexpr int OwnFrames = 2;  // this function and its caller
-  std::array<void*, Most + OwnFrames> frames{};
+  std::array<void*, MaximumDepth + OwnFrames> frames{};
   const int taken = backtrace(frames.data(), static_cast<int>(frames.size()));
   count_ = static_cast<std::size_t>(std::max(taken - OwnFrames, 0));
   std::copy_n(frames.begin() + OwnFrames, count_, frames_.begin());

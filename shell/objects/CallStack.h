@@ -11,17 +11,17 @@ namespace veldrin {
 /// names.
 class CallStack {
  public:
-  /// Captures up to `Most` calls, innermost first, without this function and its caller.
+  /// Captures up to `MaximumDepth` calls, innermost first, without this function and its caller.
   void capture();
 
-  /// The calls, innermost first: the function name if known, else module and offset, such as
+  /// The function of each call, innermost first: its name if known, else module and offset, such as
   /// "veldrin+0x1f40".
   [[nodiscard]] std::vector<std::string> names() const;
 
  private:
-  static constexpr std::size_t Most = 30;
+  static constexpr std::size_t MaximumDepth = 30;
 
-  std::array<void*, Most> frames_{};
+  std::array<void*, MaximumDepth> frames_{};
   std::size_t count_ = 0;
 };
 

@@ -102,10 +102,10 @@ const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
 Function FindVirtualOperation(const ClassRecord& record, const String& name) {
   const bool assigns = name.view().starts_with('=');
   const std::string_view plain = name.view().substr(assigns ? 1 : 0);
-  const auto isIt = [&](const MethodRow& row) {
+  const auto matches = [&](const MethodRow& row) {
     return row.name == plain && ((row.flags & Flags::Assigns) != 0) == assigns && row.slot >= 0;
   };
-  const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), isIt);
+  const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), matches);
   if (row == record.methodRows.rend()) return nullptr;
   return record.virtualTable[static_cast<std::size_t>(row->slot)];
 }
@@ -118,12 +118,12 @@ std::int32_t FindEvent(const ClassRecord& record, const String& name) {
 }
 
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name) {
-  const auto isIt = [name](const PropertyRow& candidate) {
+  const auto matches = [name](const PropertyRow& candidate) {
     const std::string_view own = candidate.name.view();
     return own.size() == name.size() &&
            (own == name || std::ranges::equal(own, name, {}, lowered, lowered));
   };
-  const auto row = std::find_if(record.propertyRows.rbegin(), record.propertyRows.rend(), isIt);
+  const auto row = std::find_if(record.propertyRows.rbegin(), record.propertyRows.rend(), matches);
   return row == record.propertyRows.rend() ? nullptr : &*row;
 }
 

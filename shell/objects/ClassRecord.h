@@ -16,10 +16,10 @@ namespace veldrin {
 using Function = void (*)();
 
 /// A lifecycle hook of an object: `__Init`, `Destructor` or `__Exit`.
-using LifeStep = void (*)(Object& object);
+using Hook = void (*)(Object& object);
 
-/// A thunk for one signature. It converts the arguments in order, calls the function and writes
-/// by-reference results back into the array. It checks all arguments before the call. Raises
+/// A thunk for one signature. It checks and converts the arguments in order, calls the function and
+/// writes by-reference results back into the array. Before the call, raises
 /// `NilObjectException` for a nil object or array, `OutOfBoundsException` for a wrong number of
 /// arguments, and the exceptions of `fromVariant`.
 using Invoker = Variant (*)(Function function, Object* object, VariantArray* arguments);
@@ -28,15 +28,15 @@ using Invoker = Variant (*)(Function function, Object* object, VariantArray* arg
 struct AttributeRow {
   StringConstant name;
   StringConstant value;  ///< empty if there is none
-  bool hasValue;         ///< distinguishes an empty value from none
+  bool hasValue;         ///< false if `value` means no value
 };
 
 /// The bits of a row's `flags`.
 namespace Flags {
 inline constexpr std::uint32_t Public = 1;
 inline constexpr std::uint32_t Shared = 2;  ///< belongs to the class, not to an object
-/// Two meanings of one bit: a method whose last parameter is the assigned value, as in
-/// `x.Value(key) = value`; a writable property.
+/// One bit with two meanings. `Assigns`: the last parameter of the method is the assigned value, as
+/// in `x.Value(key) = value`. `Writable`: the property has a setter.
 inline constexpr std::uint32_t Assigns = 4;
 inline constexpr std::uint32_t Writable = 4;
 /// A method with any number of arguments.
@@ -50,7 +50,7 @@ struct MemberRow {
   std::span<const AttributeRow> attributes;
 };
 
-/// One method of a class: for listing and calling it.
+/// One method of a class.
 struct MethodRow : MemberRow {
   String signature;  ///< without the object parameter
   /// A `MethodShape::Call`, or a `SharedCall` for a shared method.
@@ -61,7 +61,7 @@ struct MethodRow : MemberRow {
 
 /// One property of a class, with the accessors that form decoding and reflection use.
 struct PropertyRow : MemberRow {
-  /// Thunks for one property type: call the getter or setter, converting to or from `Variant`.
+  /// Thunks for one property type. They call the accessor and convert to or from `Variant`.
   using Get = Variant (*)(Function getter, Object* object, std::int32_t offset);
   using Set = void (*)(Function setter, Object* object, std::int32_t offset, const Variant& value);
 
@@ -97,9 +97,9 @@ struct ClassRecord {
   String name;                       ///< qualified: "Veldrin.Veldrin"
   std::int32_t instanceSize = 0;     ///< bytes, inherited fields included; 0 for an interface
   bool isInterface = false;
-  LifeStep __Init = nullptr;  ///< runs on a new instance before any constructor
-  LifeStep Destructor = nullptr;
-  LifeStep __Exit = nullptr;  ///< releases the fields
+  Hook __Init = nullptr;  ///< runs on a new instance before any constructor
+  Hook Destructor = nullptr;
+  Hook __Exit = nullptr;  ///< releases the fields
   std::vector<Function> virtualTable;
   std::vector<MethodRow> methodRows;
   std::vector<EventRow> eventRows;
@@ -117,7 +117,7 @@ struct ClassRecord {
 /// into it. `base` is nil for a class that derives directly from `Object`.
 ClassRecord* RuntimeNewClass(ClassRecord* base);
 
-/// Removes the record of a class that could not be built from the list. Does not free it.
+/// Removes a record from the list of classes, after building its class failed. Does not free it.
 void RuntimeDropClass(const ClassRecord* record) noexcept;
 
 /// The newest class; follow `nextClass` for the older ones. Nil if there is none.
@@ -136,11 +136,11 @@ Ref<Object> RuntimeNewObject(ClassRecord* record);
 /// nil record means `Object`, so it matches every object.
 bool RuntimeObjectIsa(const Object* object, const ClassRecord* record);
 
-/// Casts the object. Nil can be cast to every class. Raises `IllegalCastException` if the object is
-/// no instance of the class.
+/// Casts the object; nil casts to every class. Raises `IllegalCastException` if the object is not
+/// an instance of the class.
 Ref<Object> RuntimeCheckCast(Object* object, const ClassRecord* record);
 
-/// The row by which the object's class or a base implements the interface, or nil.
+/// The interface row of the object's class, else of the nearest base that has one, else nil.
 const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
                                                  const ClassRecord* interface);
 
@@ -153,8 +153,8 @@ Ref<T> CheckCast(const Ref<Object>& object) {
 /// The same for a temporary; moves its count to the result.
 template <class T>
 Ref<T> CheckCast(Ref<Object>&& object) {
-  const bool isOne = object && object.get()->classRecord() == T::__Lookup();
-  return isOne ? Ref<T>::adopt(static_cast<T*>(object.release())) : CheckCast<T>(object);
+  const bool isExact = object && object.get()->classRecord() == T::__Lookup();
+  return isExact ? Ref<T>::adopt(static_cast<T*>(object.release())) : CheckCast<T>(object);
 }
 
 /// A new object of the class `T` from its record.
@@ -163,9 +163,8 @@ Ref<T> New() {
   return Ref<T>::adopt(static_cast<T*>(RuntimeNewObject(T::__Lookup()).release()));
 }
 
-/// The virtual method of that name, from the virtual table of the class; nil if there is none. A
-/// method that assigns may share its name with one that does not; prefix the name with "=" to
-/// select the assigning one.
+/// The virtual method of that name, from the virtual table of the class; nil if there is none. An
+/// assigning method may share its name with another method; prefix the name with "=" to select it.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
 /// The index of the first event of that name in the class, or -1.

@@ -145,8 +145,8 @@ class ClassTable {
     sharedMethod<Set>(name + ".Set"_s, PublicHidden);
   }
 
-  /// Declares events of the class, in this order. A class may declare an event of its base again,
-  /// after `handles`: it handles the event of the base, and derived classes handle the new one.
+  /// Declares events of the class, in this order. To redeclare an event of the base, call `handles`
+  /// first: this class then handles the event of the base, and derived classes the new one.
   template <class... Signatures>
   void event(const Event<Signatures>&... declared) {
     (record_.eventRows.push_back({declared.name(), declared.signature(), nullptr}), ...);
@@ -157,7 +157,7 @@ class ClassTable {
   template <auto Method, class Signature>
   void handles(const Event<Signature>& event) {
     static_assert(std::same_as<ShapeOf<Method>, typename Event<Signature>::Shape>,
-                  "the method does not take and give what handlers of the event do");
+                  "the method does not have the signature of the event");
     detail::eventRowOf(record_, event.name(), event.signature()).handler = own<Method>();
   }
 
@@ -165,7 +165,7 @@ class ClassTable {
   template <class Interface, auto... Operations>
   void implements() {
     static_assert(std::same_as<typename Interface::Operations, std::tuple<ShapeOf<Operations>...>>,
-                  "the methods do not take and give what the interface's operations do");
+                  "the methods do not have the signatures of the interface");
     record_.interfaceRows.push_back({Interface::__Lookup(), {own<Operations>()...}});
   }
 
@@ -177,7 +177,7 @@ class ClassTable {
   template <auto Method>
   static Function own() {
     using Declaring = typename detail::Member<decltype(Method)>::Declaring;
-    static_assert(std::derived_from<Self, Declaring>, "the method is none of this class");
+    static_assert(std::derived_from<Self, Declaring>, "the method is not a member of this class");
     return functionOf<Method>();
   }
 

@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// An RGB colour, 0 to 255 each.
+/// An RGB colour; each component is 0 to 255.
 struct Color {
   std::uint8_t red = 0;
   std::uint8_t green = 0;

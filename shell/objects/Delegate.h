@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// A function without result or own parameters, and the object it is bound to (or nil).
+/// A function without a result, and the object it is bound to (or nil).
 class Delegate final : public Described<Delegate, Object> {
  public:
   static constexpr FixedString FullName = "Delegate";
@@ -13,14 +13,13 @@ class Delegate final : public Described<Delegate, Object> {
   /// The way to call the target: `Invoke` or `IM_Invoke`.
   using Invoking = void (Delegate::*)();
 
-  /// Calls the target without arguments. Both this and `IM_Invoke` raise
-  /// `FunctionNotFoundException` if there is no target, `TypeMismatchException` if the delegate was
-  /// made for the other way of calling, and `StackOverflowException` if delegates call each other
-  /// endlessly.
+  /// Calls the target without arguments. Raises `FunctionNotFoundException` if there is no target,
+  /// `TypeMismatchException` if the delegate was created for `IM_Invoke`, and
+  /// `StackOverflowException` if delegates call each other endlessly. `IM_Invoke` raises the same.
   void Invoke();
   /// Calls the target with the bound object as its only argument.
   void IM_Invoke();
-  /// Calls the target in the way the delegate was made for.
+  /// Calls the target by `Invoke` or `IM_Invoke`, as chosen at creation.
   void call() { (this->*invoking_)(); }
 
   /// The target: a `void (*)()` for `Invoke`, a `void (*)(Object*)` for `IM_Invoke`.

@@ -24,21 +24,21 @@ struct MemberPointer<Type Class::*> {
 
 /// The hook as stored in a record; nil if `Self` only inherits it. A private or overloaded hook
 /// does not compile.
-template <class Self, auto Step>
-LifeStep lifeStepOf() {
-  using Pointer = MemberPointer<decltype(Step)>;
+template <class Self, auto Method>
+Hook hookOf() {
+  using Pointer = MemberPointer<decltype(Method)>;
   if constexpr (std::same_as<typename Pointer::Declaring, Self>) {
     static_assert(std::same_as<typename Pointer::Declared, void()>,
-                  "a step of an object's life is a member function `void ()`, not noexcept");
+                  "a hook is a member function `void ()`, not noexcept");
     return [](Object& object) {
       RuntimeStackCheck();
-      (static_cast<Self&>(object).*Step)();
+      (static_cast<Self&>(object).*Method)();
     };
   }
   return nullptr;
 }
 
-/// Calls `Self::fillTable` unless it is inherited, because then the base has called it already.
+/// Calls `Self::fillTable`, unless `Self` inherits it: then the base has called it already.
 template <class Self, auto Fill, auto FillOfBase>
 void fillTable(ClassRecord& record) {
   if constexpr (std::same_as<decltype(Fill), void (*)(ClassTable<Self>&)>) {
@@ -76,7 +76,7 @@ class Described : public Base {
     return __ctbl;
   }
 
-  /// Builds the record, after the records of its bases; does nothing if it exists. Raises
+  /// Builds the records of the bases, then this one; does nothing if it exists. Raises
   /// `StackOverflowException` if there are too many levels of bases. Throws `FatalFault` if the
   /// table overrides a method or binds an event that does not exist.
   static void __ctblinit();
@@ -113,9 +113,9 @@ void Described<Self, Base>::describe(ClassRecord& record) {
   if constexpr (!std::is_abstract_v<Self> && std::is_default_constructible_v<Self>) {
     record.allocate = []() -> Object* { return std::make_unique<Self>().release(); };
   }
-  record.__Init = detail::lifeStepOf<Self, &Self::__Init>();
-  record.Destructor = detail::lifeStepOf<Self, &Self::Destructor>();
-  record.__Exit = detail::lifeStepOf<Self, &Self::__Exit>();
+  record.__Init = detail::hookOf<Self, &Self::__Init>();
+  record.Destructor = detail::hookOf<Self, &Self::Destructor>();
+  record.__Exit = detail::hookOf<Self, &Self::__Exit>();
   detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(record);
 }
 

@@ -96,7 +96,7 @@ Variant Dictionary::Lookup(const Variant& key, const Variant& otherwise) const {
 }
 
 void Dictionary::Remove(const Variant& key) {
-  // Extract, then release, for the same reason.
+  // Extract first: the destructor of the released value may use this dictionary.
   if (entries_.extract(key).empty()) Raise<KeyNotFoundException>();
 }
 

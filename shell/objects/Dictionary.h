@@ -45,8 +45,9 @@ class Dictionary : public Described<Dictionary, Object> {
   virtual void Remove(const Variant& key);
   virtual void Clear();
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
-  /// New arrays with all keys, and with all values in the order of the keys.
+  /// A new array with all keys.
   [[nodiscard]] virtual Ref<Array<Variant>> Keys() const;
+  /// A new array with all values, in the order of `Keys()`.
   [[nodiscard]] virtual Ref<Array<Variant>> Values() const;
 
  private:

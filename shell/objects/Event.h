@@ -37,24 +37,24 @@ class Event<Result(Parameters...)> {
   StringConstant name_;
 };
 
-/// The index of the first event of that name in the class. Raises `KeyNotFoundException` if the
-/// class has no event of that name, `TypeMismatchException` if the event has another signature.
+/// The index of the first event of that name in the class. Raises `KeyNotFoundException` if there
+/// is none, `TypeMismatchException` if the event has another signature.
 std::size_t RequireEvent(const ClassRecord& record, const String& name, const String& signature);
 
 namespace detail {
-/// The handler of the event: from `own`, else of the class, else nil.
+/// The handler of the event: from `own`, else from the class, else nil.
 Function handlerOf(const Object& object, const String& name, const String& signature,
                    std::span<const Function> own);
 }  // namespace detail
 
-/// Raises an event: finds its handler and calls it. All events are raised here. `own` holds
-/// handlers of this object by event index; they precede the handlers of the class, and nil entries
-/// fall back to it. Without a handler, returns `Result()`, such as false. Keeps the object alive
-/// during the call. Raises the exceptions of `RequireEvent`, and `StackOverflowException` if
-/// handlers raise each other's events endlessly.
+/// Raises an event: finds its handler and calls it. All events are raised here. `own` holds the
+/// handlers of this object by event index; a nil or missing entry means the handler of the class.
+/// Without a handler, returns `Result()`, such as false. Keeps the object alive during the call.
+/// Raises the exceptions of `RequireEvent`, and `StackOverflowException` if handlers raise each
+/// other's events endlessly.
 template <class Result, class... Parameters>
 Result callHandler(Object& object, const String& name, std::span<const Function> own,
-                   detail::Handed<Parameters>... arguments) {
+                   detail::Passed<Parameters>... arguments) {
   RuntimeStackCheck();
   const Ref<Object> held(&object);
   using Called = Event<Result(Parameters...)>;
@@ -66,7 +66,7 @@ Result callHandler(Object& object, const String& name, std::span<const Function>
 /// The same for an object without own handlers.
 template <class Result, class... Parameters>
 Result callHandler(Object& object, const Event<Result(Parameters...)>& event,
-                   detail::Handed<Parameters>... arguments) {
+                   detail::Passed<Parameters>... arguments) {
   return callHandler<Result, Parameters...>(object, event.name(), {}, arguments...);
 }
 

@@ -48,11 +48,11 @@ Ref<Array<String>> RuntimeException::Stack() const {
 
 OutOfMemoryRaiser::OutOfMemoryRaiser() {
   outOfMemory = New<OutOfMemoryException>();
-  before_ = std::set_new_handler(raiseOutOfMemory);
+  previous_ = std::set_new_handler(raiseOutOfMemory);
 }
 
 OutOfMemoryRaiser::~OutOfMemoryRaiser() {
-  std::set_new_handler(before_);
+  std::set_new_handler(previous_);
   outOfMemory = nullptr;
 }
 

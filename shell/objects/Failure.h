@@ -18,8 +18,8 @@ class RuntimeException;
 /// `NilObjectException`.
 [[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
 
-/// The base class of all exception objects. The program sets `ErrorNumber` at most; the report of
-/// an uncaught exception writes the text for the user.
+/// The base class of all exception objects. Code that raises one leaves `Message` empty; the report
+/// of an uncaught exception writes the text for the user.
 class RuntimeException : public Described<RuntimeException, Object> {
  public:
   static constexpr FixedString FullName = "RuntimeException";
@@ -33,13 +33,13 @@ class RuntimeException : public Described<RuntimeException, Object> {
     incompleteFile = String();
   }
 
-  /// The call stack at the raise, as of `CallStack::names()`, in a new array. Empty if the
+  /// The call stack at the raise, from `CallStack::names()`, in a new array. Empty if the
   /// exception was not raised, or was raised by `OutOfMemoryRaiser`.
   [[nodiscard]] Ref<Array<String>> Stack() const;
 
   String Message;
   std::int32_t ErrorNumber = 0;  ///< `errno` of a failed file operation, else 0
-  String incompleteFile;         ///< path of the file that this exception left incomplete
+  String incompleteFile;         ///< path of a file left incomplete, else empty
 
  private:
   friend void RuntimeRaiseException(Ref<RuntimeException> exception);
@@ -92,7 +92,7 @@ struct Raised {
   Ref<RuntimeException> exception;
 };
 
-/// Also a `std::bad_alloc`, because the C++ standard allows a new-handler to throw only that.
+/// A `std::bad_alloc` too, because the C++ standard allows a new-handler to throw only that.
 struct RaisedOutOfMemory : Raised, std::bad_alloc {
   explicit RaisedOutOfMemory(Ref<RuntimeException> raised) : Raised{std::move(raised)} {}
 };
@@ -107,11 +107,11 @@ class OutOfMemoryRaiser {
   ~OutOfMemoryRaiser();
 
  private:
-  std::new_handler before_;
+  std::new_handler previous_;
 };
 
-/// A bug in Veldrin, such as a class table that does not match its base. It is never handled: it is
-/// reported, then Veldrin exits.
+/// A bug in Veldrin, such as a class table that does not match its base. Nothing
+/// handles it: Veldrin reports it and exits.
 class FatalFault : public std::logic_error {
  public:
   using std::logic_error::logic_error;

@@ -8,29 +8,29 @@
 
 namespace veldrin {
 
-/// Puts an object in force for as long as this lives: the one host, or the one toolkit, that the
-/// operations of its room use. Scopes nest; the inner one counts.
+/// Makes an object, such as the host or the toolkit, the current one of type `T` until the end of
+/// the scope. Scopes nest; the innermost one counts.
 ///
 ///     const InForce<Host> scope(host);
 ///     InForce<Host>::get().now();
 ///
-/// `T` has the name of its kind in `T::Kind`, for the message.
+/// `T::Kind` names the type in the error message.
 template <class T>
 class InForce {
  public:
-  /// `object` must outlive this.
-  explicit InForce(T& object) : before_(std::exchange(current_, &object)) {}
+  /// `object` must outlive the scope.
+  explicit InForce(T& object) : previous_(std::exchange(current_, &object)) {}
   InForce(const InForce&) = delete;
   InForce& operator=(const InForce&) = delete;
-  ~InForce() { current_ = before_; }
+  ~InForce() { current_ = previous_; }
 
-  /// The object in force. Throws `FatalFault` if there is none, which is a fault of the program.
+  /// The current object. Throws `FatalFault` if there is none, which is a bug in Veldrin.
   static T& get() {
     if (current_ == nullptr) fail();
     return *current_;
   }
 
-  /// Whether an object is in force.
+  /// Whether there is a current object.
   static bool exists() { return current_ != nullptr; }
 
  private:
@@ -39,7 +39,7 @@ class InForce {
                      " before there is one.");
   }
 
-  T* before_;
+  T* previous_;
   static inline T* current_ = nullptr;
 };
 

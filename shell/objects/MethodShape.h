@@ -15,7 +15,7 @@ namespace detail {
 
 /// How an argument is passed: trivially copyable types by value, others by const reference.
 template <class T>
-using Handed =
+using Passed =
     std::conditional_t<std::is_reference_v<T> || std::is_trivially_copyable_v<T>, T, const T&>;
 
 [[noreturn]] void raiseOutOfBounds();
@@ -27,13 +27,13 @@ using Handed =
 template <class Result, class... Parameters>
 struct MethodShape {
   /// The function of a method, and of a shared method.
-  using Call = Result (*)(Object* object, detail::Handed<Parameters>... arguments);
-  using SharedCall = Result (*)(detail::Handed<Parameters>... arguments);
+  using Call = Result (*)(Object* object, detail::Passed<Parameters>... arguments);
+  using SharedCall = Result (*)(detail::Passed<Parameters>... arguments);
 
   /// As stored in rows, without the object: "%i4%s" takes a text and returns an integer.
   static constexpr StringConstant signature() { return signatureOf<Result, Parameters...>(); }
 
-  /// The `Invoker` for methods.
+  /// An `Invoker` for methods.
   static Variant Invoke(Function function, Object* object, VariantArray* arguments) {
     if (object == nullptr) RaiseNilObjectException();
     return apply(arguments, [&](auto&... values) -> Result {
@@ -41,7 +41,7 @@ struct MethodShape {
     });
   }
 
-  /// The `Invoker` for shared methods.
+  /// An `Invoker` for shared methods.
   static Variant InvokeShared(Function function, Object* /*object*/, VariantArray* arguments) {
     return apply(arguments, [&](auto&... values) -> Result {
       return reinterpret_cast<SharedCall>(function)(values...);
@@ -92,11 +92,10 @@ struct Member<Result (Class::*)(Parameters...)> {
   using Declaring = Class;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
-  /// The member as a function with the object as its first argument. Every call through a table
-  /// passes here: event handlers, delegates, virtual methods, reflection. So the stack is checked
-  /// here and not in each method.
+  /// The member as a function with the object as its first argument. Event handlers, virtual
+  /// methods and reflection call this function, so it checks the stack and the methods need not.
   template <auto Method>
-  static Plain<Result> call(Object* object, Handed<Plain<Parameters>>... arguments) {
+  static Plain<Result> call(Object* object, Passed<Plain<Parameters>>... arguments) {
     RuntimeStackCheck();
     return (static_cast<Class&>(*object).*Method)(arguments...);
   }
@@ -113,14 +112,14 @@ template <class Class, class Result, class... Parameters>
 struct Member<Result (Class::*)(Parameters...) const noexcept>
     : Member<Result (Class::*)(Parameters...)> {};
 
-/// A function whose first parameter already is the object.
+/// A function that takes the object as its first parameter.
 template <class Result, class... Parameters>
 struct Member<Result (*)(Object*, Parameters...)> {
   using Declaring = Object;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
   template <auto Method>
-  static Plain<Result> call(Object* object, Handed<Plain<Parameters>>... arguments) {
+  static Plain<Result> call(Object* object, Passed<Plain<Parameters>>... arguments) {
     RuntimeStackCheck();
     return Method(object, arguments...);
   }
@@ -134,7 +133,7 @@ struct SharedFunction<Result (*)(Parameters...)> {
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
   template <auto Method>
-  static Plain<Result> call(Handed<Plain<Parameters>>... arguments) {
+  static Plain<Result> call(Passed<Plain<Parameters>>... arguments) {
     RuntimeStackCheck();
     return Method(arguments...);
   }
@@ -142,7 +141,7 @@ struct SharedFunction<Result (*)(Parameters...)> {
 
 }  // namespace detail
 
-/// The type-erased function of a method; its first argument is the object. Each method has one.
+/// The type-erased function of a method; its first argument is the object.
 template <auto Method>
 Function functionOf() {
   return reinterpret_cast<Function>(&detail::Member<decltype(Method)>::template call<Method>);

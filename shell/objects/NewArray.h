@@ -9,6 +9,7 @@
 
 namespace veldrin {
 
+/// Creates an array with these elements.
 template <class T>
 Ref<Array<T>> newArray(std::vector<T> elements) {
   return Ref<Array<T>>::adopt(std::make_unique<Array<T>>(std::move(elements)).release());

@@ -17,12 +17,12 @@ constexpr std::int32_t CountDuringDestruction = std::numeric_limits<std::int32_t
 
 /// Objects whose destruction is postponed; nil until the first. Never destroyed, because objects
 /// may be released after static destructors have run.
-constinit std::vector<Object*>* waiting = nullptr;
+constinit std::vector<Object*>* postponed = nullptr;
 
-void runStep(LifeStep step, Object& object) noexcept {
-  if (step == nullptr) return;
+void runHook(Hook hook, Object& object) noexcept {
+  if (hook == nullptr) return;
   try {
-    step(object);
+    hook(object);
   } catch (...) {  // NOLINT(bugprone-empty-catch): no caller could handle it
   }
 }
@@ -31,8 +31,8 @@ void runStep(LifeStep step, Object& object) noexcept {
 bool postponeIfStackIsLow(Object* object) noexcept {
   if (!RuntimeStackIsLow()) return false;
   try {
-    if (waiting == nullptr) waiting = std::make_unique<std::vector<Object*>>().release();
-    waiting->push_back(object);
+    if (postponed == nullptr) postponed = std::make_unique<std::vector<Object*>>().release();
+    postponed->push_back(object);
     return true;
   } catch (...) {
     return false;  // out of memory: destroy the object now, in the stack reserve
@@ -56,27 +56,27 @@ std::int64_t liveObjectCount() {
 void destroyObject(Object* object) noexcept {
   object->count_ = CountDuringDestruction;
   if (postponeIfStackIsLow(object)) return;
-  endObject(object);
-  endObjectsThatWait();
+  destroyNow(object);
+  destroyPostponedObjects();
 }
 
-void endObjectsThatWait() noexcept {
-  while (waiting != nullptr && !waiting->empty() && !RuntimeStackIsLow()) {
-    Object* const next = waiting->back();
-    waiting->pop_back();
-    endObject(next);
+void destroyPostponedObjects() noexcept {
+  while (postponed != nullptr && !postponed->empty() && !RuntimeStackIsLow()) {
+    Object* const next = postponed->back();
+    postponed->pop_back();
+    destroyNow(next);
   }
 }
 
-void endObject(Object* object) noexcept {
-  struct End {
-    void operator()(Object* last) const { delete last; }
+void destroyNow(Object* object) noexcept {
+  struct Delete {
+    void operator()(Object* owned) const { delete owned; }
   };
-  std::unique_ptr<Object, End> owner(object);
-  const ClassRecord* record = object->hasEnded_ ? nullptr : object->classRecord();
-  for (object->hasEnded_ = true; record != nullptr; record = record->baseClass) {
-    runStep(record->Destructor, *object);
-    runStep(record->__Exit, *object);
+  std::unique_ptr<Object, Delete> owner(object);
+  const ClassRecord* record = object->haveHooksRun_ ? nullptr : object->classRecord();
+  for (object->haveHooksRun_ = true; record != nullptr; record = record->baseClass) {
+    runHook(record->Destructor, *object);
+    runHook(record->__Exit, *object);
   }
   if (object->count_ == CountDuringDestruction) return;
   object->count_ -= CountDuringDestruction;

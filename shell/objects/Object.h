@@ -19,8 +19,8 @@ class Object {
   Object& operator=(const Object&) = delete;
 
   // NOLINTNEXTLINE(misc-new-delete-overloads): the matching delete is the sized one.
-  static void* operator new(std::size_t size) { return takeBlock(size); }
-  static void operator delete(void* object, std::size_t size) noexcept { giveBlock(object, size); }
+  static void* operator new(std::size_t size) { return allocateBlock(size); }
+  static void operator delete(void* object, std::size_t size) noexcept { freeBlock(object, size); }
 
   /// The record of the object's class; nil for `Object` itself and for arrays.
   [[nodiscard]] virtual ClassRecord* classRecord() const { return nullptr; }
@@ -42,10 +42,10 @@ class Object {
   friend void RuntimeLockObject(Object* object) noexcept;
   friend void RuntimeUnlockObject(Object* object) noexcept;
   friend void destroyObject(Object* object) noexcept;
-  friend void endObject(Object* object) noexcept;
+  friend void destroyNow(Object* object) noexcept;
 
   std::int32_t count_ = 1;
-  bool hasEnded_ = false;  ///< its hooks have run
+  bool haveHooksRun_ = false;  ///< `Destructor` and `__Exit`
 };
 
 /// The number of existing objects.
@@ -53,13 +53,14 @@ std::int64_t liveObjectCount();
 
 /// Runs `Destructor` and `__Exit` of each class, derived class first, then frees the object. Only
 /// `RuntimeUnlockObject` calls it. Exceptions from the hooks are ignored, since no caller could
-/// handle them. If a hook gives out a reference to the object, the object lives on without the
-/// fields that `__Exit` released, until that reference is gone; no hook runs twice. If little stack
-/// is left, the destruction is postponed, so a long chain of objects cannot overflow the stack.
+/// handle them. If a hook stores a reference to the object, the object lives until that
+/// reference is released, without the fields that `__Exit` released; no hook runs twice. If little
+/// stack is left, the destruction is postponed, so a long chain of objects cannot overflow the
+/// stack.
 void destroyObject(Object* object) noexcept;
 
 /// Destroys the postponed objects, unless the stack is still low.
-void endObjectsThatWait() noexcept;
+void destroyPostponedObjects() noexcept;
 
 /// Increments the count. Nil is allowed.
 inline void RuntimeLockObject(Object* object) noexcept {

@@ -16,15 +16,15 @@ template <class T>
 struct PropertyAccess {
   using Type = T;
   using Getter = T (*)(Object* object, std::int32_t offset);
-  using Setter = void (*)(Object* object, std::int32_t offset, detail::Handed<T> value);
+  using Setter = void (*)(Object* object, std::int32_t offset, detail::Passed<T> value);
   using SharedGetter = T (*)();
-  using SharedSetter = void (*)(detail::Handed<T> value);
+  using SharedSetter = void (*)(detail::Passed<T> value);
 
   /// Getter of a stored property.
   static T Get(Object* object, std::int32_t offset) { return field(object, offset); }
 
   /// Setter of a stored property.
-  static void Set(Object* object, std::int32_t offset, detail::Handed<T> value) {
+  static void Set(Object* object, std::int32_t offset, detail::Passed<T> value) {
     field(object, offset) = value;
   }
 

@@ -22,7 +22,7 @@ class Ref {
   Ref(std::nullptr_t) {}
   /// Adds a count.
   explicit Ref(T* object) noexcept : object_(object) { RuntimeLockObject(object); }
-  /// Takes over the count of a new object, without adding one.
+  /// Takes ownership of the count of a new object, without adding one.
   [[nodiscard]] static Ref adopt(T* object) noexcept {
     Ref taken;
     taken.object_ = object;
@@ -53,7 +53,7 @@ class Ref {
   }
   explicit operator bool() const { return object_ != nullptr; }
   [[nodiscard]] T* get() const { return object_; }
-  /// Hands the count to the caller and becomes nil.
+  /// Transfers the count to the caller and becomes nil.
   [[nodiscard]] T* release() noexcept { return std::exchange(object_, nullptr); }
 
   template <class U>

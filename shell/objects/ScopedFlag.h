@@ -4,17 +4,17 @@
 
 namespace veldrin {
 
-/// Sets a flag for as long as this lives, and then gives it the value from before.
+/// Sets a flag until the end of the scope, then restores its previous value.
 class ScopedFlag {
  public:
-  explicit ScopedFlag(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  explicit ScopedFlag(bool& flag) : flag_(flag), previous_(std::exchange(flag, true)) {}
   ScopedFlag(const ScopedFlag&) = delete;
   ScopedFlag& operator=(const ScopedFlag&) = delete;
-  ~ScopedFlag() { flag_ = before_; }
+  ~ScopedFlag() { flag_ = previous_; }
 
  private:
   bool& flag_;
-  bool before_;
+  bool previous_;
 };
 
 }  // namespace veldrin

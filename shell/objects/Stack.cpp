@@ -12,8 +12,8 @@
 namespace veldrin {
 namespace {
 
-/// The highest known address of the stack: the end of the last environment variable, since the OS
-/// puts the environment above the first frame. Variables set later lie on the heap and are skipped.
+/// The highest known address of the stack. The OS puts the environment above the first frame, so it
+/// is the end of the last environment variable. Skips variables set later: they lie on the heap.
 std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
   std::uintptr_t top = frame;
   for (char** text = environ; text != nullptr && *text != nullptr; ++text) {
@@ -28,9 +28,8 @@ std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
 void measureStack() {
   rlimit limit{};
   if (getrlimit(RLIMIT_STACK, &limit) != 0) return;
-  // An unlimited stack is treated as one of 256 MiB.
-  constexpr rlim_t Ample = rlim_t{1} << 28;
-  if (limit.rlim_cur == RLIM_INFINITY) limit.rlim_cur = Ample;
+  constexpr rlim_t SizeIfUnlimited = rlim_t{1} << 28;  // 256 MiB
+  if (limit.rlim_cur == RLIM_INFINITY) limit.rlim_cur = SizeIfUnlimited;
   const auto frame = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
   const std::uintptr_t size = std::min<std::uintptr_t>(limit.rlim_cur, frame);
   detail::stackLimit = stackTop(frame, size) - size + StackReserve;

@@ -12,14 +12,14 @@ namespace veldrin {
 namespace {
 
 /// The minimum capacity of a concatenation, in bytes of text.
-constexpr std::size_t LeastCapacity = 32;
+constexpr std::size_t MinimumCapacity = 32;
 
-constexpr std::size_t LargestAllocation = std::numeric_limits<std::int32_t>::max();
+constexpr std::size_t MaximumAllocation = std::numeric_limits<std::int32_t>::max();
 
 /// One memory block: the record, then the text block.
 inline StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
-  if (allocation > LargestAllocation) Raise<OutOfMemoryException>();
-  auto* const memory = static_cast<char*>(takeBlock(sizeof(StringRecord) + allocation));
+  if (allocation > MaximumAllocation) Raise<OutOfMemoryException>();
+  auto* const memory = static_cast<char*>(allocateBlock(sizeof(StringRecord) + allocation));
   return std::construct_at(reinterpret_cast<StringRecord*>(memory),
                            StringRecord{1, static_cast<std::int32_t>(allocation), 0, encoding,
                                         memory + sizeof(StringRecord)});
@@ -28,7 +28,7 @@ inline StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) 
 }  // namespace
 
 void freeStringRecord(StringRecord* string) noexcept {
-  giveBlock(string, sizeof(StringRecord) + static_cast<std::size_t>(string->allocation));
+  freeBlock(string, sizeof(StringRecord) + static_cast<std::size_t>(string->allocation));
 }
 
 String::String(std::string_view text, std::uint32_t encoding) {
@@ -43,9 +43,9 @@ String detail::addToNew(const String& left, const String& right) {
   if (left.isEmpty()) return right;
   const std::size_t length = left.view().size() + tail.size();
   // Doubles the capacity, so that repeated appending copies rarely.
-  const std::size_t roomy = std::max(2 * length, LeastCapacity) + StringRecord::Overhead;
+  const std::size_t preferred = std::max(2 * length, MinimumCapacity) + StringRecord::Overhead;
   const std::size_t allocation =
-      roomy <= LargestAllocation ? roomy : length + StringRecord::Overhead;
+      preferred <= MaximumAllocation ? preferred : length + StringRecord::Overhead;
   StringRecord* const sum =
       makeRecord(allocation, encodingOfSum(left.encoding(), right.encoding()));
   detail::append(*sum, left.view());

@@ -23,7 +23,7 @@ struct StringRecord {
   static constexpr std::int32_t TerminatorSize = 4;             ///< in bytes
   static constexpr std::int32_t Overhead = 1 + TerminatorSize;  ///< with the prefix byte
 
-  std::int32_t count;       ///< references; 1 too many for a constant, so it is never freed
+  std::int32_t count;       ///< references; a constant has one extra, so it is never freed
   std::int32_t allocation;  ///< bytes of the text block
   std::int32_t length;      ///< bytes of text
   std::uint32_t encoding;
@@ -117,7 +117,7 @@ class String {
     return left.view() == right;
   }
 
-  /// Takes over the count of a new record, without adding one.
+  /// Takes ownership of the count of a new record, without adding one.
   [[nodiscard]] static String adopt(StringRecord* record) noexcept {
     String taken;
     taken.record_ = record;
@@ -149,19 +149,19 @@ inline std::uint32_t encodingOfSum(std::uint32_t left, std::uint32_t right) {
   return left == right ? left : Encoding::UTF8;
 }
 
-/// The concatenation as a new string; if one operand is empty, the other one.
+/// A new string with the concatenation; if one operand is empty, the other one.
 String addToNew(const String& left, const String& right);
 
 }  // namespace detail
 
-/// Concatenates. If one operand is empty, returns the other; otherwise the encoding is that of
-/// both, or UTF-8 if they differ. Raises `OutOfMemoryException` if the result is too long for a
-/// string.
+/// Concatenates. If one operand is empty, returns the other. Otherwise the result has the encoding
+/// of both operands, or UTF-8 if they differ. Raises `OutOfMemoryException` if the result is too
+/// long for a string.
 inline String RuntimeAddString(const String& left, const String& right) {
   return detail::addToNew(left, right);
 }
 
-/// The same for a temporary left operand: appends in place if no other string shares its record.
+/// The same for a temporary left operand. Appends in place if no other string shares its record.
 /// Both operands may be the same variable.
 inline String RuntimeAddString(String&& left, const String& right) {
   StringRecord* const record = left.record();

@@ -27,7 +27,7 @@ void putWord(std::vector<std::uint8_t>& image, std::size_t value) {
   }
 }
 
-/// Reads an image and throws `StringImageDamage` at the first error; only `readStringImage` catches
+/// Reads an image and throws `StringImageError` at the first error; only `readStringImage` catches
 /// it.
 class Reader {
  public:
@@ -43,13 +43,13 @@ class Reader {
     for (std::size_t index = 0; index < count; ++index) {
       result.push_back(string(index * StringRecordSize));
     }
-    require(block_ == image_.size(), block_, "bytes behind the last text block");
+    require(block_ == image_.size(), block_, "bytes after the last text block");
     return result;
   }
 
  private:
-  static void require(bool sound, std::size_t offset, const char* what) {
-    if (!sound) throw StringImageDamage{offset, what};
+  static void require(bool holds, std::size_t offset, const char* what) {
+    if (!holds) throw StringImageError{offset, what};
   }
 
   [[nodiscard]] std::uint32_t word(std::size_t offset) const {
@@ -74,13 +74,13 @@ class Reader {
   String string(std::size_t record) {
     require(word(record + CountOffset) == 1, record + CountOffset, "a count other than 1");
     require(word(record + DataOffset) - address_ == block_, record + DataOffset,
-            "a text block that does not follow the one before");
+            "a text block that does not follow the previous one");
     const std::size_t length = word(record + LengthOffset);
     require(image_.size() - block_ >= StringRecord::Overhead &&
                 length <= image_.size() - block_ - StringRecord::Overhead,
-            record + LengthOffset, "a length that leaves the image");
+            record + LengthOffset, "a length beyond the end of the image");
     require(word(record + AllocationOffset) == length + StringRecord::Overhead,
-            record + AllocationOffset, "an allocation other than the length and 5");
+            record + AllocationOffset, "an allocation other than the length plus 5");
     const std::uint32_t encoding = word(record + EncodingOffset);
     require(isKnownEncoding(encoding), record + EncodingOffset, "an unknown encoding");
     require(image_[block_] == lengthPrefix(length), block_, "a prefix other than the length");
@@ -126,8 +126,8 @@ std::vector<std::uint8_t> writeStringImage(std::span<const String> strings, std:
 StringImageContents readStringImage(std::span<const std::uint8_t> image, std::uint32_t address) {
   try {
     return {Reader(image, address).strings(), std::nullopt};
-  } catch (StringImageDamage& damage) {
-    return {{}, std::move(damage)};
+  } catch (StringImageError& error) {
+    return {{}, std::move(error)};
   }
 }
 

@@ -28,15 +28,15 @@ namespace veldrin {
 inline constexpr std::size_t StringRecordSize = 20;
 
 /// The byte offset of a format error in an image, and its description.
-struct StringImageDamage {
+struct StringImageError {
   std::size_t offset;
   std::string what;
 };
 
-/// All strings of an image, or no strings and the first error.
+/// The strings of an image, or the first error and no strings.
 struct StringImageContents {
   std::vector<String> strings;
-  std::optional<StringImageDamage> damage;
+  std::optional<StringImageError> error;
 };
 
 /// The image of `strings` for loading at `address`. Raises `OutOfMemoryException` if an address or

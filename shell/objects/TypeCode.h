@@ -91,7 +91,7 @@ struct TypeCode<E> {
 
 namespace detail {
 
-/// A parameter or result type as the tables see it: a non-const reference stays, anything else
+/// A parameter or result type as in a signature. A non-const reference stays; any other type
 /// becomes a value.
 template <class T>
 using Plain = std::conditional_t<std::is_lvalue_reference_v<T> &&
@@ -116,7 +116,7 @@ constexpr auto resultCode() {
   }
 }
 
-/// Whether the signature contains numeric codes only, at least one.
+/// Whether the signature contains at least one code, all of them numeric.
 constexpr bool holdsOnlyNumbers(std::string_view signature) {
   return signature.find_first_not_of("%&if0123456789") == std::string_view::npos &&
          signature.find_first_of("if") != std::string_view::npos;
@@ -130,7 +130,7 @@ inline constexpr auto SignatureText = ((FixedString("%") + detail::resultCode<Re
                                         FixedString("%")) +
                                        ... + detail::parameterCode<Parameters>());
 
-/// Encoded as ASCII if it contains numeric codes only, else as UTF-8.
+/// The signature text as a constant: in ASCII if `holdsOnlyNumbers`, else in UTF-8.
 template <class Result, class... Parameters>
 constexpr StringConstant signatureOf() {
   constexpr auto Text = SignatureText<Result, Parameters...>;

@@ -17,40 +17,40 @@ class Cursor {
  public:
   explicit Cursor(std::string_view text) : text_(text) {}
 
-  [[nodiscard]] bool atEnd() const { return place_ == text_.size(); }
-  [[nodiscard]] std::string_view passed() const { return text_.substr(0, place_); }
-  [[nodiscard]] std::string_view rest() const { return text_.substr(place_); }
+  [[nodiscard]] bool atEnd() const { return position_ == text_.size(); }
+  [[nodiscard]] std::string_view passed() const { return text_.substr(0, position_); }
+  [[nodiscard]] std::string_view rest() const { return text_.substr(position_); }
 
   /// Skips the character if it is next.
   bool take(char character) {
-    const bool here = !atEnd() && text_[place_] == character;
-    if (here) ++place_;
+    const bool here = !atEnd() && text_[position_] == character;
+    if (here) ++position_;
     return here;
   }
 
   /// Returns and skips one character; a zero byte at the end.
-  char takeAny() { return atEnd() ? '\0' : text_[place_++]; }
+  char takeAny() { return atEnd() ? '\0' : text_[position_++]; }
 
   std::string_view takeDigits() {
-    const std::size_t start = place_;
-    place_ = std::min(text_.find_first_not_of(Digits, place_), text_.size());
-    return text_.substr(start, place_ - start);
+    const std::size_t start = position_;
+    position_ = std::min(text_.find_first_not_of(Digits, position_), text_.size());
+    return text_.substr(start, position_ - start);
   }
 
   /// After "<": returns the name and skips its closing ">"; nullopt if that is missing.
   std::optional<std::string_view> takeName() {
-    const std::size_t start = place_;
+    const std::size_t start = position_;
     for (std::size_t open = 1; !atEnd();) {
       const char character = takeAny();
       if (character == '<') ++open;
-      if (character == '>' && --open == 0) return text_.substr(start, place_ - 1 - start);
+      if (character == '>' && --open == 0) return text_.substr(start, position_ - 1 - start);
     }
     return std::nullopt;
   }
 
  private:
   std::string_view text_;
-  std::size_t place_ = 0;
+  std::size_t position_ = 0;
 };
 
 std::optional<std::int32_t> readRank(std::string_view digits) {

@@ -35,11 +35,11 @@ struct SignatureParts {
 std::optional<SignatureParts> splitSignature(std::string_view signature);
 
 /// Removes the first parameter from a list and returns it with its "&". Accepts one array prefix
-/// only, so an array of arrays is split wrongly. Malformed text is removed too, at least one
-/// character; its type code is invalid. Returns an empty view only for an empty list.
+/// only, so it splits an array of arrays wrongly. From malformed text, removes at least one
+/// character and returns an invalid type code. Returns an empty view only for an empty list.
 std::string_view takeParameter(std::string_view& list);
 
-/// An object, an enumeration and a structure have a name.
+/// The kind of a type code. Object, Enumeration and Structure have a name.
 enum class CodeKind : std::uint8_t { Array, Object, Enumeration, Structure, Other };
 
 /// A parsed type code.
@@ -49,8 +49,8 @@ struct TypeCodeParts {
   std::string_view inner;  ///< element code of an array, or the name; may be empty for Other
 };
 
-/// Parses a type code; nullopt if it is malformed. A name may be empty. Of an array's element code, checks only that it
-/// is not empty.
+/// Parses a type code; nullopt if it is malformed. A name may be empty. Does not parse the element
+/// code of an array, but requires one.
 std::optional<TypeCodeParts> readTypeCode(std::string_view code);
 
 }  // namespace veldrin

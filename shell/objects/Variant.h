@@ -3,7 +3,6 @@
 #include <bit>
 #include <cmath>
 #include <concepts>
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -134,7 +133,7 @@ struct FromVariant<T> {
   }
 };
 
-/// Types without conversions; nil becomes an empty text or a null pointer.
+/// Types without conversions. Nil becomes an empty text or a null pointer.
 template <class T>
 requires(std::same_as<T, bool> || std::same_as<T, Currency> || std::same_as<T, Color> ||
          std::same_as<T, String> || std::same_as<T, void*>) struct FromVariant<T> {
@@ -186,7 +185,7 @@ struct FromVariant<Ref<Array<T>>> {
 }  // namespace detail
 
 /// Converts to `T`. A number converts to each numeric type that holds it without loss; nil converts
-/// to a nil reference, null pointer or empty text. Anything else must already be a `T`. Raises
+/// to a nil reference, null pointer or empty text. Any other value must already be a `T`. Raises
 /// `IllegalCastException` for an object of another class, `TypeMismatchException` for other
 /// mismatches.
 template <class T>

@@ -11,7 +11,7 @@ WindowRoom::~WindowRoom() {
   removeAllWindows();
   releaseApplication();
   releasePluginEntries();
-  endObjectsThatWait();
+  destroyPostponedObjects();
 }
 
 }  // namespace veldrin

@@ -2,7 +2,8 @@
 
 namespace veldrin::test {
 
-// Must not compile with the name of a case of tests/CMakeLists.txt defined; compiles without.
+// Each macro tested below is a case of tests/CMakeLists.txt. With one of them defined, this file
+// must not compile; without any, it compiles.
 
 struct Interface : DescribedInterface<Interface> {
   static constexpr FixedString FullName = "Interface";

@@ -16,7 +16,7 @@ using testing::ElementsAreArray;
 using testing::IsSupersetOf;
 using Lines = std::vector<std::string>;
 
-/// The names of attributes, each with its value if it has one.
+/// " NAME" or " NAME=VALUE" for each attribute.
 std::string namesOf(std::span<const AttributeRow> rows) {
   std::string all;
   for (const AttributeRow& row : rows) {
@@ -26,6 +26,7 @@ std::string namesOf(std::span<const AttributeRow> rows) {
   return all;
 }
 
+/// " NAME" for each method; " ?" for a function that the class does not list.
 std::string namesOf(const ClassRecord& record, std::span<const Function> functions) {
   std::string all;
   for (const Function each : functions) {
@@ -35,10 +36,10 @@ std::string namesOf(const ClassRecord& record, std::span<const Function> functio
   return all;
 }
 
-/// The events that a class declares, and the handlers that differ from those of its base.
+/// Adds the handlers that the class does not inherit, and the events that it declares.
 void addEvents(Lines& lines, const ClassRecord& record) {
-  const std::vector<EventRow> none;
-  const auto& inherited = record.baseClass == nullptr ? none : record.baseClass->eventRows;
+  const auto inherited =
+      record.baseClass == nullptr ? std::vector<EventRow>() : record.baseClass->eventRows;
   std::string declared = "events";
   for (std::size_t place = 0; place < record.eventRows.size(); ++place) {
     const EventRow& row = record.eventRows[place];
@@ -50,7 +51,7 @@ void addEvents(Lines& lines, const ClassRecord& record) {
   lines.push_back(declared);
 }
 
-/// The methods that a class lists, each with its index among the slots that the class adds; "over"
+/// Adds the methods of the class, each with its index among the slots that the class adds; "over"
 /// for a slot of its base, "-" for none.
 void addMethods(Lines& lines, const ClassRecord& record) {
   const std::size_t inherited =
@@ -68,12 +69,12 @@ void addMethods(Lines& lines, const ClassRecord& record) {
   lines.push_back("slots " + std::to_string(record.virtualTable.size() - inherited));
 }
 
-/// What a class adds to its base.
+/// The differences between a class and its base.
 Lines linesOf(const ClassRecord& record) {
   Lines lines;
   if (record.baseClass != nullptr) lines.push_back("base " + text(record.baseClass->name));
   lines.push_back("attributes" + namesOf(record.attributeRows));
-  lines.push_back(std::string("steps") + (record.__Init == nullptr ? "" : " __Init") +
+  lines.push_back(std::string("hooks") + (record.__Init == nullptr ? "" : " __Init") +
                   (record.Destructor == nullptr ? "" : " Destructor") +
                   (record.__Exit == nullptr ? "" : " __Exit"));
   for (const InterfaceRow& row : record.interfaceRows) {
@@ -93,7 +94,7 @@ class ClassTableTest : public RuntimeTest {
   static void SetUpTestSuite() { initializeClasses(); }
 };
 
-TEST_F(ClassTableTest, TablesAreThoseOfTheFile) {
+TEST_F(ClassTableTest, TablesMatchTheFile) {
   std::istringstream file(golden("classes.txt"));
   std::string line;
   while (std::getline(file, line) && line.starts_with('#')) {
@@ -117,7 +118,7 @@ TEST_F(ClassTableTest, TablesAreThoseOfTheFile) {
   }
 }
 
-/// A subclass overrides two operations by one method. The third operation assigns.
+/// `Both` overrides two operations by one method, and the third, an assigning one, by its own.
 class Root : public Described<Root, Object> {
  public:
   static constexpr FixedString FullName = "ClassTableTest.Root";
@@ -152,8 +153,9 @@ class Last final : public Described<Last, Both> {
   void g() {}
 };
 
-TEST_F(ClassTableTest, EachOperationKeepsItsSlotAndItsForm) {
-  // The first attempt fails to fill the table. The class must not be listed then.
+TEST_F(ClassTableTest, AnOverrideKeepsSlotAndFlags) {
+  // The first call to `Both::fillTable` throws. Then the list of classes must not contain the
+  // class.
   const ClassRecord* const newest = RuntimeGetClassList();
   EXPECT_THROW(Last::__ctblinit(), std::bad_alloc);
   EXPECT_EQ(RuntimeGetClassList()->baseClass, nullptr);
@@ -179,14 +181,14 @@ class OtherQuit final : public Described<OtherQuit, QuitMenuItem> {
   bool answer() { return true; }
 };
 
-TEST_F(ClassTableTest, AnEventDeclaredAgainIsAnotherEventForDerivedClasses) {
+TEST_F(ClassTableTest, ARedeclaredEventIsAnotherEventForDerivedClasses) {
   const std::vector<EventRow>& rows = OtherQuit::__Lookup()->eventRows;
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].handler, functionOf<&QuitMenuItem::Event_Action>());
   EXPECT_EQ(rows[1].handler, functionOf<&OtherQuit::answer>());
 }
 
-/// Overrides operations that the framework calls.
+/// Overrides operations of the framework.
 class Overriding final : public Described<Overriding, Window> {
  public:
   static constexpr FixedString FullName = "ClassTableTest.Overriding";
@@ -205,36 +207,20 @@ class Overriding final : public Described<Overriding, Window> {
 TEST_F(ClassTableTest, AnOverrideIsCalled) {
   const Ref<Overriding> window = New<Overriding>();
   const Ref<Window> base = window;
-  EXPECT_TRUE(RuntimeObjectIsa(base->__New(Pair::__Lookup()).get(), Date::__Lookup()));
+  EXPECT_TRUE(CheckCast<Date>(base->__New(nullptr)));
   base->Close();
   EXPECT_EQ(window->closings, 1);
-  EXPECT_EQ(FindVirtualOperation(*Overriding::__Lookup(), "__New"_s),
-            functionOf<&Overriding::__New>());
 }
 
-/// Its table does not fit the table of its base.
-template <int Fault>
-class Odd final : public Described<Odd<Fault>, Window> {
- public:
-  static constexpr FixedString FullName = "ClassTableTest.Odd";
-  static void fillTable(ClassTable<Odd>& table) {
-    if (Fault == 0) table.template overriding<&Odd::Constructor>("Construct"_s);
-    if (Fault == 1) table.template handles<&Odd::Constructor>(MenuEvent);
-  }
-  void Constructor() {}
-
- private:
-  static constexpr Event<void()> MenuEvent{"MenuBar"_s};
-};
-
-TEST_F(ClassTableTest, ATableThatOverridesOrBindsUnknownNamesIsAFault) {
-  ClassRecord record;
-  record.name = "Odd"_s;
-  record.eventRows = Window::__Lookup()->eventRows;
-  ClassTable<Odd<0>> first(record);
-  ClassTable<Odd<1>> second(record);
-  EXPECT_THROW(Odd<0>::fillTable(first), FatalFault);
-  EXPECT_THROW(Odd<1>::fillTable(second), FatalFault);
+TEST_F(ClassTableTest, OverridingOrHandlingAMissingMemberIsAFault) {
+  ClassRecord record = *Root::__Lookup();
+  ClassTable<Both> table(record);
+  EXPECT_THROW(table.overriding<&Both::both>("h"_s), FatalFault);
+  EXPECT_THROW(table.overriding<&Both::both>("assign"_s), FatalFault);  // another signature
+  ClassTable<OtherQuit> quit(record);
+  EXPECT_THROW(quit.handles<&OtherQuit::answer>(OtherQuit::Events::Action), FatalFault);
+  record.eventRows.push_back({"Action"_s, "%%"_s, nullptr});  // another signature
+  EXPECT_THROW(quit.handles<&OtherQuit::answer>(OtherQuit::Events::Action), FatalFault);
 }
 
 }  // namespace

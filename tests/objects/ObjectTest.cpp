@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <new>
 #include <string>
 #include <utility>
@@ -15,22 +14,28 @@
 #include "tests/support/RuntimeTest.h"
 
 namespace veldrin::test {
+
+/// Not in the anonymous namespace, because a stack trace shows exported names only.
+void raiseFromHere() {
+  Raise<IOException>(28);
+}
+
 namespace {
 
 using testing::ElementsAre;
 using ObjectTest = RuntimeTest;
 
-std::vector<std::string> lifeSteps;
+std::vector<std::string> hooks;
 
 class Ancestor : public Described<Ancestor, Object> {
  public:
   static constexpr FixedString FullName = "ObjectTest.Ancestor";
-  void __Init() { lifeSteps.emplace_back("Ancestor.__Init"); }
-  void Destructor() { lifeSteps.emplace_back("Ancestor.Destructor"); }
-  void __Exit() { lifeSteps.emplace_back("Ancestor.__Exit"); }
+  void __Init() { hooks.emplace_back("Ancestor.__Init"); }
+  void Destructor() { hooks.emplace_back("Ancestor.Destructor"); }
+  void __Exit() { hooks.emplace_back("Ancestor.__Exit"); }
 };
 
-/// Inherits the steps and has none of its own.
+/// Inherits the hooks.
 class Parent : public Described<Parent, Ancestor> {
  public:
   static constexpr FixedString FullName = "ObjectTest.Parent";
@@ -39,15 +44,15 @@ class Parent : public Described<Parent, Ancestor> {
 class Child final : public Described<Child, Parent> {
  public:
   static constexpr FixedString FullName = "ObjectTest.Child";
-  void __Init() { lifeSteps.emplace_back("Child.__Init"); }
+  void __Init() { hooks.emplace_back("Child.__Init"); }
   void Destructor() {
     const Ref<Child> self(this);
-    lifeSteps.emplace_back("Child.Destructor");
+    hooks.emplace_back("Child.Destructor");
   }
-  void __Exit() { lifeSteps.emplace_back("Child.__Exit"); }
+  void __Exit() { hooks.emplace_back("Child.__Exit"); }
 };
 
-TEST_F(ObjectTest, AssignmentKeepsTheCountsEven) {
+TEST_F(ObjectTest, AssignmentKeepsTheCountsBalanced) {
   const std::int64_t before = liveObjectCount();
   {
     Ref<Date> first = New<Date>();
@@ -68,22 +73,14 @@ TEST_F(ObjectTest, AssignmentKeepsTheCountsEven) {
   EXPECT_EQ(liveObjectCount(), before);
 }
 
-TEST_F(ObjectTest, LifeStepsRunOnceAClassInOrder) {
-  lifeSteps.clear();
+TEST_F(ObjectTest, HooksRunOnceForEachClassInOrder) {
+  hooks.clear();
   New<Child>();
-  EXPECT_THAT(lifeSteps, ElementsAre("Ancestor.__Init", "Child.__Init", "Child.Destructor",
-                                     "Child.__Exit", "Ancestor.Destructor", "Ancestor.__Exit"));
+  EXPECT_THAT(hooks, ElementsAre("Ancestor.__Init", "Child.__Init", "Child.Destructor",
+                                 "Child.__Exit", "Ancestor.Destructor", "Ancestor.__Exit"));
 }
 
-TEST_F(ObjectTest, NilIsLockedAndUnlockedWithoutHarmAndIsNoReceiver) {
-  RuntimeUnlockObject(nullptr);
-  RuntimeLockUnlockObjects(nullptr, nullptr);
-  EXPECT_EQ(raisedBy([] { Ref<Date>()->Day(1); }), "NilObjectException");
-  EXPECT_EQ(raisedBy([] { RuntimeNewObject(nullptr); }), "NilObjectException");
-  EXPECT_EQ(raisedBy([] { New<Delegate>()->call(); }), "FunctionNotFoundException");
-}
-
-TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
+TEST_F(ObjectTest, ACastAddsACountOrRaises) {
   const Ref<Child> child = New<Child>();
   const Ref<Ancestor> cast = CheckCast<Ancestor>(child);
   EXPECT_EQ(child->referenceCount(), 2);
@@ -91,38 +88,40 @@ TEST_F(ObjectTest, CastHandsOutAFreshCountOrRaises) {
   EXPECT_EQ(raisedBy([] { CheckCast<Child>(New<Parent>()); }), "IllegalCastException");
   EXPECT_EQ(child->referenceCount(), 2);
   EXPECT_FALSE(CheckCast<Date>(nullptr));
+  EXPECT_EQ(raisedBy([] { CheckCast<Date>(nullptr)->Day(1); }), "NilObjectException");
+  EXPECT_EQ(raisedBy([] { RuntimeNewObject(nullptr); }), "NilObjectException");
   EXPECT_TRUE(RuntimeObjectIsa(child.get(), Parent::__Lookup()));
   EXPECT_TRUE(RuntimeObjectIsa(child.get(), nullptr));
   EXPECT_FALSE(RuntimeObjectIsa(child.get(), RuntimeException::__Lookup()));
   EXPECT_FALSE(RuntimeObjectIsa(nullptr, Parent::__Lookup()));
 }
 
-/// Lies in a window and is no control.
-class Lying final : public Described<Lying, Object> {
+/// A non-control in a window.
+class PaneItem final : public Described<PaneItem, Object> {
  public:
-  static constexpr FixedString FullName = "ObjectTest.Lying";
-  static void fillTable(ClassTable<Lying>& table) {
-    table.implements<_PaneChild, &Lying::parent, &Lying::window>();
+  static constexpr FixedString FullName = "ObjectTest.PaneItem";
+  static void fillTable(ClassTable<PaneItem>& table) {
+    table.implements<_PaneChild, &PaneItem::parent, &PaneItem::window>();
   }
   Ref<Object> parent() { return nullptr; }
-  Ref<Window> window() { return lies; }
-  Ref<Window> lies;
+  Ref<Window> window() { return inWindow; }
+  Ref<Window> inWindow;
 };
 
-TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
+TEST_F(ObjectTest, SwapSetsMeToTheControlAndSelfToItsWindow) {
   const Ref<Window> window = New<Window>();
   const Ref<PushButton> button = New<PushButton>();
   window->_AddControl("Button"_s, button);
-  const Ref<PushButton> alone = New<PushButton>();  // it outlives its window
+  const Ref<PushButton> alone = New<PushButton>();  // outlives its window
   New<Window>()->_AddControl("Alone"_s, alone);
   EXPECT_TRUE(alone->Window());
   _WindowSupport.Windows.clear();
   const Ref<Date> date = New<Date>();
-  const Ref<Lying> lying = New<Lying>();
-  lying->lies = window;
+  const Ref<PaneItem> item = New<PaneItem>();
+  item->inWindow = window;
   const std::pair<Ref<Object>, Ref<Object>> swaps[] = {{button, window},   {alone, nullptr},
                                                        {window, window},   {date, date},
-                                                       {nullptr, nullptr}, {lying, window}};
+                                                       {nullptr, nullptr}, {item, window}};
   for (const auto& [before, after] : swaps) {
     const std::int32_t count = before ? before->referenceCount() : 0;
     {
@@ -136,7 +135,7 @@ TEST_F(ObjectTest, SwapMakesTheControlMeAndItsWindowSelf) {
   }
 }
 
-TEST_F(ObjectTest, CallsThatCallThemselvesWithoutEndOverflowTheStack) {
+TEST_F(ObjectTest, EndlessRecursionRaises) {
   const SmallStack stack;
   const Ref<PushButton> button = New<PushButton>();
   _InstallInstanceEventHandler(button, "Action"_s, [](Object* control) {
@@ -146,7 +145,7 @@ TEST_F(ObjectTest, CallsThatCallThemselvesWithoutEndOverflowTheStack) {
   endless = RuntimeCreateDelegate(
       &Delegate::Invoke, [] { endless->call(); }, nullptr, "(  )"_s);
   const std::int64_t objects = liveObjectCount();
-  for (int time = 0; time < 2; ++time) {
+  for (int attempt = 0; attempt < 2; ++attempt) {
     EXPECT_EQ(raisedBy([&] { button->userPressed(); }), "StackOverflowException");
     EXPECT_EQ(raisedBy([&] { endless->call(); }), "StackOverflowException");
     EXPECT_EQ(button->referenceCount(), 1);
@@ -154,9 +153,10 @@ TEST_F(ObjectTest, CallsThatCallThemselvesWithoutEndOverflowTheStack) {
     EXPECT_EQ(liveObjectCount(), objects);
   }
   endless = nullptr;
+  EXPECT_EQ(raisedBy([] { New<Delegate>()->call(); }), "FunctionNotFoundException");
 }
 
-TEST_F(ObjectTest, AChainOfAnyLengthIsGivenUp) {
+TEST_F(ObjectTest, ALongChainIsReleasedWithoutOverflow) {
   const SmallStack stack;
   const std::int64_t objects = liveObjectCount();
   Ref<Pair> chain;
@@ -170,62 +170,43 @@ TEST_F(ObjectTest, AChainOfAnyLengthIsGivenUp) {
   EXPECT_EQ(liveObjectCount(), objects);
 }
 
-/// Its steps fail.
-class Failing final : public Described<Failing, Object> {
+/// Stores a reference to itself during its destruction; both hooks throw.
+class Resurrecting final : public Described<Resurrecting, Object> {
  public:
-  static constexpr FixedString FullName = "ObjectTest.Failing";
-  void Destructor() { Raise<IOException>(); }
-  void __Exit() { throw std::bad_alloc(); }
-};
-
-/// Gives out a reference to itself while it is destroyed.
-class Returning final : public Described<Returning, Object> {
- public:
-  static constexpr FixedString FullName = "ObjectTest.Returning";
+  static constexpr FixedString FullName = "ObjectTest.Resurrecting";
   void Destructor() {
     ++destructions;
-    last = Ref<Returning>(this);
+    last = Ref<Resurrecting>(this);
+    Raise<IOException>();
   }
-  void __Exit() { field = nullptr; }
+  void __Exit() {
+    field = nullptr;
+    throw std::bad_alloc();
+  }
   Ref<Date> field = New<Date>();
-  static inline Ref<Returning> last;
+  static inline Ref<Resurrecting> last;
   static inline int destructions = 0;
 };
 
-TEST_F(ObjectTest, AnObjectThatItsDestructorGivesOutLivesOnWithoutItsFields) {
+TEST_F(ObjectTest, AnObjectReferencedByItsDestructorOutlivesIt) {
   const std::int64_t objects = liveObjectCount();
-  New<Returning>();
-  ASSERT_TRUE(Returning::last);
-  EXPECT_EQ(Returning::last->referenceCount(), 1);
-  EXPECT_FALSE(Returning::last->field);
+  New<Resurrecting>();
+  ASSERT_TRUE(Resurrecting::last);
+  EXPECT_EQ(Resurrecting::last->referenceCount(), 1);
+  EXPECT_FALSE(Resurrecting::last->field);
   EXPECT_EQ(liveObjectCount(), objects + 1);
-  Returning::last = nullptr;
+  Resurrecting::last = nullptr;
   EXPECT_EQ(liveObjectCount(), objects);
-  EXPECT_EQ(Returning::destructions, 1);
+  EXPECT_EQ(Resurrecting::destructions, 1);
 }
 
-TEST_F(ObjectTest, ExceptionsOfLifeStepsAreIgnored) {
-  const std::int64_t objects = liveObjectCount();
-  New<Failing>();
-  EXPECT_EQ(liveObjectCount(), objects);
-}
-
-}  // namespace
-
-/// Outside of the file's own names, so that the program has this one.
-void raiseFromHere() {
-  Raise<IOException>(28);
-}
-
-namespace {
-
-TEST_F(ObjectTest, AnExceptionKnowsTheCallsThatItComesFrom) {
+TEST_F(ObjectTest, AnExceptionHasTheStackOfItsRaise) {
   Ref<RuntimeException> exception;
   try {
     try {
       raiseFromHere();
     } catch (const Raised& raised) {
-      RuntimeReraiseException(raised.exception);  // it still comes from there
+      RuntimeReraiseException(raised.exception);  // keeps the stack
     }
   } catch (const Raised& raised) {
     exception = raised.exception;

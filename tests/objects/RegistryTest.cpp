@@ -9,15 +9,14 @@
 namespace veldrin::test {
 namespace {
 
-/// Walks over every class that there is: the application's, reflection's, and whatever other tests
-/// in this process have built.
+/// Checks all classes: of Veldrin, of the reflection module, and of other tests in this process.
 class RegistryTest : public RuntimeTest {
  protected:
   static void SetUpTestSuite() { initializeClasses(); }
-  // Some properties of reflection's objects describe classes when they are read.
+  // Reading some properties of reflection objects creates descriptions.
   void TearDown() override { Introspection::finalizeReflection(); }
 
-  /// Calls the check with every record, the first built first.
+  /// Calls the check with every record, oldest first.
   template <class Check>
   static void forEach(const Check& check) {
     std::vector<ClassRecord*> records;
@@ -32,17 +31,17 @@ class RegistryTest : public RuntimeTest {
     }
   }
 
-  /// Whether the rows begin with those, in the same places.
+  /// Whether the rows begin with the inherited ones.
   template <class Rows>
-  static bool beginsLike(const Rows& rows, const Rows& first) {
-    return rows.size() >= first.size() &&
-           std::equal(first.begin(), first.end(), rows.begin(),
+  static bool startWith(const Rows& rows, const Rows& inherited) {
+    return rows.size() >= inherited.size() &&
+           std::equal(inherited.begin(), inherited.end(), rows.begin(),
                       [](const auto& one, const auto& other) { return one.name == other.name; });
   }
 };
 
-TEST_F(RegistryTest, EveryClassIsBuiltOnceFollowsItsBaseAndBeginsLikeIt) {
-  initializeClasses();  // for the second time
+TEST_F(RegistryTest, EveryClassIsBuiltOnceAndExtendsItsBase) {
+  initializeClasses();  // a second call builds nothing
   std::set<const ClassRecord*> built{nullptr};
   std::set<std::string> names;
   forEach([&](const ClassRecord& record) {
@@ -58,13 +57,13 @@ TEST_F(RegistryTest, EveryClassIsBuiltOnceFollowsItsBaseAndBeginsLikeIt) {
     if (record.baseClass == nullptr) return;
     const ClassRecord& base = *record.baseClass;
     EXPECT_GE(record.instanceSize, base.instanceSize);
-    EXPECT_TRUE(beginsLike(record.methodRows, base.methodRows));
-    EXPECT_TRUE(beginsLike(record.propertyRows, base.propertyRows));
-    EXPECT_TRUE(beginsLike(record.eventRows, base.eventRows));
+    EXPECT_TRUE(startWith(record.methodRows, base.methodRows));
+    EXPECT_TRUE(startWith(record.propertyRows, base.propertyRows));
+    EXPECT_TRUE(startWith(record.eventRows, base.eventRows));
   });
 }
 
-TEST_F(RegistryTest, VirtualTableIsTheBasesWhereNoRowOverrides) {
+TEST_F(RegistryTest, ASlotDiffersFromTheBaseOnlyWhereARowOverridesIt) {
   const auto rowOf = [](std::span<const MethodRow> rows, std::size_t slot) -> const MethodRow* {
     const auto row = std::ranges::find(rows, static_cast<std::int32_t>(slot), &MethodRow::slot);
     return row == rows.end() ? nullptr : &*row;
@@ -86,21 +85,21 @@ TEST_F(RegistryTest, VirtualTableIsTheBasesWhereNoRowOverrides) {
   });
 }
 
-TEST_F(RegistryTest, NoNameAndNoFieldStandsTwice) {
+TEST_F(RegistryTest, NamesAndFieldsAreUnique) {
   forEach([](const ClassRecord& record) {
     std::set<std::string> methods;
     for (const MethodRow& row : record.ownMethods()) {
       EXPECT_TRUE(methods.insert(text(row.name) + text(row.signature)).second) << text(row.name);
     }
-    // Ancestors' properties count as well: a stream would reach one of the two alone. A field of a
-    // class alone is no concern of others.
-    std::set<std::pair<std::int32_t, Function>> places;
+    // Inherited ones count too: a property stream can set only one of two with the same name.
+    // Private ones may repeat.
+    std::set<std::pair<std::int32_t, Function>> fields;
     for (const PropertyRow& row : record.propertyRows) {
       if ((row.flags & Flags::Public) == 0) continue;
-      const bool isStored = row.fieldOffset != 0;
-      EXPECT_TRUE(places.emplace(row.fieldOffset, isStored ? nullptr : row.getter).second)
-          << text(row.name);
-      EXPECT_EQ(FindProperty(record, row.name.view()), &row) << text(row.name);
+      SCOPED_TRACE(text(row.name));
+      const Function getter = row.fieldOffset == 0 ? row.getter : nullptr;
+      EXPECT_TRUE(fields.emplace(row.fieldOffset, getter).second);
+      EXPECT_EQ(FindProperty(record, row.name.view()), &row);
     }
     const bool isQuit = record.name == "QuitMenuItem" ||
                         (record.baseClass != nullptr && record.baseClass->name == "QuitMenuItem");
@@ -111,16 +110,16 @@ TEST_F(RegistryTest, NoNameAndNoFieldStandsTwice) {
   });
 }
 
-/// The scope stands first, and the flags say what the attributes say.
+/// The scope is the first attribute, and the flags agree with the attributes.
 template <class Row>
-void expectAttributesFit(const Row& row) {
+void expectAttributesAgree(const Row& row) {
   ASSERT_FALSE(row.attributes.empty());
   EXPECT_EQ(row.attributes[0].name.view(), "__Scope");
   EXPECT_EQ((row.flags & Flags::Public) != 0, row.attributes[0].value.view() == "Public");
   EXPECT_EQ((row.flags & Flags::Shared) != 0, row.attributes.back().name.view() == "__Shared");
 }
 
-/// The code stands for a type, for that of the name in its brackets where it has one.
+/// The code has a type, with the name in its brackets if there is one.
 void expectType(std::string_view code) {
   Ref<Introspection::TypeInfo> type = Introspection::GetInfoFromTypeCode(String(code));
   ASSERT_TRUE(type) << code;
@@ -130,12 +129,12 @@ void expectType(std::string_view code) {
   EXPECT_EQ(text(type->QualifiedName()) + ">", code.substr(bracket + 1));
 }
 
-TEST_F(RegistryTest, EveryRowIsWhole) {
+TEST_F(RegistryTest, EveryRowIsComplete) {
   forEach([&](const ClassRecord& record) {
     for (const MethodRow& row : record.ownMethods()) {
       SCOPED_TRACE(text(row.name) + " " + text(row.signature));
       EXPECT_TRUE(row.function != nullptr && row.invoker != nullptr);
-      expectAttributesFit(row);
+      expectAttributesAgree(row);
       const auto parts = splitSignature(row.signature.view());
       ASSERT_TRUE(parts);
       if (!parts->result.empty()) expectType(parts->result);
@@ -147,13 +146,13 @@ TEST_F(RegistryTest, EveryRowIsWhole) {
     }
     for (const PropertyRow& row : record.ownProperties()) {
       SCOPED_TRACE(text(row.name));
-      expectAttributesFit(row);
+      expectAttributesAgree(row);
       expectType(row.type.view());
       EXPECT_TRUE(row.getter != nullptr && row.reflectionGet != nullptr);
       EXPECT_EQ(row.setter != nullptr, (row.flags & Flags::Writable) != 0);
       EXPECT_EQ(row.setter != nullptr, row.reflectionSet != nullptr);
       EXPECT_TRUE(row.fieldOffset >= 0 && row.fieldOffset < record.instanceSize);
-      // The accessors of a computed one are those of its rows as a method.
+      // A computed property has its accessors as methods too.
       for (const auto& [ending, function] : {std::pair(".Get", row.getter), {".Set", row.setter}}) {
         const auto method = std::ranges::find(record.methodRows, row.name + String(ending),
                                               [](const MethodRow& each) { return each.name; });
@@ -177,8 +176,8 @@ TEST_F(RegistryTest, EveryRowIsWhole) {
   });
 }
 
-TEST_F(RegistryTest, EveryPropertyOfANewObjectTakesItsOwnValueBack) {
-  std::int32_t taken = 0;
+TEST_F(RegistryTest, EveryPropertyOfANewObjectAcceptsItsOwnValue) {
+  std::int32_t written = 0;
   forEach([&](ClassRecord& record) {
     if (record.allocate == nullptr) return;
     const Ref<Object> object = RuntimeNewObject(&record);
@@ -192,11 +191,11 @@ TEST_F(RegistryTest, EveryPropertyOfANewObjectTakesItsOwnValueBack) {
       if (row.setter == nullptr) continue;
       RuntimeGenericSetter(row.reflectionSet, row.setter, object.get(), row.fieldOffset, value);
       EXPECT_EQ(read(), value);
-      ++taken;
+      ++written;
     }
     _WindowSupport.Windows.clear();
   });
-  EXPECT_GT(taken, 200);
+  EXPECT_GT(written, 200);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ using testing::ElementsAreArray;
 
 constexpr std::uint32_t Address = 0x1000;
 
-/// "hi" and "(  )" as they lie at 0x1000.
+/// The image of "hi" and "(  )" at 0x1000.
 const Image Golden = {
     0x01, 0,   0,   0,   0x28, 0x10, 0, 0, 0x07, 0, 0, 0, 0x02, 0, 0, 0, 0x00, 0x01, 0x00, 0x08,  //
     0x01, 0,   0,   0,   0x2F, 0x10, 0, 0, 0x09, 0, 0, 0, 0x04, 0, 0, 0, 0x00, 0x06, 0x00, 0x00,  //
@@ -27,44 +27,44 @@ void putWord(Image& image, std::size_t offset, std::uint32_t value) {
   }
 }
 
-TEST(StringImageTest, HasTheGoldenBytesAndIsReadFromThem) {
+TEST(StringImageTest, WritesAndReadsTheGoldenBytes) {
   const std::vector<String> strings = {"hi"_s, "(  )"_ascii};
   EXPECT_THAT(writeStringImage(strings, Address), ElementsAreArray(Golden));
-  const auto [read, damage] = readStringImage(Golden, Address);
+  const auto [read, error] = readStringImage(Golden, Address);
   EXPECT_THAT(read, ElementsAreArray(strings));
   EXPECT_TRUE(read[0].encoding() == Encoding::UTF8 && read[1].encoding() == Encoding::ASCII);
   EXPECT_TRUE(writeStringImage({}, Address).empty());
-  EXPECT_FALSE(readStringImage({}, Address).damage.has_value());
+  EXPECT_FALSE(readStringImage({}, Address).error.has_value());
 }
 
-TEST(StringImageTest, DamageIsReportedWhereItIs) {
+TEST(StringImageTest, ACorruptImageReportsTheOffset) {
   const struct {
     const char* what;
     std::size_t word;
     std::uint32_t value;
-    std::size_t damage;
+    std::size_t offset;
   } rows[] = {{"count 0", 0, 0, 0},
               {"no record before the blocks", 4, Address, 4},
               {"huge address of a whole number of records", 4, Address + 20 * 0x0CCCCCCCU, 4},
               {"huge length", 12, 0xFFFFFFFF, 12},
-              {"length whose allocation would wrap round", 12, 0xFFFFFFFB, 12},
+              {"length that overflows the allocation", 12, 0xFFFFFFFB, 12},
               {"length with another allocation", 32, 3, 28},
               {"terminator", 43, 0x01000000, 46}};
   for (const auto& row : rows) {
     Image image = Golden;
     putWord(image, row.word, row.value);
-    const auto [strings, damage] = readStringImage(image, Address);
-    ASSERT_TRUE(damage.has_value()) << row.what;
-    EXPECT_EQ(damage->offset, row.damage) << row.what << ": " << damage->what;
+    const auto [strings, error] = readStringImage(image, Address);
+    ASSERT_TRUE(error.has_value()) << row.what;
+    EXPECT_EQ(error->offset, row.offset) << row.what << ": " << error->what;
     EXPECT_TRUE(strings.empty()) << row.what;
   }
   Image longer = Golden;
   longer.push_back(0);
-  EXPECT_EQ(readStringImage(longer, Address).damage.value().offset, Golden.size());
-  EXPECT_EQ(readStringImage(Golden, Address + 1).damage.value().offset, 4U);
+  EXPECT_EQ(readStringImage(longer, Address).error.value().offset, Golden.size());
+  EXPECT_EQ(readStringImage(Golden, Address + 1).error.value().offset, 4U);
 }
 
-TEST(StringImageTest, WriterRefusesWhatTheFormatCannotHold) {
+TEST(StringImageTest, TheWriterRejectsUnrepresentableStrings) {
   const std::vector<String> strings = {"hi"_s, "ho"_s};
   const std::vector<String> latin = {String("hi", 0x201)};
   EXPECT_EQ(raisedBy([&] { writeStringImage(strings, 0xFFFFFFF0); }), "OutOfMemoryException");

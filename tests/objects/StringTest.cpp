@@ -9,14 +9,16 @@
 namespace veldrin::test {
 namespace {
 
-/// 300 bytes, every seventh of them zero.
+/// 300 bytes; every seventh is zero.
 constexpr auto LongText = [] {
   FixedString<300> text;
-  for (std::size_t at = 0; at < 300; ++at) text.characters[at] = static_cast<char>(at % 7);
+  for (std::size_t index = 0; index < 300; ++index) {
+    text.characters[index] = static_cast<char>(index % 7);
+  }
   return text;
 }();
 
-/// The string has this text, in a text block that keeps its form.
+/// The string has this text, in a well-formed text block.
 void expectText(const String& string, std::string_view expected) {
   ASSERT_EQ(string.view(), expected);
   ASSERT_NE(string.record(), nullptr);
@@ -28,7 +30,7 @@ void expectText(const String& string, std::string_view expected) {
   EXPECT_GE(static_cast<std::size_t>(record.allocation), expected.size() + 5);
 }
 
-TEST(StringTest, SameLiteralIsTheSameRecord) {
+TEST(StringTest, EqualLiteralsShareARecord) {
   const StringConstant first = "one text"_s;
   const StringConstant second = "one text"_s;
   EXPECT_EQ(first.record(), second.record());
@@ -38,8 +40,8 @@ TEST(StringTest, SameLiteralIsTheSameRecord) {
   EXPECT_EQ(String(first).encoding(), 0x8000100U);
 }
 
-TEST(StringTest, CountsComeBackAfterUseAndThatOfAConstantToOne) {
-  for (const String& original : {String("a text of the program"_s), String("a text of the run")}) {
+TEST(StringTest, CopiesKeepTheCountsBalanced) {
+  for (const String& original : {String("a constant"_s), String("a run-time string")}) {
     StringRecord* const record = original.record();
     const std::int32_t before = record->count;
     {
@@ -55,7 +57,7 @@ TEST(StringTest, CountsComeBackAfterUseAndThatOfAConstantToOne) {
     }
     EXPECT_EQ(record->count, before);
   }
-  EXPECT_EQ("a text of the program"_s.record()->count, 1);
+  EXPECT_EQ("a constant"_s.record()->count, 1);
 }
 
 TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
@@ -73,7 +75,7 @@ TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
   expectText(String("", Encoding::ASCII), "");
 }
 
-TEST(StringTest, SumIsBothTextsAndLeavesTheOperandsAlone) {
+TEST(StringTest, ConcatenationKeepsTheOperands) {
   const std::string zeros("\0a\0", 3);
   EXPECT_EQ(String(), String(""_s));
   const String operands[] = {String(), "a"_s, String("run-"), String(zeros),
@@ -87,14 +89,14 @@ TEST(StringTest, SumIsBothTextsAndLeavesTheOperandsAlone) {
       EXPECT_EQ(text(left), first);
       EXPECT_EQ(text(right), second);
     }
-    // A variable and itself, also where its left use gives it up.
+    // Both operands are the same variable, and the left one is moved.
     String twice = String(text(left));
     twice = RuntimeAddString(std::move(twice), twice);  // NOLINT(bugprone-use-after-move)
     EXPECT_EQ(text(twice), text(left) + text(left));
   }
 }
 
-TEST(StringTest, SumHasTheEncodingOfBothOrOfUTF8AndAnEmptyOneHasNoSay) {
+TEST(StringTest, ConcatenationIsASCIIIfBothOperandsAreOrOneIsEmpty) {
   const String nil;
   const String ascii("run", Encoding::ASCII);
   const struct {
@@ -106,15 +108,11 @@ TEST(StringTest, SumHasTheEncodingOfBothOrOfUTF8AndAnEmptyOneHasNoSay) {
               {""_ascii, "b"_s, Encoding::UTF8}};
   for (const auto& row : rows) {
     EXPECT_EQ((row.left + row.right).encoding(), row.encoding);
-    // The same where the left one is grown in place.
-    EXPECT_EQ((ascii + row.left + row.right).encoding(),
-              (ascii + row.left).encoding() == Encoding::ASCII
-                  ? (row.right.isEmpty() ? Encoding::ASCII : row.right.encoding())
-                  : Encoding::UTF8);
+    EXPECT_EQ((ascii + row.left + row.right).encoding(), row.encoding);  // appends in place
   }
 }
 
-TEST(StringTest, GrowingSumNeverChangesWhatSomebodyHolds) {
+TEST(StringTest, AppendingNeverChangesOtherStrings) {
   std::vector<std::pair<String, std::string>> held;
   std::string expected;
   String sum;
@@ -128,8 +126,8 @@ TEST(StringTest, GrowingSumNeverChangesWhatSomebodyHolds) {
   for (const auto& [string, then] : held) expectText(string, then);
 }
 
-TEST(StringTest, TextThatTheLengthWordCannotHoldRaises) {
-  // Nothing is read of it: the length alone decides.
+TEST(StringTest, ATextLongerThanTheLimitRaises) {
+  // The view is invalid, but only its length is read.
   const std::string_view tooLong("", 0x7FFFFFFF - 4);
   EXPECT_EQ(raisedBy([&] { const String string(tooLong); }), "OutOfMemoryException");
 }

@@ -11,7 +11,7 @@
 namespace veldrin::test {
 namespace {
 
-TEST(TypeCodeGrammarTest, SignatureFallsIntoResultAndParameters) {
+TEST(TypeCodeGrammarTest, ASignatureHasAResultAndParameters) {
   const auto parts = splitSignature("%o<Introspection.TypeInfo>%i4o<Introspection.TypeInfo>");
   ASSERT_TRUE(parts);
   EXPECT_EQ(parts->result, "o<Introspection.TypeInfo>");
@@ -23,11 +23,11 @@ TEST(TypeCodeGrammarTest, SignatureFallsIntoResultAndParameters) {
   }
 }
 
-TEST(TypeCodeGrammarTest, ParametersComeOffOneByOne) {
+TEST(TypeCodeGrammarTest, ParametersAreTakenOneByOne) {
   for (const std::string parameters :
        {"i4,s", "&o<Date>,&f8", "A1o<Pair>", "&A12s,v", "o<A.B<C<D>>>,?<CString>,u1<E>",
-        "A1A1,s",                           // an array of arrays is more than one parameter can be
-        "f8,&", "A1", "o<Date", ">,>8"}) {  // what is no parameter comes off all the same
+        "A1A1,s",                           // an array of arrays is split
+        "f8,&", "A1", "o<Date", ">,>8"}) {  // malformed text is split too
     std::string list = parameters;
     std::erase(list, ',');
     std::string taken;
@@ -38,7 +38,7 @@ TEST(TypeCodeGrammarTest, ParametersComeOffOneByOne) {
   }
 }
 
-TEST(TypeCodeGrammarTest, TypeCodesAreTakenApart) {
+TEST(TypeCodeGrammarTest, ATypeCodeHasAKindARankAndAName) {
   const struct {
     std::string_view code;
     CodeKind kind;

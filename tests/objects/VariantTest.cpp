@@ -26,8 +26,7 @@ void forEachType(const Function& function) {
   std::apply([&](const auto&... types) { (function(types), ...); }, Numbers());
 }
 
-/// Numbers at the edges of each type and beside powers of two. A long double of 64 digits holds
-/// each of them exactly.
+/// Limits of the types and neighbours of powers of two, exact in a long double of 64 bits.
 std::vector<long double> edges() {
   constexpr long double Infinity = std::numeric_limits<long double>::infinity();
   std::vector<long double> all = {0.0L, -0.0L,    0.5L,  0.1, -1.5L,        Infinity,     -Infinity,
@@ -42,7 +41,7 @@ std::vector<long double> edges() {
 }
 
 template <class T>
-bool isIn(long double value) {
+bool isExactIn(long double value) {
   if constexpr (std::is_floating_point_v<T>) {
     return std::isnan(value) || static_cast<long double>(static_cast<T>(value)) == value;
   } else {
@@ -52,18 +51,16 @@ bool isIn(long double value) {
   }
 }
 
-class VariantTest : public ValuesTest {};
-
-TEST_F(VariantTest, ANumberConvertsToEachTypeThatHoldsIt) {
+TEST(VariantTest, ANumberConvertsToEachTypeThatHoldsIt) {
   for (const long double value : edges()) {
     forEachType([value](auto from) {
       using From = decltype(from);
-      if (!isIn<From>(value)) return;
+      if (!isExactIn<From>(value)) return;
       const Variant held(static_cast<From>(value));
       forEachType([&](auto to) {
         using To = decltype(to);
         SCOPED_TRACE(std::to_string(value) + " " + typeid(From).name() + typeid(To).name());
-        if (!isIn<To>(value)) {
+        if (!isExactIn<To>(value)) {
           EXPECT_EQ(raisedBy([&] { fromVariant<To>(held); }), "TypeMismatchException");
           return;
         }
@@ -76,7 +73,7 @@ TEST_F(VariantTest, ANumberConvertsToEachTypeThatHoldsIt) {
   }
 }
 
-TEST_F(VariantTest, ANaNIsOneKeyOfADictionary) {
+TEST(VariantTest, ANaNIsOneKeyOfADictionary) {
   const Ref<Dictionary> map = New<Dictionary>();
   const double other = std::copysign(std::nan("1"), -1.0);
   map->Value(std::nan(""), 1);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "reflection/ArrayInfo.h"
@@ -26,7 +27,7 @@ using testing::IsEmpty;
 
 constexpr AttributeRow OnlyHidden[]{veldrin::Hidden};
 
-/// Refers to itself and to a hidden class.
+/// Has a property of its own type, and hidden members.
 class Node : public Described<Node, Object> {
  public:
   static constexpr FixedString FullName = "Reflection.Test.Node";
@@ -59,10 +60,7 @@ class NodeOfHidden final : public Described<NodeOfHidden, HiddenNode> {
 
 class TypeInformationTest : public ReflectionTest {
  protected:
-  void SetUp() override {
-    ReflectionTest::SetUp();
-    NodeOfHidden::__ctblinit();
-  }
+  TypeInformationTest() { NodeOfHidden::__ctblinit(); }
 };
 
 Ref<TypeInfo> typeOf(std::string_view code) {
@@ -83,15 +81,13 @@ std::vector<std::string> namesOf(const Ref<Array<Ref<Info>>>& members) {
 std::vector<std::string> attributesOf(const MemberInfo& member) {
   std::vector<std::string> names;
   const auto attributes = member.GetAttributes();
-  for (const auto& attribute : attributes->elements) {
-    names.push_back(text(attribute->Name));
-  }
+  for (const auto& attribute : attributes->elements) names.push_back(text(attribute->Name));
   return names;
 }
 
-TEST_F(TypeInformationTest, IntrinsicCodesHaveOneTypeEach) {
+TEST_F(TypeInformationTest, EachIntrinsicCodeHasOneType) {
   const struct {
-    std::string madeAs;
+    std::string className;
     const char* codesAndNames;
   } rows[] = {
       {"GenericPrimitiveTypeInfo",
@@ -112,60 +108,58 @@ TEST_F(TypeInformationTest, IntrinsicCodesHaveOneTypeEach) {
       ASSERT_TRUE(type);
       EXPECT_EQ(typeOf(code), type);
       EXPECT_EQ(nameOf(type), name);
-      EXPECT_EQ(text(type->classRecord()->name), "Introspection." + row.madeAs);
-      EXPECT_EQ(type->IsPrimitive(), row.madeAs.find("Type") != std::string::npos);
-      EXPECT_EQ(type->IsPointer(), row.madeAs == "PointerTypeInfo");
+      EXPECT_EQ(text(type->classRecord()->name), "Introspection." + row.className);
+      EXPECT_EQ(type->IsPrimitive(), row.className.find("Type") != std::string::npos);
+      EXPECT_EQ(type->IsPointer(), row.className == "PointerTypeInfo");
     }
   }
   EXPECT_EQ(MakeIntrinsicTypeCodeMap()->Count(), count);
 }
 
-TEST_F(TypeInformationTest, ArraysAreKnownByRankAndElement) {
+TEST_F(TypeInformationTest, CodesAreArraysClassesEnumerationsOrStructures) {
   const Ref<TypeInfo> row = typeOf("A1i4");
-  EXPECT_EQ(nameOf(row), "Int32()");
   EXPECT_EQ(row->GetArrayRank(), 1);
   EXPECT_EQ(row->GetElementType(), typeOf("i4"));
   EXPECT_TRUE(row->IsArray() && row->HasElementType());
   EXPECT_EQ(typeOf("A01i4"), row);
   EXPECT_EQ(ArrayInfo::Lookup(1, typeOf("i4")), row);
-  EXPECT_EQ(nameOf(typeOf("A2s")), "String(,)");
-  EXPECT_EQ(nameOf(typeOf("A3A1o<Veldrin.Veldrin>")), "Veldrin.Veldrin()(,,)");
+  for (const auto& [code, name] : {std::pair("A1i4", "Int32()"),
+                                   {"A2s", "String(,)"},
+                                   {"A3A1o<Veldrin.Veldrin>", "Veldrin.Veldrin()(,,)"},
+                                   {"o<Date>", "Date"},
+                                   {"o<NoSuchClass>", "Object"},
+                                   {"o<>", "Object"},
+                                   {"u1<Text.FontUnits>", "Text.FontUnits"},
+                                   {"A1x", "nil"},
+                                   {"x<NoSuchClass>", "nil"}}) {
+    EXPECT_EQ(nameOf(typeOf(code)), name) << code;
+  }
   EXPECT_EQ(text(typeOf("A1o<Veldrin.Veldrin>")->Name()), "Veldrin()");
-  EXPECT_EQ(nameOf(typeOf("A1x")), "nil");
   EXPECT_EQ(typeOf("A1000i4")->GetArrayRank(), 1000);
   EXPECT_EQ(raisedBy([] { ArrayInfo::Lookup(1, nullptr); }), "NilObjectException");
   for (const std::int32_t rank : {INT32_MIN, 0, 1001, INT32_MAX}) {
     EXPECT_EQ(raisedBy([&] { ArrayInfo::Lookup(rank, row); }), "OutOfBoundsException") << rank;
   }
-}
-
-TEST_F(TypeInformationTest, NamesInCodesAreClassesEnumerationsAndStructures) {
-  EXPECT_EQ(nameOf(typeOf("o<Date>")), "Date");
-  EXPECT_EQ(nameOf(typeOf("o<NoSuchClass>")), "Object");
-  EXPECT_EQ(nameOf(typeOf("o<>")), "Object");
-  EXPECT_EQ(nameOf(typeOf("x<NoSuchClass>")), "nil");
   const Ref<TypeInfo> units = typeOf("u1<Text.FontUnits>");
   EXPECT_TRUE(units->IsEnum() && units->IsValueType() && !units->IsPrimitive());
-  EXPECT_EQ(nameOf(units), "Text.FontUnits");
   EXPECT_EQ(text(units->Name()), "FontUnits");
   EXPECT_TRUE(RuntimeObjectIsa(typeOf("t<S>").get(), StructureInfo::__Lookup()));
-  EXPECT_EQ(nameOf(typeOf("i4")), "Int32");
-  // A name that is known means the same behind every letter.
+  // A registered name has its type after any letter.
   EXPECT_TRUE(typeOf("t<Date>")->IsClass());
 }
 
-TEST_F(TypeInformationTest, ObjectsHaveTheTypeOfTheirClass) {
+TEST_F(TypeInformationTest, AnObjectHasTheTypeOfItsClass) {
   EXPECT_FALSE(GetType(nullptr));
   EXPECT_EQ(GetType(New<Date>()), ClassInfo::Lookup(Date::__Lookup()));
   EXPECT_EQ(nameOf(GetType(window())), "Veldrin.Veldrin");
   EXPECT_EQ(nameOf(GetType(newArray<String>({}))), "Object");
   EXPECT_EQ(nameOf(GetType(GetType(New<Date>()))), "Introspection.ClassInfo");
-  EXPECT_TRUE(ClassInfo::Lookup(Writeable::__Lookup())->IsInterface());
-  EXPECT_FALSE(ClassInfo::Lookup(Writeable::__Lookup())->IsClass());
-  EXPECT_THAT(ClassInfo::Lookup(Writeable::__Lookup())->GetConstructors()->elements, IsEmpty());
+  const Ref<ClassInfo> writeable = ClassInfo::Lookup(Writeable::__Lookup());
+  EXPECT_TRUE(writeable->IsInterface() && !writeable->IsClass());
+  EXPECT_THAT(writeable->GetConstructors()->elements, IsEmpty());
 }
 
-TEST_F(TypeInformationTest, SubclassesFollowTheBases) {
+TEST_F(TypeInformationTest, AClassIsASubclassOfItselfAndItsBases) {
   const auto info = [](std::string_view name) { return ClassInfo::Lookup(String(name)); };
   const Ref<ClassInfo> status = info("StaticText");
   const Ref<TypeInfo> number = typeOf("i4");
@@ -177,7 +171,7 @@ TEST_F(TypeInformationTest, SubclassesFollowTheBases) {
                number->IsSubclassOf(number));
 }
 
-TEST_F(TypeInformationTest, MembersAreThoseOfTheRowsThatAreNotHidden) {
+TEST_F(TypeInformationTest, AClassListsTheMembersThatAreNotHidden) {
   const Ref<ClassInfo> node = ClassInfo::Lookup(Node::__Lookup());
   EXPECT_EQ(nameOf(node), "Reflection.Test.Node");
   EXPECT_EQ(text(node->Name()), "Node");
@@ -185,19 +179,19 @@ TEST_F(TypeInformationTest, MembersAreThoseOfTheRowsThatAreNotHidden) {
   EXPECT_THAT(namesOf(node->GetMethods()), ElementsAre("step"));
   EXPECT_EQ(node->GetProperties()->elements[0]->PropertyType(), node);
 
-  // The one hidden constructor leaves the class with that of no row.
+  // The only constructor is hidden, so the class has one without a row.
   const Ref<Array<Ref<ConstructorInfo>>> constructors = node->GetConstructors();
   ASSERT_EQ(constructors->elements.size(), 1U);
   EXPECT_EQ(text(constructors->elements[0]->Name()), "");
 
-  // Changing what came back changes nothing.
+  // The lists are copies.
   node->GetMethods()->elements.clear();
   constructors->elements.clear();
   EXPECT_EQ(node->GetMethods()->elements.size(), 1U);
   EXPECT_EQ(node->GetConstructors()->elements.size(), 1U);
 }
 
-TEST_F(TypeInformationTest, HiddenClassHasNoDescription) {
+TEST_F(TypeInformationTest, AHiddenClassHasNoDescription) {
   EXPECT_FALSE(ClassInfo::Lookup(HiddenNode::__Lookup()));
   EXPECT_FALSE(ClassInfo::Lookup("Reflection.Test.HiddenNode"_s));
   EXPECT_FALSE(GetType(New<HiddenNode>()));
@@ -209,7 +203,7 @@ TEST_F(TypeInformationTest, HiddenClassHasNoDescription) {
   EXPECT_TRUE(derived->IsPublic());
 }
 
-TEST_F(TypeInformationTest, ScopeAndSharingAreFilteredOutOfTheAttributes) {
+TEST_F(TypeInformationTest, ScopeAndSharedAreNotListedAsAttributes) {
   const auto row = [](std::string_view name) {
     const auto own = Node::__Lookup()->ownMethods();
     return &*std::ranges::find(own, name, [](const MethodRow& each) { return each.name.view(); });
@@ -219,9 +213,9 @@ TEST_F(TypeInformationTest, ScopeAndSharingAreFilteredOutOfTheAttributes) {
   EXPECT_EQ(hidden->GetAttributes()->elements[0]->Value, Variant());
   EXPECT_TRUE(hidden->IsPublic() && !hidden->CanAccess() && hidden->IsShared());
 
-  const auto secluded = NewInfo<MethodInfoImp>(row("step"), Node::__Lookup());
-  EXPECT_THAT(attributesOf(*secluded), IsEmpty());
-  EXPECT_TRUE(secluded->IsPrivate() && !secluded->IsPublic() && !secluded->IsShared());
+  const auto step = NewInfo<MethodInfoImp>(row("step"), Node::__Lookup());
+  EXPECT_THAT(attributesOf(*step), IsEmpty());
+  EXPECT_TRUE(step->IsPrivate() && !step->IsPublic() && !step->IsShared());
 
   constexpr AttributeRow Old[]{
       {"__Scope"_s, "Global"_s, true}, {"Deprecated"_s, "Newer"_s, true}, veldrin::Shared};
@@ -236,7 +230,7 @@ TEST_F(TypeInformationTest, ScopeAndSharingAreFilteredOutOfTheAttributes) {
   EXPECT_TRUE(NewInfo<PropertyInfoImp>(&property, nullptr)->IsPublic());
 }
 
-TEST_F(TypeInformationTest, ArraysTooDeepAreUnknownAndLeaveNothingBehind) {
+TEST_F(TypeInformationTest, ArraysNestedTooDeeplyHaveNoType) {
   std::string code;
   for (int depth = 0; depth < 1'000'000; ++depth) code += "A1";
   const String deep(code + "i4");
@@ -249,9 +243,9 @@ TEST_F(TypeInformationTest, ArraysTooDeepAreUnknownAndLeaveNothingBehind) {
   EXPECT_FALSE(typeOf("A2A999i4"));
 }
 
-TEST_F(TypeInformationTest, AnInterruptedDescriptionIsMadeAgain) {
+TEST_F(TypeInformationTest, AnInterruptedDescriptionIsUndone) {
   ClassRecord& record = *Node::__Lookup();
-  // A property cannot be described, after one that refers to the class itself.
+  // Describing the last property fails after the first has referred to the class itself.
   GetFQNTypeInfoMap()->Value("NoType"_s, 1);
   const std::vector<PropertyRow> sound = record.propertyRows;
   record.propertyRows.back().type = "o<NoType>"_s;
@@ -268,12 +262,12 @@ TEST_F(TypeInformationTest, AnInterruptedDescriptionIsMadeAgain) {
             "TypeMismatchException");
 }
 
-TEST_F(TypeInformationTest, ADescriptionMayOutliveTheOthersThatItRefersTo) {
+TEST_F(TypeInformationTest, ADescriptionOutlivesTheFinalizers) {
   const Ref<TypeInfo> kept = typeOf("A1o<Reflection.Test.Node>");
-  const auto step = static_cast<const ClassInfo&>(*kept->GetElementType()).GetMethods();
-  EXPECT_EQ(step->elements[0]->ReturnType(), kept->GetElementType());
-  EXPECT_EQ(step->elements[0]->GetParameters()->elements[0]->ParameterType(),
-            kept->GetElementType());
+  const Ref<TypeInfo> node = kept->GetElementType();
+  const Ref<MethodInfo> step = node->GetMethods()->elements[0];
+  EXPECT_EQ(step->ReturnType(), node);
+  EXPECT_EQ(step->GetParameters()->elements[0]->ParameterType(), node);
   finalizeReflection();
   EXPECT_EQ(nameOf(kept), "Reflection.Test.Node()");
   EXPECT_NE(typeOf("A1o<Reflection.Test.Node>"), kept);
