@@ -496,12 +496,18 @@ TEST_F(CompanionTest, TheComputerGivesZoneAndYear) {
   EXPECT_THAT(run("--output=-", "TZ=UTC0").output, AnyOf(before, thisYearStarts()));
 }
 
-TEST_F(CompanionTest, HelpNamesTheOptionsAndItsExamplesWork) {
+/// This also keeps the picture of the README up to date.
+TEST_F(CompanionTest, ThePictureOfFreiburgIsThatOfTheDocs) {
+  run("--chart=a.svg --town=Freiburg --year=2026");
+  EXPECT_TRUE(made("a.svg") == readFile(VELDRIN_TEST_DATA "/../../docs/freiburg-2026.svg"));
+}
+
+TEST_F(CompanionTest, HelpIsTheGoldenTextAndItsExamplesWork) {
   EXPECT_EQ(run("--version").output, "Veldrin v6\n");
   const Outcome help = run("--help");
   EXPECT_EQ(help.status, 0);
   EXPECT_EQ(help.errors, "");
-  EXPECT_THAT(help.output, AllOf(HasSubstr("--down-under "), HasSubstr(",--no-dst ")));
+  EXPECT_EQ(help.output, golden("help.txt"));
   // An example is a line that calls the program, with its continuation lines.
   const Outcome outcome = run("", "", R"(PATH=$(dirname "$1"):$PATH; set -e
       "$1" --help | awk '/^  veldrin-calendar/ {on = 1} on {print; on = /\\$/}' >../examples

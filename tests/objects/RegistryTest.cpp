@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
+#include "reflection/ClassInfo.h"
 #include "reflection/Introspection.h"
 #include "shell/objects/TypeCodeGrammar.h"
 #include "tests/support/RuntimeTest.h"
@@ -54,6 +55,10 @@ TEST_F(RegistryTest, EveryClassIsBuiltOnceAndExtendsItsBase) {
                   record.methodRows.empty() && record.eventRows.empty() &&
                   record.propertyRows.empty());
     }
+    const Ref<Introspection::TypeInfo> described =
+        Introspection::ClassInfo::Lookup(&record)->BaseType();
+    EXPECT_EQ(described ? text(described->QualifiedName()) : "",
+              record.baseClass ? text(record.baseClass->name) : "");
     if (record.baseClass == nullptr) return;
     const ClassRecord& base = *record.baseClass;
     EXPECT_GE(record.instanceSize, base.instanceSize);

@@ -165,8 +165,8 @@ void QtToolkit::reportFault(const String& sentence) {
 }
 
 QWidget* QtToolkit::widgetOf(const Window* window) const {
-  const auto found =
-      std::ranges::find_if(windows_, [&](const auto& shown) { return shown->shown() == window; });
+  const auto found = std::ranges::find_if(
+      windows_, [&](const auto& shown) { return shown->mirrored() == window; });
   return found == windows_.end() ? nullptr : found->get();
 }
 
