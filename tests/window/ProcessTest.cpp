@@ -180,7 +180,7 @@ TEST_F(ProcessTest, TheLastWindowEndsTheApplicationUnlessTheMenuBarStays) {
                   const Ref<TextField> field = view->Latitude();
                   view->setActive(false);
                   const std::int64_t yields = toolkit.backgroundTasks;
-                  person->closeWindow();
+                  EXPECT_TRUE(view->_UnifiedClose(false));
                   EXPECT_EQ(toolkit.backgroundTasks - yields, std::ssize(FormTable));
                   EXPECT_EQ(_mImplicitWindowList->Count(), 0);
                   EXPECT_EQ(view->referenceCount() + field->referenceCount(), 2);
