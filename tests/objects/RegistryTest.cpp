@@ -45,7 +45,7 @@ TEST_F(RegistryTest, EveryClassIsBuiltOnceAndExtendsItsBase) {
   initializeClasses();  // a second call builds nothing
   std::set<const ClassRecord*> built{nullptr};
   std::set<std::string> names;
-  forEach([&](const ClassRecord& record) {
+  forEach([&](ClassRecord& record) {
     EXPECT_TRUE(names.insert(text(record.name)).second);
     EXPECT_TRUE(built.contains(record.baseClass));
     built.insert(&record);
