@@ -5,7 +5,6 @@
 #include "apps/CalendarOptions.h"
 #include "apps/CalendarRun.h"
 #include "apps/PlaceOfRequest.h"
-#include "shell/host/PlainText.h"
 #include "apps/ProgramMain.h"
 #include "apps/RunOutcome.h"
 #include "apps/StandardOutput.h"
@@ -13,6 +12,7 @@
 #include "shell/files/FileReplacement.h"
 #include "shell/files/FilesRoom.h"
 #include "shell/host/Complaint.h"
+#include "shell/host/PlainText.h"
 #include "shell/host/SystemHost.h"
 
 namespace veldrin {

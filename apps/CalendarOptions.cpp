@@ -6,9 +6,9 @@
 #include <memory>
 #include <vector>
 
-#include "shell/host/PlainText.h"
 #include "apps/ProgramMain.h"
 #include "apps/WholeNumber.h"
+#include "shell/host/PlainText.h"
 #include "shell/values/ParseDate.h"
 #include "shell/values/Text.h"
 

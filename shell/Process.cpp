@@ -123,6 +123,7 @@ void _Main() {
         RuntimeCreateDelegate(&Delegate::Invoke, &_Startup, nullptr, DelegateSignature)->target());
     _RuntimeRun();
   });
+  acceptStop();  // the process ends anyway: no signal interrupts the handlers of "Close"
   runStep([] {
     const Ref<Application> application = registeredApplication();
     if (application) callHandler(*application, Application::Events::Close);

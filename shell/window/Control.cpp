@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "shell/objects/ScopedFlag.h"
 #include "shell/window/PaneChild.h"
 #include "shell/window/Toolkit.h"
 #include "shell/window/Window.h"
@@ -26,7 +27,9 @@ void Control::raiseEvent(const String& event) {
 }
 
 void Control::Close() {
+  if (isClosing_) return;
   const Ref<Control> self(this);
+  const ScopedFlag closing(isClosing_);
   raiseEvent(Events::Close);
   if (window_ != nullptr) std::exchange(window_, nullptr)->_RemoveControl(self);
 }

@@ -37,7 +37,7 @@ class Control : public Described<Control, Object> {
   /// Sets the containing window, or none for nullptr. Called only by class `Window`.
   void moveTo(veldrin::Window* window) { window_ = window; }
 
-  /// Raises "Close", then removes the control from its window.
+  /// Raises "Close", then removes the control from its window. Does nothing inside the handler.
   virtual void Close();
 
   /// Calls the handler of this object for the event, else the handler of its class, if any.
@@ -56,6 +56,7 @@ class Control : public Described<Control, Object> {
                                            EventHandler handler);
 
   veldrin::Window* window_ = nullptr;
+  bool isClosing_ = false;
   std::vector<Function> handlers_;  ///< by the index of the event in the class
 };
 

@@ -13,7 +13,9 @@ auto showDialog(Show show) {
   const Ref<Window> window = frontWindow();
   const bool wasActive = window && window->isActive();
   if (wasActive) window->setActive(false);
-  auto answer = show(InForce<Toolkit>::get(), window.get());
+  // A handler of "Deactivate" may have closed it.
+  const bool isParent = window && window->isOpen();
+  auto answer = show(InForce<Toolkit>::get(), isParent ? window.get() : nullptr);
   if (wasActive && window->isOpen()) window->setActive(true);
   return answer;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <deque>
 #include <functional>
 #include <string_view>
@@ -76,6 +78,7 @@ class WatchedToolkit final : public Toolkit {
     return answer;
   }
   void messageBox(const Window* parent, const String& text) override {
+    EXPECT_TRUE(parent == nullptr || parent->isOpen());
     messages.push_back(text);
     shown_.messageBox(parent, text);
   }

@@ -1,7 +1,10 @@
+#include <gmock/gmock.h>
+
 #include <functional>
 #include <string>
 #include <string_view>
 
+#include "shell/window/Dialogs.h"
 #include "tests/support/RuntimeTest.h"
 #include "ui/MenuBar1.h"
 
@@ -9,6 +12,15 @@ namespace veldrin::test {
 namespace {
 
 using LiveTest = WindowTest;
+
+TEST_F(LiveTest, ADialogSurvivesAWindowThatClosesInDeactivate) {
+  const BoundEvent closes(Veldrin::__Lookup(), "Deactivate"_s,
+                          [](Object* object) { static_cast<Window&>(*object).Close(); });
+  window()->setActive(true);
+  MsgBox("The window is closed."_s);
+  EXPECT_THAT(toolkit.messages, testing::SizeIs(1));
+  EXPECT_TRUE(_WindowSupport.Windows.empty());
+}
 
 TEST_F(LiveTest, APropertySetThroughTheTableIsShown) {
   int changes = 0;

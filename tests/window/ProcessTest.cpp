@@ -227,7 +227,8 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
          heard += static_cast<Window&>(*object).isOpen() ? "(closes) " : "(closed) ";
        }},
       {PushButton::__Lookup(), "Close"_s, [](Object* object) {
-         const auto& button = static_cast<const Control&>(*object);
+         auto& button = static_cast<Control&>(*object);
+         button.Close();  // a control that is closing ignores it
          heard += text(button.Name) + (button.Window()->isOpen() ? " is early " : " ");
        }}};
   EXPECT_EQ(run([&] {
