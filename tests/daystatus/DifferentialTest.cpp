@@ -153,8 +153,11 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     } one, other;
     window()->QuadParabola(y[0], y[1], y[2], one.xe, one.ye, one.z1, one.z2, one.roots);
     bare::QuadParabola(y[0], y[1], y[2], other.xe, other.ye, other.z1, other.z2, other.roots);
-    pairs.insert(pairs.end(), {{one.xe, other.xe}, {one.ye, other.ye}, {one.z1, other.z1}});
-    pairs.insert(pairs.end(), {{one.z2, other.z2}, {one.roots, other.roots}});
+    pairs.emplace_back(one.xe, other.xe);
+    pairs.emplace_back(one.ye, other.ye);
+    pairs.emplace_back(one.z1, other.z1);
+    pairs.emplace_back(one.z2, other.z2);
+    pairs.emplace_back(one.roots, other.roots);
 
     bare::Engine engine{static_cast<double>(source.whole(-200, 200) * (count % 2 == 0 ? 1 : 999))};
     window()->mjd0 = engine.mjd0;
@@ -164,7 +167,8 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
                        bare::SineAltitude(engine, hour, lambda, y[1], y[2]));
     pairs.emplace_back(window()->mjd0, engine.mjd0);
     const double angle = lambda * hours * hours;
-    pairs.insert(pairs.end(), {{Sin(angle), sine(angle)}, {Cos(angle), cosine(angle)}});
+    pairs.emplace_back(Sin(angle), sine(angle));
+    pairs.emplace_back(Cos(angle), cosine(angle));
 
     for (std::size_t at = 0; at < pairs.size(); ++at) {
       const auto [actual, expected] = pairs[at];
