@@ -34,8 +34,8 @@ QtField::QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent)
           [this](const QWidget* /*before*/, const QWidget* now) { focusMoved(now); });
   connect(this, &QLineEdit::textChanged, this, [this](const QString& shown) {
     delivery_.runStoringException([&] {
-      String typed = fromQt(shown);
-      if (!(typed == field_->Text())) field_->userTyped(std::move(typed));
+      const String typed = fromQt(shown);
+      if (!(typed == field_->Text())) field_->userTyped(typed);
     });
   });
 }
