@@ -80,13 +80,13 @@ template <class T>
 concept Number = std::is_arithmetic_v<T> && !std::same_as<T, bool>;
 
 /// Whether `To` holds the value without loss. A real type holds NaN and the infinities of another;
-/// an integer type holds neither, nor -0.0.
+/// an integer type holds neither, nor -0.0. `bits` is sign-extended on purpose.
 template <Number To, Number From>
 bool holds(From value) {
   if constexpr (std::integral<To> && std::integral<From>) {
     return std::in_range<To>(value);
   } else if constexpr (std::integral<From>) {
-    const auto bits = static_cast<std::uint64_t>(value);
+    const auto bits = static_cast<std::uint64_t>(value);  // NOLINT(bugprone-signed-char-misuse)
     const std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
     const int width = static_cast<int>(std::bit_width(magnitude));
     return magnitude == 0 || width - std::countr_zero(magnitude) <= std::numeric_limits<To>::digits;

@@ -12,7 +12,6 @@
 namespace veldrin::test {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 using FailureTest = ProcessTest;
