@@ -192,8 +192,8 @@ TEST_F(CompanionTest, AFailedFileIsReportedAndKeepsTheLinesBeforeTheFailure) {
     std::string script, options, place;
   } rows[] = {{"\"$@\"", "--output=.", cannot + ".: Is a directory\n"},
               {"\"$@\"", "--output=" + longName, cannot + longName + ": File name too long\n"},
-              {"\"$@\" --output=\"$(printf 'no/\\033[31m\\n\\177\\302\\205\\377\\303\\244.ics')\"",
-               "", cannot + "no/?[31m????\u00e4.ics: No such file or directory\n"},
+              {R"sh("$@" --output="$(printf 'no/\033[31m\n\177\302\205\377\303\244.ics')")sh", "",
+               cannot + "no/?[31m????\u00e4.ics: No such file or directory\n"},
               {"\"$@\"", In2008 + "--output=/dev/full", "/dev/full"},
               {"\"$@\" >/dev/full", In2008 + "--output=-", "standard output"},
               {"\"$@\" >&-", In2008 + "--output=-", "standard output"},
