@@ -83,7 +83,7 @@ TEST_F(MenuOnDesktopTest, AnItemAddedByTheRefreshIsInTheMenuThatOpens) {
     item->Text("Added"_s);
     menu->Append(item);
   });
-  QMenu& opening = widget<QMenu>("EditMenu");
+  auto& opening = widget<QMenu>("EditMenu");
   const auto before = opening.actions().size();
   Q_EMIT opening.aboutToShow();
   EXPECT_EQ(&widget<QMenu>("EditMenu"), &opening);
