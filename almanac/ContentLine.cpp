@@ -2,16 +2,13 @@
 
 #include <cstddef>
 
+#include "shell/host/PlainText.h"
+
 namespace veldrin {
 namespace {
 
 constexpr std::size_t MostBytes = 75;
 constexpr std::string_view Fold = "\r\n ";
-
-/// Whether a byte continues a character of UTF-8.
-bool continuesCharacter(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 }  // namespace
 

@@ -43,8 +43,8 @@ constexpr const char* Examples = R"(Examples:
 Without --standard, the times have no time zone: calendar programs show them unchanged in any zone.
 Without a town, a zone and --time-zone, the clock is the standard time of this computer, even if
 the coordinates are elsewhere. A FILE named - is standard output. A DATE is 2024-06-21, or a short
-date as this computer writes it. Exit status: 0 for success, 1 if the output could not be written, 2
-for invalid options or an unknown town or zone.)";
+date as this computer writes it. Exit status: 0 for success, 1 if the output could not be written or
+--towns found none, 2 for invalid options or an unknown town or zone.)";
 
 /// Prints the name and the type of an option, without CLI11's notes on excluded options and on the
 /// values of flags.

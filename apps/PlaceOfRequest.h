@@ -14,7 +14,7 @@ namespace veldrin {
 struct PlaceOfRequest {
   std::string town;                 ///< full name; empty if the request has no town
   std::string zone;                 ///< full name; empty if the request has neither
-  std::optional<ClockRules> clock;  ///< of the zone, in the years of the request
+  std::optional<ClockRules> clock;  ///< the zone's clock in the years of the request
 };
 
 /// Looks up the town or the zone of a request. Sets the coordinates and the name of the place in

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # process.sh BUILD
 #
-# Measures whole processes: the instructions of veldrin-calendar and bare-calendar for the same
+# Measures whole processes: the instructions of veldrin-calendar and veldrin-bare-calendar for one
 # year, the instructions of --status and of an empty program, and the peak memory of
 # veldrin-calendar. BUILD is the folder of a release build with VELDRIN_BENCH=ON. Exits with 1 if a
 # limit is exceeded, 2 if it cannot measure.
 . "$(dirname "$0")/measure.sh"
 
-readonly instruction_limit=1.5        # times bare-calendar
-readonly status_limit=2.5             # times empty-program
+readonly instruction_limit=1.5        # times veldrin-bare-calendar
+readonly status_limit=2.5             # times veldrin-empty-program
 readonly memory_limit=$((8 * 1024))   # KiB
 readonly latitude=47.5 longitude=-122.5 zone=-8 year=2030
 
@@ -32,7 +32,7 @@ cmp -s "$work/bare.ics" "$work/veldrin.ics" || die "the two programs wrote diffe
 memory=$(sed -n 's/.*Maximum resident set size (kbytes): //p' "$work/time")
 [[ -n $memory ]] || die "$gnu_time printed no peak memory"
 
-line "instructions of bare-calendar" "$bare_instructions"
+line "instructions of veldrin-bare-calendar" "$bare_instructions"
 line "instructions of veldrin-calendar" "$veldrin_instructions"
 row "ratio of the instructions" "$(quotient "$veldrin_instructions" "$bare_instructions")" \
   "$instruction_limit" times

@@ -8,8 +8,9 @@
 
 namespace veldrin {
 
-/// A year of light at a place as an SVG picture (SVG 1.1, in UTF-8). Days run across and the hours
-/// of the local clock down, in five bands: night, astronomical, nautical and civil twilight, day.
+/// A year of light at a place as an SVG picture (SVG 1.1, in UTF-8). Days run across. The hours
+/// of the local clock run down. Each moment has the colour of its band: night, astronomical,
+/// nautical or civil twilight, or day.
 ///
 /// The group `plot` has one path for each band, with the name of the band. Its coordinates are days
 /// from January 1 and minutes of the day. The edges of the bands are the events of the almanac. A

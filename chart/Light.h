@@ -30,7 +30,7 @@ class Light {
   Light(const Place& place, std::int64_t firstDay, std::int64_t lastDay,
         const std::function<void()>& yield);
 
-  /// In order of time. Of two changes in one minute, the second counts.
+  /// The changes in order of time. If two share a minute, the second counts.
   [[nodiscard]] const std::vector<Change>& changes() const { return changes_; }
 
   /// The light before the first change.

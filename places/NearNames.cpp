@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "places/Towns.h"
+#include "shell/host/PlainText.h"
 
 namespace veldrin {
 namespace {
@@ -17,9 +18,9 @@ constexpr std::size_t MostEdits = 2;
 void readLetters(std::string_view key, std::u32string& letters) {
   letters.clear();
   for (const char byte : key) {
-    const char32_t unit = static_cast<unsigned char>(keyLetter(byte));
-    const bool continues = (unit & 0xC0U) == 0x80;
-    if (continues && !letters.empty()) {
+    const char letter = keyLetter(byte);
+    const char32_t unit = static_cast<unsigned char>(letter);
+    if (continuesCharacter(letter) && !letters.empty()) {
       letters.back() = (letters.back() << 6U) | (unit & 0x3FU);
     } else {
       letters.push_back(unit);

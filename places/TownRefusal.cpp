@@ -9,17 +9,15 @@
 #include "places/NearNames.h"
 #include "places/PlaceFault.h"
 #include "places/Towns.h"
+#include "shell/host/PlainText.h"
 
 namespace veldrin {
 namespace {
 
-/// The text in quotation marks. Cuts a long text between two characters.
+/// The text in quotation marks, cut if it is long.
 std::string quoted(std::string_view text) {
   constexpr std::size_t Shown = 60;
-  if (text.size() <= Shown) return "\"" + std::string(text) + "\"";
-  std::size_t end = Shown;
-  while ((static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) --end;
-  return "\"" + std::string(text.substr(0, end)) + "...\"";
+  return "\"" + shortened(text, Shown) + "\"";
 }
 
 std::string listOf(std::span<const Town> towns) {

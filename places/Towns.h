@@ -39,8 +39,9 @@ std::vector<Town> townsNamed(std::string_view text);
 /// The same or, if there are none, the towns whose name begins with these letters.
 std::vector<Town> townsListed(std::string_view text);
 
-/// The only town that a text may mean, or the one that outweighs each other. Of towns with the same
-/// full name, the largest counts. Throws `PlaceFault` if there is no such town.
+/// The town of a text. If the text may mean several towns, returns the one that outweighs each
+/// other town. If towns share a full name, only the largest counts. Throws `PlaceFault` if there is
+/// no such town.
 Town townNamed(std::string_view text);
 
 }  // namespace veldrin

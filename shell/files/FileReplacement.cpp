@@ -48,8 +48,8 @@ class TemporaryFile {
     if (!old) return;
     descriptor_ = descriptor;
     // Only the superuser may change the owner, and other users may set only their own groups. A
-    // different group does not get the old group's permissions. The mode is set last,
-    // because fchown clears some of its bits.
+    // different group does not get the old group's permissions. The mode is set last, because
+    // fchown clears some of its bits.
     constexpr auto Unchanged = static_cast<uid_t>(-1);
     const bool keepsGroup = ::fchown(descriptor, old->st_uid, old->st_gid) == 0 ||
                             ::fchown(descriptor, Unchanged, old->st_gid) == 0;

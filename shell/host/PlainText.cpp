@@ -12,10 +12,6 @@ constexpr struct {
 } Forms[] = {
     {0x80, 0x00, 0, 0x0}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
 
-bool isContinuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
-
 bool isPlain(std::uint32_t code) {
   const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
   const bool isSurrogate = code >= 0xD800 && code < 0xE000;
@@ -36,7 +32,7 @@ Head headOf(std::string_view text) {
     if (following.size() < form.following) break;
     std::uint32_t code = first & ~form.mask;
     for (const char byte : following) {
-      if (!isContinuation(byte)) return {1, false};
+      if (!continuesCharacter(byte)) return {1, false};
       code = code << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
     }
     return {form.following + 1, code >= form.least && isPlain(code)};
@@ -67,7 +63,7 @@ std::string onOneLine(std::string_view text) {
 
 std::string shortened(std::string_view text, std::size_t most) {
   if (text.size() <= most) return std::string(text);
-  while (most > 0 && isContinuation(text[most])) --most;
+  while (most > 0 && continuesCharacter(text[most])) --most;
   return std::string(text.substr(0, most)) + "...";
 }
 

@@ -6,6 +6,11 @@
 
 namespace veldrin {
 
+/// Whether a byte continues a character of UTF-8.
+constexpr bool continuesCharacter(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
+}
+
 /// Whether a text is well-formed UTF-8 (RFC 3629) without control characters: none below U+0020 and
 /// none from U+007F to U+009F.
 bool isPlainText(std::string_view text);

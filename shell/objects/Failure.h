@@ -18,8 +18,8 @@ class RuntimeException;
 /// `NilObjectException`.
 [[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
 
-/// The base class of all exception objects. Code that raises one leaves `Message` empty; the report
-/// of an uncaught exception writes the text for the user.
+/// The base class of all exception objects. Code that raises one leaves `Message` empty. The text
+/// for the user is written by the report of the exception.
 class RuntimeException : public Described<RuntimeException, Object> {
  public:
   static constexpr FixedString FullName = "RuntimeException";
@@ -110,8 +110,8 @@ class OutOfMemoryRaiser {
   std::new_handler previous_;
 };
 
-/// A bug in Veldrin, such as a class table that does not match its base. Nothing
-/// handles it: Veldrin reports it and exits.
+/// A bug in Veldrin, such as a class table that does not match its base. Nothing handles it:
+/// Veldrin reports it and exits.
 class FatalFault : public std::logic_error {
  public:
   using std::logic_error::logic_error;

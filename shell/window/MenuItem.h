@@ -71,7 +71,7 @@ class QuitMenuItem : public Described<QuitMenuItem, MenuItem> {
   static void fillTable(ClassTable<QuitMenuItem>& table);
 
   /// The handler of "Action". Always returns true.
-  bool Event_Action();
+  virtual bool Event_Action();
 };
 
 /// Ends the application. Always returns true (handled), even if the application or a window

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <string_view>
 
+#include "shell/host/PlainText.h"
+
 namespace veldrin {
 
 void TextField::fillTable(ClassTable<TextField>& table) {
@@ -40,8 +42,8 @@ String TextField::limited(String text) const {
   const std::string_view bytes = text.view();
   std::int32_t characters = 0;
   for (std::size_t at = 0; at < bytes.size(); ++at) {
-    const bool startsCharacter = (static_cast<unsigned char>(bytes[at]) & 0xC0U) != 0x80U;
-    if (startsCharacter && ++characters > limitText_) return String(bytes.substr(0, at));
+    if (!continuesCharacter(bytes[at]) && ++characters > limitText_)
+      return String(bytes.substr(0, at));
   }
   return text;
 }

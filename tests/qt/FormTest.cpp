@@ -42,7 +42,7 @@ TEST_F(FormOnDesktopTest, EveryTextFitsAtUsualFontSizes) {
   QApplication::setFont(before);
 }
 
-/// What differs from a plain text of the desktop: alignment, font, colours, and kind of field.
+/// How a control differs from a plain text: alignment, font, colours, and kind of field.
 std::string look(std::string_view name) {
   const QWidget& shown = QtPerson::widget(name);
   const bool isField = qobject_cast<const QLineEdit*>(&shown) != nullptr;
@@ -154,7 +154,7 @@ TEST_F(FormOnDesktopTest, NumbersOfTheCLibraryHaveADecimalPoint) {
   EXPECT_STREQ(std::setlocale(LC_NUMERIC, nullptr), "C");
 }
 
-TEST(NoDisplayTest, OneSentenceAndStatus1) {
+TEST(DisplayErrorGuardTest, OneSentenceAndStatus1) {
   // No display is set, or the display does not answer.
   for (const std::string setting : {"unset DISPLAY", "export DISPLAY=:4242"}) {
     SCOPED_TRACE(setting);

@@ -151,7 +151,7 @@ TEST_F(LiveTest, DisabledControlsIgnoreTheUser) {
   EXPECT_NE(status(), before);
 }
 
-/// The receivers that were offered a menu item, and the one that handles it.
+/// Records which receivers were offered a menu item, and which one handles it.
 std::string asked;
 std::string_view taker;
 

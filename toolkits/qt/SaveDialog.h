@@ -20,7 +20,7 @@ class SaveDialog final : public QFileDialog {
 
  private:
   [[nodiscard]] QString typedPath() const;
-  /// Tells the user why the path is invalid; empty if it is valid.
+  /// A sentence that tells the user why the path is invalid; empty if it is valid.
   [[nodiscard]] static QString reasonAgainst(const QString& path);
   bool mayReplace(const QString& path);
 
