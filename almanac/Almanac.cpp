@@ -18,10 +18,11 @@ namespace {
 
 constexpr std::size_t TwilightStep = 6;  // degrees from one twilight to the next
 
-/// The events at an altitude: row 0 for sunrise and sunset, row n for the twilight of 6 n degrees.
+/// The events at an altitude: row 0 for sunrise and sunset, row n for the twilight of 6 * n
+/// degrees.
 constexpr struct {
   EventKind rising, setting;
-} Passings[] = {
+} KindPairs[] = {
     {{"sunrise", "Sunrise"}, {"sunset", "Sunset"}},
     {{"civil-dawn", "Civil dawn"}, {"civil-dusk", "Civil dusk"}},
     {{"nautical-dawn", "Nautical dawn"}, {"nautical-dusk", "Nautical dusk"}},
@@ -34,20 +35,20 @@ constexpr EventKind DownAllDay{"no-sunrise", "Sun down all day"};
 /// The altitudes to search for: that of sunrise and sunset first, then those of the twilights.
 struct Altitudes {
   std::vector<double> sines;
-  std::vector<std::size_t> passings;  ///< for each altitude, the row of `Passings`
+  std::vector<std::size_t> rows;  ///< for each altitude, the row of `KindPairs`
 
   explicit Altitudes(const std::set<Twilight>& twilights)
-      : sines{solar::sineAtHorizon(solar::Rads)}, passings{0} {
+      : sines{solar::sineAtHorizon(solar::Rads)}, rows{0} {
     for (const Twilight twilight : twilights) {
       const auto degrees = static_cast<std::size_t>(twilight);
       sines.push_back(Sin((-solar::Rads) * static_cast<double>(degrees)));
-      passings.push_back(degrees / TwilightStep);
+      rows.push_back(degrees / TwilightStep);
     }
   }
 
   [[nodiscard]] const EventKind& kindOf(const Crossing& crossing) const {
-    const auto& passing = Passings[passings[crossing.altitude]];
-    return crossing.rises ? passing.rising : passing.setting;
+    const auto& pair = KindPairs[rows[crossing.altitude]];
+    return crossing.rises ? pair.rising : pair.setting;
   }
 };
 
@@ -85,13 +86,13 @@ void addYear(AlmanacDocument& document, const Sky& sky, const Altitudes& altitud
              const ClockYear& year, const std::function<void()>& yield) {
   const std::int64_t first = dayNumber(year.year, 1, 1);
   const std::int64_t last = dayNumber(year.year, 12, 31);
-  // Local time differs from Universal Time by up to 25 hours.
+  // Two days more at each end: a zone of 24 hours with daylight saving is 25 hours from UTC.
   auto days = byLocalDay(crossings(sky, first - 2, last + 2, altitudes.sines, yield), year.clock);
   for (std::int64_t day = first; day <= last; ++day) {
     const std::vector<Crossing>& events = days[day];
-    const auto isOfSun = [](const Crossing& crossing) { return crossing.altitude == 0; };
+    const auto isRiseOrSet = [](const Crossing& crossing) { return crossing.altitude == 0; };
     const std::optional<DaySpan> span = year.clock.spanOf(day);
-    if (span && std::ranges::none_of(events, isOfSun)) {
+    if (span && std::ranges::none_of(events, isRiseOrSet)) {
       const bool isUp = isUpAtMiddle(sky, *span, altitudes.sines.front());
       document.addDay(isUp ? UpAllDay : DownAllDay, day);
     }

@@ -15,20 +15,20 @@
 namespace veldrin {
 namespace {
 
-void takePlace(CalendarRequest& request, std::string_view name, double latitude, double longitude) {
+void setPlace(CalendarRequest& request, std::string_view name, double latitude, double longitude) {
   if (request.place.empty()) request.place = name;
   request.latitude = Coordinate(latitude).number();
   request.longitude = Coordinate(longitude).number();
 }
 
-/// Takes the place of the town that the zone is named after.
-void takeTownOfZone(CalendarRequest& request, const ZoneFolder& folder, const std::string& zone) {
+/// Sets the place in the request to the town that the zone is named after.
+void setTownOfZone(CalendarRequest& request, const ZoneFolder& folder, const std::string& zone) {
   const std::optional<ZonePlace> town = folder.placeOf(zone);
   if (!town) {
     throw PlaceFault("The time zone " + zone +
                      " belongs to no town; give --latitude and --longitude.");
   }
-  takePlace(request, town->name, town->latitude, town->longitude);
+  setPlace(request, town->name, town->latitude, town->longitude);
 }
 
 std::string shortDateOf(const CivilDay& day) {
@@ -37,9 +37,9 @@ std::string shortDateOf(const CivilDay& day) {
   return std::string(date->ShortDate().view());
 }
 
-/// Sets the fields of the window's clock to those of the zone.
-void takeFormClock(CalendarRequest& request, const std::string& zone, const ClockRules& rules,
-                   std::int32_t year) {
+/// Sets the request's time zone and daylight saving, as the form expects them, from the zone.
+void setFormClock(CalendarRequest& request, const std::string& zone, const ClockRules& rules,
+                  std::int32_t year) {
   const FormClock clock = formClock(zone, rules, year);
   request.timeZone = clock.zone;
   request.daylightSaving = clock.saving.has_value();
@@ -61,15 +61,15 @@ PlaceOfRequest lookUpPlace(Host& host, CalendarRequest& request) {
     const Town town = townNamed(*request.town);
     found.town = fullName(town);
     request.zone = town.zone;
-    takePlace(request, town.name, town.latitude, town.longitude);
+    setPlace(request, town.name, town.latitude, town.longitude);
   }
   if (!request.zone) return found;
   const InForce<Host> scope(host);
   const std::int32_t year = yearOf(host, request);
   const ZoneFolder folder = ZoneFolder::ofMachine();
   Zone zone = zoneNamed(folder, *request.zone, year, year + request.years - 1);
-  if (!request.latitude) takeTownOfZone(request, folder, zone.name);
-  if (!request.standard && !request.chart) takeFormClock(request, zone.name, zone.rules, year);
+  if (!request.latitude) setTownOfZone(request, folder, zone.name);
+  if (!request.standard && !request.chart) setFormClock(request, zone.name, zone.rules, year);
   found.zone = std::move(zone.name);
   found.clock = std::move(zone.rules);
   return found;

@@ -13,7 +13,7 @@ struct RunOutcome {
   std::vector<std::string> complaints = {};  ///< sentences for standard error
   bool isOutOfMemory = false;                ///< there was no memory even for a complaint
 
-  /// Adds a complaint that writing to `where` failed, unless the error number is 0.
+  /// Adds a complaint about `where` and sets the status to `Failed`, unless the error number is 0.
   void noteWriting(const std::string& where, std::int32_t error);
 };
 

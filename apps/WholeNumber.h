@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// The number that the whole text is, in decimal digits with an optional "-". Nothing for any other
-/// text or for a number outside [least:most].
+/// Reads a whole number: only decimal digits after an optional "-". Returns nothing for any other
+/// text or a number outside [least:most].
 std::optional<std::int64_t> readWholeNumber(std::string_view text, std::int64_t least,
                                             std::int64_t most);
 

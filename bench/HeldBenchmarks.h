@@ -20,15 +20,15 @@ inline void checkLimit(benchmark::State& state, double value, double limit) {
   isLimitBroken = true;
 }
 
-/// Opens the window, calls `first`, runs the registered benchmarks. Returns the exit status.
+/// Opens the window, calls `prepare`, runs the registered benchmarks. Returns the exit status.
 inline int runHeldBenchmarks(
-    int count, char** arguments, void (*first)() = [] {}) {
+    int count, char** arguments, void (*prepare)() = [] {}) {
   SystemHost host;
   HeadlessToolkit toolkit;
   benchmark::Initialize(&count, arguments);
   if (benchmark::ReportUnrecognizedArguments(count, arguments)) return EXIT_FAILURE;
-  toolkit.job = [first] {
-    first();
+  toolkit.job = [prepare] {
+    prepare();
     benchmark::RunSpecifiedBenchmarks();
   };
   const int status = runProcess(host, toolkit, VeldrinParts);

@@ -10,30 +10,30 @@
 
 namespace veldrin {
 
-/// The light of a moment, from dark to bright. The value is the number of altitudes that the Sun is
-/// above: 18, 12 and 6 degrees below the horizon, and the altitude of sunrise and sunset.
+/// How light a moment is. The value counts the altitudes below the Sun: -18, -12, -6 degrees, and
+/// that of sunrise and sunset.
 enum class Band : std::uint8_t { Night, Astronomical, Nautical, Civil, Day };
 inline constexpr std::size_t BandCount = 5;
 
-/// The light at a place during some UTC days. It changes at the events of the calendar. Minutes
-/// count from 1970-01-01 00:00 UTC.
+/// The bands at a place during some UTC days. They change at sunrise, sunset and the twilights, to
+/// the minute as in `almanac`. Minutes count from 1970-01-01 00:00 UTC.
 class Light {
  public:
-  /// The light from a minute on.
+  /// The band from a minute on.
   struct Change {
     std::int64_t minute;
     Band band;
   };
 
-  /// Both days, numbered as in shell/host/Civil.h, are included. Calls `yield()` once a day; an
-  /// exception that it throws passes through.
+  /// Both days, numbered as in shell/host/Civil.h, are included. Calls `yield()` once for each day;
+  /// an exception that it throws passes through.
   Light(const Place& place, std::int64_t firstDay, std::int64_t lastDay,
         const std::function<void()>& yield);
 
   /// The changes in order of time. If two share a minute, the second counts.
   [[nodiscard]] const std::vector<Change>& changes() const { return changes_; }
 
-  /// The light before the first change.
+  /// The band before the first change.
   [[nodiscard]] Band atFirst() const { return atFirst_; }
 
   [[nodiscard]] Band bandAt(double minute) const;

@@ -34,7 +34,7 @@ class Svg {
   /// An element that contains a text.
   void add(std::string_view element, SvgAttributes attributes, std::string_view text);
 
-  /// The whole text. Close every element before.
+  /// The document. Close every element first.
   std::string finish() &&;
 
  private:

@@ -12,7 +12,7 @@ namespace veldrin::civiltime {
 // dates of every year. Under `downUnder`, daylight saving is outside the period.
 
 /// Moves a date to the default first day of daylight saving in its year: the second Sunday of
-/// March. The time of day stays. `yield()` is called once in each pass of the search.
+/// March. The time of day stays. Calls `yield()` once for each earlier day of the month.
 template <class Yield>
 void moveToFirstDay(::veldrin::Date& date, const Yield& yield) {
   constexpr std::int32_t Sunday = 1;
@@ -29,7 +29,7 @@ void moveToFirstDay(::veldrin::Date& date, const Yield& yield) {
 }
 
 /// Moves a date to the default first day of standard time in its year: the first Sunday of
-/// November. The time of day stays. `yield()` is called once in each pass of the search.
+/// November. The time of day stays. Calls `yield()` once for each earlier day of the month.
 template <class Yield>
 void moveToEnd(::veldrin::Date& date, const Yield& yield) {
   constexpr std::int32_t Sunday = 1;
@@ -41,9 +41,9 @@ void moveToEnd(::veldrin::Date& date, const Yield& yield) {
   }
 }
 
-/// Whether a moment has daylight saving: inside the period, which includes its first bound, or
-/// outside it under `downUnder`. All three are in one unit, such as the seconds of
-/// `Date::TotalSeconds`. The bounds may be in either order.
+/// Whether daylight saving applies at a moment: inside the period or, if `downUnder`, outside it.
+/// The period includes its earlier bound. `moment`, `first` and `second` are in one unit, such as
+/// the seconds of `Date::TotalSeconds`. The bounds may be in either order.
 inline bool isDaylightSavingsTime(double moment, double first, double second, bool downUnder) {
   const double begin = second < first ? second : first;
   const double end = second < first ? first : second;
@@ -59,21 +59,21 @@ inline double addSavingHour(double t) {
   return t;
 }
 
-/// The standard zone, in whole hours, of a host whose UTC offset is now `offset` hours.
+/// The standard time, in whole hours east of UTC, of a host whose offset is now `offset` hours.
 std::int32_t standardZone(double offset, bool isSavingNow);
 
-/// A daylight-saving period, as day numbers.
+/// The period of `isDaylightSavingsTime`, as day numbers.
 struct SavingDays {
-  std::int64_t first;   ///< the first day inside
-  std::int64_t second;  ///< the first day after it
+  std::int64_t first;   ///< its first day, if the bounds are in order
+  std::int64_t second;  ///< the day after its last
   bool downUnder;
 };
 
-/// The default period of a year, not down under. Raises what `Date` raises.
+/// The default period of a year; `downUnder` is false. Raises what `Date` raises.
 SavingDays defaultDays(std::int32_t year);
 
-/// The clock of a standard zone, in hours east of Greenwich, in one year; `saving` is empty for a
-/// year without daylight saving. The clock changes at the first midnight of the new time.
+/// The clock in one year. `zone` is standard time in hours east of Greenwich; `saving` is empty
+/// without daylight saving. The clock changes at midnight of standard time.
 ClockRules clockRules(double zone, const std::optional<SavingDays>& saving, std::int32_t year);
 
 }  // namespace veldrin::civiltime

@@ -1,4 +1,4 @@
-# Installs the programs and their texts. cpack makes a Debian package of them.
+# Installs the programs, their manuals, desktop files and icons. cpack makes a Debian package of them.
 find_program(VELDRIN_GZIP gzip)
 set(texts ${PROJECT_BINARY_DIR}/desktop)
 
@@ -7,8 +7,8 @@ function(with_version name)
   configure_file(desktop/${name}.in ${texts}/${name} @ONLY)
 endfunction()
 
-# install_compressed(TEXT DESTINATION): Debian wants manuals and change logs compressed. --no-name
-# leaves their date out, so that the same text gives the same bytes.
+# install_compressed(TEXT DESTINATION): installs TEXT compressed, as Debian wants, or plain without
+# gzip. --no-name omits gzip's time stamp, so that equal texts give equal bytes.
 function(install_compressed text destination)
   if(NOT VELDRIN_GZIP)
     install(FILES ${text} DESTINATION ${destination})
@@ -48,7 +48,7 @@ if(TARGET veldrin)
       DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
   endforeach()
 endif()
-# This file says that no licence has been chosen.
+# desktop/copyright says that no licence has been chosen.
 install(FILES desktop/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 install_compressed(${PROJECT_SOURCE_DIR}/desktop/changelog ${CMAKE_INSTALL_DATADIR}/doc/veldrin)
 

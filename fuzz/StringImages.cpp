@@ -73,10 +73,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   fuzz::World::instance();
   const fuzz::ObjectLeakGuard objectLeakGuard;
   FuzzedDataProvider input(data, size);
-  const bool bytes = input.ConsumeBool();
+  const bool isImage = input.ConsumeBool();
   const std::uint32_t address =
       input.ConsumeBool() ? 0x1000 : input.ConsumeIntegral<std::uint32_t>();
-  if (bytes) {
+  if (isImage) {
     fuzz::checkReading(input.ConsumeRemainingBytes<std::uint8_t>(), address);
   } else {
     fuzz::checkWriting(input, address);

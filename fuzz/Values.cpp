@@ -22,8 +22,8 @@
 namespace veldrin::fuzz {
 namespace {
 
-/// The text for strtod: replaces U+2212 by "-", and cuts the text at the first character that only
-/// strtod accepts, as in "inf".
+/// The text for strtod: replaces a leading U+2212 by "-", and cuts the text at the first character
+/// that is no blank and in no decimal number, as in "inf".
 std::string forStrtod(std::string_view text) {
   constexpr std::string_view Minus = "\u2212";
   std::string all(text);
@@ -46,7 +46,8 @@ void checkVal(const std::string& text) {
   const std::string plain = forStrtod(text);
   char* end = nullptr;
   const double expected = std::strtod(plain.c_str(), &end);
-  require(number.has_value() == (end != plain.c_str()), "readNumber finds a number if strtod does");
+  require(number.has_value() == (end != plain.c_str()),
+          "readNumber finds a number exactly if strtod does");
   require(sameBits(Val(String(text)), number ? expected : 0.0), "Val equals strtod");
   if (!number) return;
   require(number->length <= text.size(), "the number ends within the text");
@@ -55,7 +56,7 @@ void checkVal(const std::string& text) {
           "readNumber and strtod end at the same character");
   const auto again = readNumber(text.substr(0, number->length));
   require(again && sameBits(again->value, expected),
-          "reading only its own characters gives the same number");
+          "reading only the number's characters gives the same number");
 }
 
 void checkFormat(double value, const std::string& pattern) {
@@ -81,14 +82,14 @@ std::chrono::sys_days daysOf(const Date& date) {
                   day(static_cast<unsigned>(date.Day())));
 }
 
-/// Whether std::chrono supports the year.
+/// Whether std::chrono supports the year, with room for the days that `writeField` adds.
 bool isChronoYear(const Date& date) {
   return std::abs(static_cast<std::int64_t>(date.Year())) < 32000;
 }
 
 void checkDate(const Ref<Date>& date) {
-  const bool leap = date->Year() % 4 == 0 && (date->Year() % 100 != 0 || date->Year() % 400 == 0);
-  const std::int32_t lengths[] = {31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  const bool isLeap = date->Year() % 4 == 0 && (date->Year() % 100 != 0 || date->Year() % 400 == 0);
+  const std::int32_t lengths[] = {31, isLeap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   require(date->Month() >= 1 && date->Month() <= 12, "the month is 1 to 12");
   require(date->Day() >= 1 && date->Day() <= lengths[date->Month() - 1],
           "the day exists in the month");
@@ -100,8 +101,8 @@ void checkDate(const Ref<Date>& date) {
     require(date->DayOfWeek() == static_cast<std::int32_t>(weekday.c_encoding()) + 1,
             "the day of the week equals std::chrono");
   }
-  constexpr double Exact = 9007199254740992.0;
-  if (std::fabs(date->TotalSeconds()) < Exact) {
+  constexpr double ExactLimit = 9007199254740992.0;
+  if (std::fabs(date->TotalSeconds()) < ExactLimit) {
     const Ref<Date> other = New<Date>();
     other->TotalSeconds(date->TotalSeconds());
     require(date->Operator_Compare(other) == 0, "TotalSeconds restores the date");
@@ -115,9 +116,9 @@ void checkDate(const Ref<Date>& date) {
 
 /// Sets a field; out-of-range values carry over.
 void writeField(const Ref<Date>& date, FuzzedDataProvider& input) {
-  const bool small = input.ConsumeBool();
-  const auto value = small ? input.ConsumeIntegralInRange<std::int32_t>(-400, 4000)
-                           : input.ConsumeIntegral<std::int32_t>();
+  const bool isSmall = input.ConsumeBool();
+  const auto value = isSmall ? input.ConsumeIntegralInRange<std::int32_t>(-400, 4000)
+                             : input.ConsumeIntegral<std::int32_t>();
   const bool isChecked = isChronoYear(*date) && small;
   const std::chrono::sys_days before = isChecked ? daysOf(*date) : std::chrono::sys_days();
   const std::int32_t dayBefore = date->Day();
@@ -161,8 +162,8 @@ ShortDateForm formOf(FuzzedDataProvider& input) {
   return form;
 }
 
-/// `ParseDate` returns a valid date at midnight or, for an invalid text, nil.
-void checkText(const std::string& text) {
+/// `ParseDate` sets a valid date at midnight or, for an invalid text, leaves the date nil.
+void checkParseDate(const std::string& text) {
   Ref<Date> date;
   if (ParseDate(String(text), date)) {
     checkDate(date);
@@ -193,7 +194,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       break;
     }
     case 2:
-      fuzz::checkText(input.ConsumeRemainingBytesAsString());
+      fuzz::checkParseDate(input.ConsumeRemainingBytesAsString());
       break;
     default: {
       const Ref<Date> date = New<Date>();

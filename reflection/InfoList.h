@@ -8,7 +8,7 @@
 
 namespace veldrin::Introspection {
 
-/// A list of descriptions; nil if empty.
+/// A list of descriptions. Nil is an empty list.
 template <class Info>
 using InfoList = Ref<Array<Ref<Info>>>;
 
@@ -23,7 +23,7 @@ std::span<const Ref<Info>> itemsOf(const InfoList<Info>& list) {
   return list ? std::span<const Ref<Info>>(list->elements) : std::span<const Ref<Info>>();
 }
 
-/// A new array, which the caller may change; never nil.
+/// A new array, which the caller may change; an empty one for nil.
 template <class Info>
 InfoList<Info> copyOf(const InfoList<Info>& list) {
   const auto items = itemsOf(list);

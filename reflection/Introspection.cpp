@@ -72,8 +72,8 @@ Ref<TypeInfo> infoOfName(CodeKind kind, const String& name) {
   }
 }
 
-/// The type of a code. `depth` is the total number of dimensions of the arrays around it. Array
-/// codes are never map keys, so only the innermost code becomes a `String`.
+/// The description of the type of a code. `depth` is the total number of dimensions of the arrays
+/// around it. The maps have no array codes, so only the innermost code is copied into a `String`.
 Ref<TypeInfo> infoOf(std::string_view code, std::int32_t depth) {
   RuntimeStackCheck();
   const auto parts = readTypeCode(code);

@@ -7,7 +7,7 @@
 namespace veldrin::solar {
 
 /// The sine of the altitude of the Sun's centre at sunrise and sunset. Refraction and the Sun's
-/// radius put it fifty minutes of arc below the horizon. `rads` is degrees to radians.
+/// radius put the centre 50 minutes of arc below the horizon. `rads` is radians per degree.
 inline double sineAtHorizon(double rads) {
   return Sin(((-rads) * 50.0) / 60.0);
 }
@@ -48,8 +48,8 @@ struct DayEvents {
   std::int32_t sett = 0;  ///< 1 if `utset` holds a time
 };
 
-/// Records the crossings of the horizon from an hour before `hour`, where the value is `ym`, to an
-/// hour after it.
+/// Records the crossings of the horizon from `hour - 1` to `hour + 1`. `ym` is the value at
+/// `hour - 1`.
 inline void noteCrossings(const Parabola& curve, double hour, double ym, DayEvents& found) {
   if (curve.nz == 1) {
     if (ym < 0.0) {
@@ -68,10 +68,10 @@ inline void noteCrossings(const Parabola& curve, double hour, double ym, DayEven
   }
 }
 
-/// Searches a day of Universal Time for the altitude with the sine `sinho`. Each pass covers two
-/// hours with a parabola through three values and calls `yield()` once. `sineAltitude(hour)` gives
-/// the sine of the Sun's altitude [hour 0:24]. The search ends as soon as it has both events; until
-/// then a later event replaces an earlier one of its kind.
+/// Finds when the Sun crosses the altitude with the sine `sinho` on a day of Universal Time. Each
+/// pass covers two hours with a parabola through three values and calls `yield()` once.
+/// `sineAltitude(hour)` gives the sine of the Sun's altitude at an hour [0:24]. The search ends as
+/// soon as it has both events; until then a later event replaces an earlier one of its kind.
 template <class SineAltitude, class Yield>
 DayEvents searchDay(double sinho, const SineAltitude& sineAltitude, const Yield& yield) {
   DayEvents found;

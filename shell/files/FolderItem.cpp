@@ -68,7 +68,7 @@ class SystemFile final : public WritableFile {
   }
 
   static iovec partOf(std::string_view text) {
-    // writev() only reads the bytes, but `iovec` also serves readv().
+    // `iovec` is not const because readv() uses it too; writev() changes no bytes.
     return {const_cast<char*>(text.data()), text.size()};
   }
 
@@ -110,7 +110,7 @@ std::unique_ptr<WritableFile> FolderItem::create() {
     LastErrorCode = errno;
     return nullptr;
   }
-  ::fcntl(descriptor, F_SETFL, 0);  // but writes wait for a slow reader
+  ::fcntl(descriptor, F_SETFL, 0);  // without O_NONBLOCK, writes wait for a slow reader
   return openDescriptor(descriptor);
 }
 

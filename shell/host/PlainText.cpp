@@ -5,10 +5,10 @@
 namespace veldrin {
 namespace {
 
-/// The encoded forms of a character: the bits that mark its first byte, the number of bytes after
-/// that, and the smallest code that needs this form.
+/// The UTF-8 forms of a character: mask and mark of the first byte, the number of following bytes,
+/// the smallest code point.
 constexpr struct {
-  std::uint32_t mask, mark, following, least;
+  std::uint32_t mask, mark, followingCount, least;
 } Forms[] = {
     {0x80, 0x00, 0, 0x0}, {0xE0, 0xC0, 1, 0x80}, {0xF0, 0xE0, 2, 0x800}, {0xF8, 0xF0, 3, 0x10000}};
 
@@ -20,7 +20,7 @@ bool isPlain(std::uint32_t code) {
 
 /// The first character of a text.
 struct Head {
-  std::size_t size;  ///< bytes; 1 if they are not UTF-8
+  std::size_t size;  ///< in bytes; 1 if the bytes have none of the forms
   bool isPlain;
 };
 
@@ -28,14 +28,14 @@ Head headOf(std::string_view text) {
   const std::uint32_t first = static_cast<unsigned char>(text.front());
   for (const auto& form : Forms) {
     if ((first & form.mask) != form.mark) continue;
-    const std::string_view following = text.substr(1, form.following);
-    if (following.size() < form.following) break;
+    const std::string_view following = text.substr(1, form.followingCount);
+    if (following.size() < form.followingCount) break;
     std::uint32_t code = first & ~form.mask;
     for (const char byte : following) {
       if (!continuesCharacter(byte)) return {1, false};
       code = code << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
     }
-    return {form.following + 1, code >= form.least && isPlain(code)};
+    return {form.followingCount + 1, code >= form.least && isPlain(code)};
   }
   return {1, false};
 }

@@ -21,8 +21,8 @@ class PushButton final : public Described<PushButton, RectControl>, public TextS
   void userPressed() { raiseForUser(Events::Action); }
 
   Live<String> Caption{*this};
-  Live<bool> Default{*this};  ///< the Return key presses it
-  Live<bool> Cancel{*this};   ///< the Escape key presses it
+  Live<bool> Default{*this};  ///< whether Return should press it; no toolkit does that
+  Live<bool> Cancel{*this};   ///< Escape alike
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }

@@ -1,4 +1,4 @@
-"""The base of the tests on a screen: starts the program for each test, and uses it."""
+"""The base class of the screen tests: starts, operates and reads the program."""
 
 import os
 import subprocess
@@ -9,7 +9,7 @@ from spoken import Listener, Node
 
 
 class ScreenTest(unittest.TestCase):
-    """The program in the zone PST8PDT, with the focus in its first field."""
+    """Each test starts with the program in the zone PST8PDT and the focus in the field Latitude."""
 
     language = "C.UTF-8"
     desktop: Desktop
@@ -50,7 +50,7 @@ class ScreenTest(unittest.TestCase):
               f"the focus at {name}")
 
     def await_status(self, *options: str) -> None:
-        """Waits until the status is that of the companion for that day with those options."""
+        """Waits until the status equals what veldrin-calendar prints for its day with these options."""
         until(lambda: self.status() == self.expected_status(*options), f"the status of {options}")
 
     def controls(self) -> list[Node]:
@@ -62,10 +62,10 @@ class ScreenTest(unittest.TestCase):
 
     def expected_status(self, *options: str) -> str:
         day = self.status().splitlines()[0]
-        return self.companion(f"--status={day}", *options).decode().strip()
+        return self.calendar_output(f"--status={day}", *options).decode().strip()
 
-    def companion(self, *options: str) -> bytes:
-        """The output of the companion."""
+    def calendar_output(self, *options: str) -> bytes:
+        """The output of veldrin-calendar."""
         return subprocess.run([os.environ["VELDRIN_CALENDAR"], *options], check=True,
                               env=self.desktop.environment, cwd=self.desktop.home,
                               stdout=subprocess.PIPE, timeout=TIME_OUT).stdout
@@ -84,7 +84,7 @@ class ScreenTest(unittest.TestCase):
         self.await_text("File name:", path)
         self.desktop.key("Return")
 
-    def ended(self) -> tuple[int, str]:
+    def wait_for_end(self) -> tuple[int, str]:
         """Waits for the end; returns the exit status and the standard error."""
         _, complaint = self.program.communicate(timeout=TIME_OUT)
         return self.program.returncode, complaint

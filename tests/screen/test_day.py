@@ -1,10 +1,10 @@
-"""A day and a calendar on a desktop with German settings: German dates, decimal points."""
+"""A day and a calendar on a desktop with German settings: German dates, but decimal points."""
 
 from case import ScreenTest
 from desktop import until
 
 # With these inputs each step below changes the status on any day of the year.
-ELSEWHERE = ("--longitude=0.5", "--time-zone=-8", "--year=2012",
+INPUTS = ("--longitude=0.5", "--time-zone=-8", "--year=2012",
              "--dst-start=11.3.2012", "--dst-end=31.12.2999")
 
 
@@ -27,24 +27,24 @@ class DayTest(ScreenTest):
             self.await_text(name, text)
         self.assertEqual(self.status(), before)
         self.desktop.key("Tab")
-        self.await_status(*ELSEWHERE)
+        self.await_status(*INPUTS)
         self.assertNotEqual(self.status(), before)
 
-        today = self.status()
+        status_today = self.status()
         self.click("push button", "Next day")
-        until(lambda: self.status() != today, "the next day")
-        self.await_status(*ELSEWHERE)
+        until(lambda: self.status() != status_today, "the next day")
+        self.await_status(*INPUTS)
         self.desktop.key("shift+Tab", "space")
-        until(lambda: self.status() == today, "the day before")
+        until(lambda: self.status() == status_today, "the day before")
 
         self.click("check box", "Down Under")
         until(lambda: self.find("check box", "Down Under").is_("checked"), "the tick")
-        self.await_status(*ELSEWHERE, "--down-under")
-        self.assertNotEqual(self.status(), today)
+        self.await_status(*INPUTS, "--down-under")
+        self.assertNotEqual(self.status(), status_today)
 
         file = self.desktop.home / "made on a screen.ics"
         self.save_as(str(file))
-        whole = b"END:VCALENDAR\r\n"
-        until(lambda: file.exists() and file.read_bytes().endswith(whole), "the whole calendar")
-        expected = self.companion(*ELSEWHERE, "--down-under", "--output=-")
-        self.assertTrue(file.read_bytes() == expected, "the calendar is not the companion's")
+        ending = b"END:VCALENDAR\r\n"
+        until(lambda: file.exists() and file.read_bytes().endswith(ending), "the whole calendar")
+        expected = self.calendar_output(*INPUTS, "--down-under", "--output=-")
+        self.assertTrue(file.read_bytes() == expected, "the calendar differs from that of veldrin-calendar")

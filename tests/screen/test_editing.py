@@ -65,5 +65,5 @@ class EditingTest(ScreenTest):
             if key == "q":
                 self.open_by_keys("f", "Quit")
             self.desktop.key(key)
-            self.assertEqual(self.ended(), (0, ""))
+            self.assertEqual(self.wait_for_end(), (0, ""))
             self.setUp()

@@ -38,10 +38,10 @@ class SavingTest(ScreenTest):
         self.find("label", reason)
         self.await_focus("OK")
         self.desktop.key("Return")
-        self.assertEqual(self.ended(), (1, f"veldrin: {reason}\n"))
+        self.assertEqual(self.wait_for_end(), (1, f"veldrin: {reason}\n"))
 
     def test_a_signal_ends_the_program_with_an_open_dialog(self) -> None:
         self.click("push button", "Generate iCal For")
         self.await_focus("File name:")
         self.program.terminate()
-        self.assertEqual(self.ended(), (128 + signal.SIGTERM, ""))
+        self.assertEqual(self.wait_for_end(), (128 + signal.SIGTERM, ""))

@@ -23,30 +23,30 @@ TEST_F(FormTest, WindowAndControlsHaveThePropertiesOfTheirStreams) {
   const std::set<std::string_view> writtenByTheOpening{"Status", "DSTEnd", "DSTStart", "TimeZone"};
   const std::vector<FormStream> streams = readForm();
   ASSERT_EQ(window()->controls().size() + 1, streams.size());
-  for (std::size_t place = 0; place < streams.size(); ++place) {
-    const auto& [kind, name, sizeAndChecksum, bytes] = streams[place];
+  for (std::size_t index = 0; index < streams.size(); ++index) {
+    const auto& [kind, name, sizeAndChecksum, bytes] = streams[index];
     SCOPED_TRACE(name);
-    Ref<Object> made = window();
+    Ref<Object> object = window();
     if (kind != "Window") {
-      made = window()->controls()[place];
-      EXPECT_EQ(control(*window(), name), made);
-      EXPECT_EQ(window()->controls()[place]->Window(), window());
-      EXPECT_EQ(text(made->classRecord()->name), kind);
+      object = window()->controls()[index];
+      EXPECT_EQ(control(*window(), name), object);
+      EXPECT_EQ(window()->controls()[index]->Window(), window());
+      EXPECT_EQ(text(object->classRecord()->name), kind);
     }
     for (const auto& [property, value] :
-         readPropertyStream(*made->classRecord(), FormStreams[place].view()).entries) {
+         readPropertyStream(*object->classRecord(), FormStreams[index].view()).entries) {
       const std::string_view key = property->name.view();
       if (key == "Text" && writtenByTheOpening.contains(name)) continue;
-      EXPECT_EQ(valueOf(made, key), value) << key;
+      EXPECT_EQ(valueOf(object, key), value) << key;
     }
     if (kind == "Placard" || kind == "Window") continue;
-    EXPECT_EQ(valueOf(made, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
-    EXPECT_EQ(valueOf(made, "TextUnit"), Variant(FontUnits::Default));
+    EXPECT_EQ(valueOf(object, "TextSize"), Variant(name == "StaticText7" ? 9.0F : 0.0F));
+    EXPECT_EQ(valueOf(object, "TextUnit"), Variant(FontUnits::Default));
   }
   EXPECT_EQ(window()->WhichYear()->ListCount(), 13);
 }
 
-TEST_F(FormTest, TextsHaveThePlainLooksOfTheForm) {
+TEST_F(FormTest, ControlsHaveTheTextStyleOfTheForm) {
   std::string alignments;
   for (const Ref<Control>& each : window()->controls()) {
     SCOPED_TRACE(text(each->Name));
@@ -90,8 +90,8 @@ TEST_F(FormTest, ExactlyTenControlEventsHaveHandlers) {
             "BackOneDay_Action ForwardOneDay_Action GenerateButton_Action WhichYear_Open "
             "WhichYear_Change DownUnderFlag_Action DaylightSavings_Action Latitude_LostFocus "
             "TimeZone_LostFocus Longitude_LostFocus ");
-  constexpr Event<void()> Other{"KeyDown"_s};  // the window's event has a parameter
-  EXPECT_EQ(raisedBy([&] { callHandler(*view, Other); }), "TypeMismatchException");
+  constexpr Event<void()> WithoutParameter{"KeyDown"_s};  // the window's event has a parameter
+  EXPECT_EQ(raisedBy([&] { callHandler(*view, WithoutParameter); }), "TypeMismatchException");
   EXPECT_EQ(raisedBy([&] { view->Latitude()->raiseEvent("KeyDown"_s); }), "KeyNotFoundException");
 }
 
@@ -113,7 +113,7 @@ TEST_F(FormTest, FocusOrderFollowsPanelsAndTabIndexes) {
   EXPECT_EQ(order(),
             "DSTEnd DSTStart DownUnderFlag DaylightSavings WhichYear BackOneDay ForwardOneDay "
             "GenerateButton ");
-  // A cycle of parents belongs to no window.
+  // The order omits controls in or below a parent cycle.
   control<"Placard1">(*view)->InitialParent("Placard2"_s);
   control<"Placard2">(*view)->InitialParent("Placard1"_s);
   view->BackOneDay()->InitialParent("BackOneDay"_s);
@@ -137,7 +137,7 @@ TEST_F(FormTest, ControlsAreFoundByNameUntilTheyAreRemoved) {
   EXPECT_FALSE(control(*view, "Latitude") || control(*view, "Second"));
   EXPECT_EQ(view->controls().size(), FormTable.size() - 1);
   EXPECT_EQ(field->referenceCount(), 1);
-  // A name means the newest control. The older one stays and is removed separately.
+  // A name finds the newest control. Without that, it finds the older one.
   const Ref<Control> old = control(*view, "TimeZone");
   view->_AddControl(String(std::string("TimeZone")), field);
   EXPECT_EQ(control(*view, "TimeZone"), field);
@@ -145,12 +145,13 @@ TEST_F(FormTest, ControlsAreFoundByNameUntilTheyAreRemoved) {
   view->_RemoveControl(view->controls().back());
   EXPECT_FALSE(field->Window());
   EXPECT_EQ(control(*view, "TimeZone"), old);
-  // A control is in one window only. A closed window is not redrawn.
+  // A control is in one window only.
   const Ref<Window> other = New<Window>();
   other->_AddControl("There"_s, old);
   view->_RemoveControl(old);  // has no effect: it is in the other window
   EXPECT_EQ(old->Window(), other);
   EXPECT_FALSE(control(*view, "TimeZone"));
+  // A closed window is not redrawn.
   other->_AddDirtyWindow();
   view->_AddDirtyWindow();
   static int closed;

@@ -13,32 +13,32 @@
 
 namespace veldrin {
 
-/// The spoken name for a control whose text says too little.
+/// The name that a screen reader speaks for a control whose text says too little.
 struct SpokenName {
   std::string_view control;
   std::string_view name;
 };
 
-/// The Qt side of a `Window`: a menu bar above content of fixed size.
+/// The Qt side of a `Window`: a menu bar above content that the user cannot resize.
 ///
 /// It mirrors changes of the title, content size, visibility and menu bar, and of the properties of
-/// controls and menu items. These properties are exceptions; they are read when the window opens or
-/// a menu is used, or never:
+/// controls and menu items, except these, which are read when the window opens or a menu is used,
+/// or never:
 ///
 /// | property | reason |
 /// |---|---|
 /// | of a window: | |
-/// | the three buttons, `Resizeable` | the window manager reads them once |
+/// | `CloseButton` and similar, `Resizeable` | set when the window is created |
 /// | `Placement`, `Frame`, `Composite`, `MacProcId` | the desktop decides |
 /// | `FullScreen`, `LiveResize`, `MinWidth` and similar | the content keeps its size |
 /// | `HasBackColor`, `BackColor` | desktop text colours need the desktop background |
 /// | of a control: | |
 /// | `Name`, `Index`, `TabPanelIndex`, `DataSource`, `DataField` | for use by the program only |
-/// | the locks | the content keeps its size |
+/// | `LockLeft` and the other three | the content keeps its size |
 /// | `AutoDeactivate`, `UseFocusRing` | the desktop's style decides how a control looks |
 /// | `Default`, `Cancel` | Return and Escape press no button of the form |
-/// | `MultiLine` | a carriage return breaks the line of any text |
-/// | `Format`, `Mask`, `AcceptTabs` | a field accepts any letter; Tab moves the focus |
+/// | `MultiLine` | a carriage return in a `StaticText` always starts a new line |
+/// | `Format`, `Mask`, `AcceptTabs` | a field accepts any character; Tab moves the focus |
 /// | `State` "indeterminate" | a check box is either ticked or not |
 /// | `Value` of a panel | a panel cannot be pressed |
 /// | of a menu item: | |
@@ -52,9 +52,9 @@ class QtWindow final : public QMainWindow {
 
   /// The mirrored window; nil after `forgetWindow()`.
   [[nodiscard]] const Window* mirrored() const { return window_; }
-  /// Call when the window is closed: its object may be destroyed before this one.
+  /// Call when the `Window` is closed: it may be destroyed before this `QtWindow`.
   void forgetWindow();
-  /// Updates from a control, from the window, from the menu bar.
+  /// Each updates the Qt side: from a control, from the window, from the menu bar.
   void follow(const Control& control);
   void follow();
   void followMenus();
