@@ -59,15 +59,13 @@ double Light::minutesOfSun(const DaySpan& span) const {
   double sum = 0.0;
   double from = span.begin;
   Band band = bandAt(from);
-  for (auto change = firstAfter(from); from < span.end; ++change) {
-    const bool isLast = change == changes_.end();
-    const double to = isLast ? span.end : std::min(span.end, static_cast<double>(change->minute));
+  for (auto change = firstAfter(from); change != firstAfter(span.end); ++change) {
+    const auto to = static_cast<double>(change->minute);
     if (band == Band::Day) sum += to - from;
-    if (isLast) break;
     from = to;
     band = change->band;
   }
-  return sum;
+  return band == Band::Day ? sum + (span.end - from) : sum;
 }
 
 }  // namespace veldrin

@@ -88,7 +88,7 @@ std::string_view rowsFrom(std::string_view key) {
     const std::size_t middle = first + (last - first) / 2;
     const std::size_t begin = middle == 0 ? 0 : table.rfind('\n', middle - 1) + 1;
     const std::size_t end = table.find('\n', middle);
-    std::string_view row = table.substr(begin, end - begin);
+    std::string_view row = table.substr(begin);
     if (isBefore(takeKey(row), key)) {
       first = end + 1;
     } else {

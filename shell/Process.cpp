@@ -12,16 +12,21 @@
 namespace veldrin {
 namespace {
 
-/// The state of the running process, global because `_Startup` takes no argument.
+/// The state of the running process. `_Startup` takes no argument, so it is put in force.
 struct ProcessState {
+  static constexpr std::string_view Kind = "process";
+
   const ApplicationParts* parts;
   Function startup = nullptr;  ///< called once, before the event loop
   bool hasFailed = false;      ///< an error other than a framework exception was reported
 };
-ProcessState* process = nullptr;
+
+ProcessState& process() {
+  return InForce<ProcessState>::get();
+}
 
 const ApplicationParts& parts() {
-  return *process->parts;
+  return *process().parts;
 }
 
 /// Registers the exception classes.
@@ -49,7 +54,7 @@ void _MakeDefaultView() {
 
 /// Stores the start-up function for `_RuntimeRun`.
 void _RunFrameworkInitialization(Function startup) {
-  process->startup = startup;
+  process().startup = startup;
 }
 
 /// Ends the application after a stop signal. Returns false if the application or a window refuses.
@@ -76,7 +81,7 @@ bool runEventLoop() {
 /// Runs the start-up function, the application's "Open" and the event loop. Catches nothing of the
 /// first two.
 void _RuntimeRun() {
-  if (const Function startup = std::exchange(process->startup, nullptr)) startup();
+  if (const Function startup = std::exchange(process().startup, nullptr)) startup();
   const Ref<Application> application = registeredApplication();
   if (application) callHandler(*application, Application::Events::Open);
   while (!runEventLoop()) {
@@ -84,7 +89,7 @@ void _RuntimeRun() {
 }
 
 void reportFault(std::string_view sentence) {
-  process->hasFailed = true;
+  process().hasFailed = true;
   InForce<Toolkit>::get().reportFault(String(sentence));
 }
 
@@ -109,7 +114,7 @@ bool runStep(void (*step)()) {
     if (runReporting(step)) return true;
   } catch (...) {
     // The report itself failed, for lack of memory.
-    process->hasFailed = true;
+    process().hasFailed = true;
     InForce<Toolkit>::get().reportOutOfMemory();
   }
   return false;
@@ -133,7 +138,7 @@ void _Main() {
 /// Releases the application and returns the exit status.
 int RuntimeExit() {
   constexpr int OfSignals = 128;  // the convention of shells
-  const bool hasFailed = process->hasFailed || hasReportedFailure();
+  const bool hasFailed = process().hasFailed || hasReportedFailure();
   releaseApplication();
   if (stopSignal() != 0) return OfSignals + stopSignal();
   return hasFailed ? 1 : 0;
@@ -154,12 +159,10 @@ int runProcess(Host& host, Toolkit& toolkit, const ApplicationParts& parts) {
   const Runtime runtime(host, toolkit);  // RuntimeInit
   const StopSignalGuard stopSignals;
   ProcessState state{.parts = &parts};
-  process = &state;
+  const InForce<ProcessState> inForce(state);
   if (runStep(parts.initialize)) _Main();
   runStep(parts.finalize);
-  const int status = RuntimeExit();
-  process = nullptr;
-  return status;
+  return RuntimeExit();
 }
 
 }  // namespace veldrin

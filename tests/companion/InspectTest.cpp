@@ -28,6 +28,8 @@ TEST(InspectTest, PrintsTheClassesInBuildOrderAndTheTableOfEach) {
   EXPECT_EQ(run.output,
             "base:\nMenuBar\nattributes:\n__Scope Public\nevents:\nproperties:\nmethods:\n"
             "Untitled0 %%\nUntitled1 %%\nConstructor %%\n");
+  EXPECT_THAT(inspect("class QuitMenuItem").output, HasSubstr("\nevents:\nAction\nproperties:\n"));
+  EXPECT_THAT(inspect("--help").output, StartsWith("Usage: veldrin-inspect COMMAND\n"));
   EXPECT_THAT(inspect("class Veldrin.Veldrin").output,
               HasSubstr("\nUpdateStatus %%\nHHMMZZ %s%f8\nIsDaylightSavingsTime %b%o<Date>\n"
                         "ShortDate %s%o<Date>\n"));

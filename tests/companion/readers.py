@@ -25,6 +25,7 @@ other = [(event.uid.value, event.dtstart.value, event.dtend.value, event.summary
 assert len(one) == 1227 and len({event[0] for event in one}) == 1227, len(one)
 assert one == other, next(pair for pair in zip(one, other) if pair[0] != pair[1])
 assert {event[4] for event in one} == {PLACE}
+assert "TRIGGER:-PT0M" in written("--standard", "--remind=0", "--output=-")
 assert sum(len(event[5]) for event in one) == sum(event[3] in ("Sunrise", "Sunset") for event in one) == 994
 
 picture = ElementTree.fromstring(written("--chart=-"))

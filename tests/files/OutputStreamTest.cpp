@@ -148,6 +148,7 @@ TEST_F(OutputStreamTest, TheLineThatFailsRaises) {
   EXPECT_EQ(*memory->content, "one\r\ntwo\r\n");
   EXPECT_TRUE(stream->WriteError());
   EXPECT_EQ(errorOf([&] { stream->Flush(); }), ENOSPC);
+  EXPECT_EQ(errorOf([&] { static_cast<void>(stream->Handle(0)); }), ENOSPC);
   stream->UseIOExceptions = false;
   EXPECT_EQ(errorOf([&] { stream->WriteLine("four"_s); }), 0);
   EXPECT_EQ(stream->LastErrorCode(), ENOSPC);

@@ -2,6 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <new>
 #include <string>
 #include <utility>
@@ -154,6 +157,13 @@ TEST_F(ObjectTest, EndlessRecursionRaises) {
   }
   endless = nullptr;
   EXPECT_EQ(raisedBy([] { New<Delegate>()->call(); }), "FunctionNotFoundException");
+  // The limit does not depend on the order of the environment.
+  const std::uintptr_t limit = detail::stackLimit;
+  std::size_t count = 0;
+  while (environ[count] != nullptr) ++count;
+  std::reverse(environ, environ + count);
+  measureStack();
+  EXPECT_EQ(detail::stackLimit, limit);
 }
 
 TEST_F(ObjectTest, ALongChainIsReleasedWithoutOverflow) {
@@ -217,6 +227,7 @@ TEST_F(ObjectTest, AnExceptionHasTheStackOfItsRaise) {
   for (const String& call : stack->elements) calls += call.view();
   EXPECT_LT(calls.find("veldrin::test::raiseFromHere()"), calls.find("testing::Test::Run()"));
   EXPECT_NE(calls.find("testing::Test::Run()"), std::string::npos);
+  EXPECT_EQ(calls.find('/'), std::string::npos) << "a library is named without its folder";
   EXPECT_TRUE(New<IOException>()->Stack()->elements.empty());
   EXPECT_EQ(raisedBy([] { RuntimeReraiseException(nullptr); }), "NilObjectException");
 }

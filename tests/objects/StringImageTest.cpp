@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <span>
 #include <vector>
 
 #include "tests/support/ValuesTest.h"
@@ -56,7 +57,13 @@ TEST(StringImageTest, ACorruptImageReportsTheOffset) {
     const auto [strings, error] = readStringImage(image, Address);
     ASSERT_TRUE(error.has_value()) << row.what;
     EXPECT_EQ(error->offset, row.offset) << row.what << ": " << error->what;
+    EXPECT_FALSE(error->what.empty());
     EXPECT_TRUE(strings.empty()) << row.what;
+  }
+  for (std::size_t length = 1; length < Golden.size(); ++length) {
+    const auto [strings, error] = readStringImage(std::span(Golden).first(length), Address);
+    ASSERT_TRUE(error.has_value()) << length;
+    EXPECT_TRUE(error->offset <= length && !error->what.empty()) << length;
   }
   Image longer = Golden;
   longer.push_back(0);

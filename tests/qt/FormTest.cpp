@@ -223,6 +223,8 @@ TEST_F(FormOnDesktopTest, TheWindowRaisesTheEventsOfTheDesktop) {
   QtPerson::window().move(30, 40);
   QtPerson::window().showMinimized();
   QtPerson::window().showNormal();
+  QEvent activation(QEvent::WindowActivate);
+  QApplication::sendEvent(&QtPerson::window(), &activation);
   EXPECT_EQ(heard, "x left moved small large");
 }
 

@@ -142,6 +142,7 @@ TEST_F(TypeInformationTest, CodesAreArraysClassesEnumerationsOrStructures) {
   }
   const Ref<TypeInfo> units = typeOf("u1<Text.FontUnits>");
   EXPECT_TRUE(units->IsEnum() && units->IsValueType() && !units->IsPrimitive());
+  EXPECT_FALSE(row->IsValueType() || typeOf("o<Date>")->IsValueType());
   EXPECT_EQ(text(units->Name()), "FontUnits");
   EXPECT_TRUE(RuntimeObjectIsa(typeOf("t<S>").get(), StructureInfo::__Lookup()));
   // A registered name has its type after any letter.

@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "shell/host/StopSignal.h"
 #include "tests/support/ProcessTest.h"
 
 namespace veldrin::test {
@@ -95,6 +96,12 @@ TEST_F(FailureTest, AStopSignalClosesTheWindowAndEndsAYearRun) {
       EXPECT_EQ(text(toolkit.reports[0].sentence), sentence);
       EXPECT_TRUE(item->content->ends_with("END:VEVENT\r\n") && item->content->size() < 2000);
     }
+  }
+  {
+    const StopSignalGuard guard;
+    std::raise(SIGTERM);
+    EXPECT_EQ(raisedBy([] { raiseStop(); }), "EndException");
+    EXPECT_FALSE(isStopPending());
   }
   // A refused signal is forgotten.
   const BoundEvent refuses(App::__Lookup(), "CancelClose"_s, [](Object*) { return true; });

@@ -51,6 +51,12 @@ TEST_F(ProcessTest, StartAndEndRunTheirStepsInOrder) {
     EXPECT_TRUE(registeredApplication());
   };
   initializeClasses();
+  try {
+    InForce<Session>::get();
+    FAIL() << "there is a session before the process";
+  } catch (const FatalFault& fault) {
+    EXPECT_STREQ(fault.what(), "The program uses a session before there is one.");
+  }
   const BoundEvent bound[] = {{App::__Lookup(), "Open"_s, [](Object*) { steps += "Open "; }},
                               {App::__Lookup(), "Close"_s, [](Object*) { steps += "Close "; }}};
   const auto firstEvent = [&] {
