@@ -7,7 +7,7 @@
 
 namespace veldrin {
 
-/// A one-dimensional array. It is an object without a class record. `T` must have a `TypeCode`.
+/// A one-dimensional array. It has no class record. In a class table, `T` needs a `TypeCode`.
 template <class T>
 class Array final : public Object {
  public:

@@ -8,21 +8,21 @@
 
 namespace veldrin {
 
-// The attributes of class and member rows. They are constants; a row points at them. Their order
-// in a row is "__Scope", "Deprecated", "Hidden", "__Shared".
+// The attributes of classes and members. Class records and member rows point at these constants,
+// in the order "__Scope", "Deprecated", "Hidden", "__Shared".
 
 inline constexpr AttributeRow ScopePublic{"__Scope"_s, "Public"_s, true};
 inline constexpr AttributeRow ScopePrivate{"__Scope"_s, "Private"_s, true};
 inline constexpr AttributeRow ScopeProtected{"__Scope"_s, "Protected"_s, true};
 inline constexpr AttributeRow Hidden{"Hidden"_s, ""_s, false};
 inline constexpr AttributeRow Shared{"__Shared"_s, ""_s, false};
-/// Marks a deprecated member. `DeprecatedFor` names its replacement, the member `Newer`.
+/// Marks a deprecated member. `DeprecatedFor` also names the member that replaces it, `Newer`.
 inline constexpr AttributeRow Deprecated{"Deprecated"_s, ""_s, false};
 template <FixedString Newer>
 inline constexpr AttributeRow DeprecatedFor{"Deprecated"_s, ConstantText<Newer>, true};
 
-/// The scope of a member, and whether reflection omits it ("Hidden"). Members whose arguments
-/// cannot be checked are hidden.
+/// The scope of a member, and whether reflection omits it ("Hidden"). Accessors of properties are
+/// hidden, and so are methods whose pointer arguments cannot be checked.
 struct Visibility {
   std::uint32_t flags;
   std::span<const AttributeRow> attributes;

@@ -6,10 +6,10 @@
 
 namespace veldrin {
 
-// A pool of small memory blocks for strings and objects, most of which live for one statement. A
-// freed block is kept for the next request of its size, up to `MaximumCount` of each size.
-// Larger blocks use the heap directly. Not thread-safe: Veldrin has one thread. Under
-// AddressSanitizer all blocks come from the heap, so that it can check each one.
+// A pool of small memory blocks for strings and objects, most of which live for one statement. It
+// keeps up to `MaximumCount` freed blocks of each size, for the next requests of that size. Blocks
+// larger than `LargestSize` come from the heap. Under AddressSanitizer all blocks do, so that it
+// can check each one. Not thread-safe: Veldrin has one thread.
 
 namespace detail {
 
@@ -24,8 +24,8 @@ inline constexpr bool Pooled = true;
 
 /// The free blocks of one size.
 struct FreeList {
-  static constexpr std::size_t SizeStep = 16;  ///< in bytes
-  static constexpr std::size_t LargestSize = 128;
+  static constexpr std::size_t SizeStep = 16;      ///< in bytes
+  static constexpr std::size_t LargestSize = 128;  ///< in bytes
   static constexpr std::size_t MaximumCount = 64;
 
   std::array<void*, MaximumCount> blocks;
@@ -38,8 +38,8 @@ inline constinit std::array<FreeList, FreeList::LargestSize / FreeList::SizeStep
 
 }  // namespace detail
 
-/// Returns a block of at least `size` bytes (`size` > 0), aligned for any type. Throws
-/// `std::bad_alloc`.
+/// Returns a block of at least `size` bytes (`size` > 0), aligned as by the global `operator new`.
+/// Throws `std::bad_alloc` if memory runs out.
 inline void* allocateBlock(std::size_t size) {
   using detail::FreeList;
   if (!detail::Pooled || size - 1 >= FreeList::LargestSize) return ::operator new(size);

@@ -31,11 +31,10 @@ std::string hexadecimal(std::uintptr_t value) {
   return "0x" + std::string(digits.begin(), end);
 }
 
-std::string nameOf(void* frame) {
+std::string nameOf(void* returnAddress) {
   Dl_info info{};
-  // A return address may lie just past the end of the calling function, so look up the byte before
-  // it.
-  const void* const call = static_cast<const char*>(frame) - 1;
+  // A return address may lie just past the end of the calling function: look up the byte before it.
+  const void* const call = static_cast<const char*>(returnAddress) - 1;
   const auto address = reinterpret_cast<std::uintptr_t>(call);
   if (dladdr(call, &info) == 0) return hexadecimal(address);
   if (info.dli_sname != nullptr) return demangled(info.dli_sname);

@@ -7,15 +7,14 @@
 
 namespace veldrin {
 
-/// A stack trace. Capturing stores addresses only and allocates nothing; `names()` looks up the
-/// names.
+/// A stack trace. `capture()` stores only addresses; `names()` looks up the names.
 class CallStack {
  public:
   /// Captures up to `MaximumDepth` calls, innermost first, without this function and its caller.
   void capture();
 
   /// The function of each call, innermost first: its name if known, else module and offset, such as
-  /// "veldrin+0x1f40".
+  /// "veldrin+0x1f40", else the address.
   [[nodiscard]] std::vector<std::string> names() const;
 
  private:

@@ -22,7 +22,7 @@ std::deque<ClassRecord>& records() {
 /// Head of the list of classes.
 constinit ClassRecord* newest = nullptr;
 
-/// Independent of the locale: ASCII only.
+/// Lower case for ASCII letters only, independent of the locale.
 char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
 }
@@ -78,32 +78,34 @@ Ref<Object> RuntimeNewObject(ClassRecord* record) {
 
 bool RuntimeObjectIsa(const Object* object, const ClassRecord* record) {
   if (object == nullptr) return false;
-  const ClassRecord* own = object->classRecord();
-  while (own != nullptr && own != record) own = own->baseClass;
-  return own == record;
+  const ClassRecord* current = object->classRecord();
+  while (current != nullptr && current != record) current = current->baseClass;
+  return current == record;
 }
 
 Ref<Object> RuntimeCheckCast(Object* object, const ClassRecord* record) {
-  const bool fits =
+  const bool isAllowed =
       object == nullptr || object->classRecord() == record || RuntimeObjectIsa(object, record);
-  if (!fits) Raise<IllegalCastException>();
+  if (!isAllowed) Raise<IllegalCastException>();
   return Ref<Object>(object);
 }
 
 const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
                                                  const ClassRecord* interface) {
-  for (const ClassRecord* own = RuntimeClassOf(object); own != nullptr; own = own->baseClass) {
-    const auto row = std::ranges::find(own->interfaceRows, interface, &InterfaceRow::interface);
-    if (row != own->interfaceRows.end()) return &*row;
+  for (const ClassRecord* current = RuntimeClassOf(object); current != nullptr;
+       current = current->baseClass) {
+    const auto row = std::ranges::find(current->interfaceRows, interface, &InterfaceRow::interface);
+    if (row != current->interfaceRows.end()) return &*row;
   }
   return nullptr;
 }
 
 Function FindVirtualOperation(const ClassRecord& record, const String& name) {
-  const bool assigns = name.view().starts_with('=');
-  const std::string_view plain = name.view().substr(assigns ? 1 : 0);
+  const bool isAssigning = name.view().starts_with('=');
+  const std::string_view plainName = name.view().substr(isAssigning ? 1 : 0);
   const auto matches = [&](const MethodRow& row) {
-    return row.name == plain && ((row.flags & Flags::Assigns) != 0) == assigns && row.slot >= 0;
+    return row.name == plainName && ((row.flags & Flags::Assigns) != 0) == isAssigning &&
+           row.slot >= 0;
   };
   const auto row = std::find_if(record.methodRows.rbegin(), record.methodRows.rend(), matches);
   if (row == record.methodRows.rend()) return nullptr;
@@ -119,9 +121,9 @@ std::int32_t FindEvent(const ClassRecord& record, const String& name) {
 
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name) {
   const auto matches = [name](const PropertyRow& candidate) {
-    const std::string_view own = candidate.name.view();
-    return own.size() == name.size() &&
-           (own == name || std::ranges::equal(own, name, {}, lowered, lowered));
+    const std::string_view other = candidate.name.view();
+    return other.size() == name.size() &&
+           (other == name || std::ranges::equal(other, name, {}, lowered, lowered));
   };
   const auto row = std::find_if(record.propertyRows.rbegin(), record.propertyRows.rend(), matches);
   return row == record.propertyRows.rend() ? nullptr : &*row;

@@ -12,23 +12,23 @@
 
 namespace veldrin {
 
-/// A type-erased function pointer; the row's signature tells the real type.
+/// A type-erased function pointer. The signature or type code stored with it tells the real type.
 using Function = void (*)();
 
 /// A lifecycle hook of an object: `__Init`, `Destructor` or `__Exit`.
 using Hook = void (*)(Object& object);
 
 /// A thunk for one signature. It checks and converts the arguments in order, calls the function and
-/// writes by-reference results back into the array. Before the call, raises
-/// `NilObjectException` for a nil object or array, `OutOfBoundsException` for a wrong number of
-/// arguments, and the exceptions of `fromVariant`.
+/// writes by-reference arguments back into the array. Before the call, raises `NilObjectException`
+/// for a nil array or, unless the method is shared, a nil object; `OutOfBoundsException` for a
+/// wrong number of arguments; and the exceptions of `fromVariant`.
 using Invoker = Variant (*)(Function function, Object* object, VariantArray* arguments);
 
 /// An attribute of a class or a member: "__Scope", "Hidden", "__Shared" or "Deprecated".
 struct AttributeRow {
   StringConstant name;
-  StringConstant value;  ///< empty if there is none
-  bool hasValue;         ///< false if `value` means no value
+  StringConstant value;  ///< empty if `hasValue` is false
+  bool hasValue;
 };
 
 /// The bits of a row's `flags`.
@@ -39,7 +39,7 @@ inline constexpr std::uint32_t Shared = 2;  ///< belongs to the class, not to an
 /// in `x.Value(key) = value`. `Writable`: the property has a setter.
 inline constexpr std::uint32_t Assigns = 4;
 inline constexpr std::uint32_t Writable = 4;
-/// A method with any number of arguments.
+/// The method takes any number of arguments, as one array.
 inline constexpr std::uint32_t VariableArguments = 8;
 }  // namespace Flags
 
@@ -59,7 +59,7 @@ struct MethodRow : MemberRow {
   std::int32_t slot = -1;  ///< index in the virtual table, or -1
 };
 
-/// One property of a class, with the accessors that form decoding and reflection use.
+/// One property of a class, with the accessors that the form and reflection use.
 struct PropertyRow : MemberRow {
   /// Thunks for one property type. They call the accessor and convert to or from `Variant`.
   using Get = Variant (*)(Function getter, Object* object, std::int32_t offset);
@@ -74,8 +74,8 @@ struct PropertyRow : MemberRow {
   Set reflectionSet = nullptr;
 };
 
-/// An event that a class or its base declares. A derived class lists the rows of its base first, so
-/// an event has the same index in all derived classes.
+/// An event that a class or one of its bases declares. A derived class lists the rows of its base
+/// first, so an event has the same index in all derived classes.
 struct EventRow {
   String name;
   String signature;            ///< of its handlers, without the object parameter
@@ -94,10 +94,10 @@ struct InterfaceRow {
 struct ClassRecord {
   ClassRecord* nextClass = nullptr;  ///< next in the list of `RuntimeGetClassList`
   ClassRecord* baseClass = nullptr;  ///< nil if the base is `Object`
-  String name;                       ///< qualified: "Veldrin.Veldrin"
+  String name;                       ///< the full name, such as "Veldrin.Veldrin"
   std::int32_t instanceSize = 0;     ///< bytes, inherited fields included; 0 for an interface
   bool isInterface = false;
-  Hook __Init = nullptr;  ///< runs on a new instance before any constructor
+  Hook __Init = nullptr;  ///< runs on a new object, before a method `Constructor`
   Hook Destructor = nullptr;
   Hook __Exit = nullptr;  ///< releases the fields
   std::vector<Function> virtualTable;
@@ -106,18 +106,18 @@ struct ClassRecord {
   std::vector<PropertyRow> propertyRows;
   std::span<const AttributeRow> attributeRows;
   std::vector<InterfaceRow> interfaceRows;
-  Object* (*allocate)() = nullptr;  ///< an object before `__Init`, count 1; nil if abstract
+  Object* (*allocate)() = nullptr;  ///< creates an object without `__Init`; nil if abstract
 
   /// The rows without the inherited ones.
   [[nodiscard]] std::span<const MethodRow> ownMethods() const;
   [[nodiscard]] std::span<const PropertyRow> ownProperties() const;
 };
 
-/// Creates a record, adds it to the list of classes and copies the rows and virtual table of `base`
-/// into it. `base` is nil for a class that derives directly from `Object`.
+/// Creates a record, adds it to the list of classes and copies from `base` the method, event and
+/// property rows and the virtual table. For a class derived directly from `Object`, `base` is nil.
 ClassRecord* RuntimeNewClass(ClassRecord* base);
 
-/// Removes a record from the list of classes, after building its class failed. Does not free it.
+/// Removes a record from the list of classes. Call if filling the record failed. Does not free it.
 void RuntimeDropClass(const ClassRecord* record) noexcept;
 
 /// The newest class; follow `nextClass` for the older ones. Nil if there is none.
@@ -129,7 +129,7 @@ inline ClassRecord* RuntimeClassOf(const Object* object) {
 }
 
 /// Creates an object and runs its `__Init` functions, base class first. Raises `NilObjectException`
-/// for a nil record, `UnsupportedFormatException` for an abstract class.
+/// for a nil record, `UnsupportedFormatException` for a record without `allocate`.
 Ref<Object> RuntimeNewObject(ClassRecord* record);
 
 /// Whether the object is an instance of the class or of a derived class; false for a nil object. A
@@ -140,7 +140,7 @@ bool RuntimeObjectIsa(const Object* object, const ClassRecord* record);
 /// an instance of the class.
 Ref<Object> RuntimeCheckCast(Object* object, const ClassRecord* record);
 
-/// The interface row of the object's class, else of the nearest base that has one, else nil.
+/// The row of `interface` in the object's class, else in its nearest base that has it, else nil.
 const InterfaceRow* RuntimeLookupInterfaceVtable(const Object* object,
                                                  const ClassRecord* interface);
 
@@ -150,21 +150,21 @@ Ref<T> CheckCast(const Ref<Object>& object) {
   return Ref<T>::adopt(static_cast<T*>(RuntimeCheckCast(object.get(), T::__Lookup()).release()));
 }
 
-/// The same for a temporary; moves its count to the result.
+/// The same for a temporary. If its class is exactly `T`, moves its count to the result.
 template <class T>
 Ref<T> CheckCast(Ref<Object>&& object) {
   const bool isExact = object && object.get()->classRecord() == T::__Lookup();
   return isExact ? Ref<T>::adopt(static_cast<T*>(object.release())) : CheckCast<T>(object);
 }
 
-/// A new object of the class `T` from its record.
+/// `RuntimeNewObject` of the class `T`, typed as that class.
 template <class T>
 Ref<T> New() {
   return Ref<T>::adopt(static_cast<T*>(RuntimeNewObject(T::__Lookup()).release()));
 }
 
 /// The virtual method of that name, from the virtual table of the class; nil if there is none. An
-/// assigning method may share its name with another method; prefix the name with "=" to select it.
+/// assigning method may share its name with another method; prefix "=" selects the assigning one.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
 /// The index of the first event of that name in the class, or -1.

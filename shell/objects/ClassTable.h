@@ -19,13 +19,13 @@ namespace veldrin {
 
 namespace detail {
 
-/// The newest row of a virtual method. Throws `FatalFault` if the class has no such method.
+/// The newest row of the virtual method. Throws `FatalFault` if the class has no such method.
 MethodRow rowOf(const ClassRecord& record, const String& name, const String& signature);
 
-/// The newest row of an event. Throws `FatalFault` if the class has no such event.
+/// The newest row of the event. Throws `FatalFault` if the class has no such event.
 EventRow& eventRowOf(ClassRecord& record, const String& name, const String& signature);
 
-/// A field that is read and written by calling it, such as `Live`.
+/// A field that is read by `field()` and written by `field(value)`, such as a control's `Live`.
 template <class Field>
 concept PropertyObject = requires(Field& field, const typename Field::Type& value) {
   { std::as_const(field)() } -> std::same_as<typename Field::Type>;
@@ -34,8 +34,8 @@ concept PropertyObject = requires(Field& field, const typename Field::Type& valu
 
 }  // namespace detail
 
-/// Fills the record of class `Self`: one call per row, in row order. Signatures, type codes and
-/// thunks are deduced from the C++ types. A type without a type code does not compile.
+/// Fills the record of class `Self`, with rows in the order of the calls. Signatures, type codes
+/// and thunks are deduced from the C++ types. A type without a type code does not compile.
 ///
 ///     void CheckBox::fillTable(ClassTable<CheckBox>& table) {
 ///       table.event(Events::Action);
@@ -62,9 +62,9 @@ class ClassTable {
   /// `extraFlags`. Throws `FatalFault` if the base has no such method.
   template <auto Method>
   void overriding(const String& name, const Visibility& visibility = Public) {
-    constexpr std::uint32_t Forms = Flags::Assigns | Flags::VariableArguments;
+    constexpr std::uint32_t ExtraFlags = Flags::Assigns | Flags::VariableArguments;
     const MethodRow old = detail::rowOf(record_, name, ShapeOf<Method>::signature());
-    plainMethod<Method>(name, visibility, old.flags & Forms);
+    plainMethod<Method>(name, visibility, old.flags & ExtraFlags);
     record_.methodRows.back().slot = old.slot;
     record_.virtualTable[static_cast<std::size_t>(old.slot)] = own<Method>();
   }
@@ -85,8 +85,8 @@ class ClassTable {
               Shape::signature(), sharedFunctionOf<Method>(), Shape::InvokeShared);
   }
 
-  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`. A field that is a
-  /// `PropertyObject` makes a computed property.
+  /// A stored property, as in `property<&Veldrin::Rads>("Rads"_s)`. If the field is a
+  /// `PropertyObject`, the property is computed.
   template <auto Field>
   void property(const String& name, const Visibility& visibility = Public) {
     if constexpr (detail::PropertyObject<TypeOf<Field>>) {
@@ -146,7 +146,7 @@ class ClassTable {
   }
 
   /// Declares events of the class, in this order. To redeclare an event of the base, call `handles`
-  /// first: this class then handles the event of the base, and derived classes the new one.
+  /// first: then this class handles the event of the base, and derived classes handle the new one.
   template <class... Signatures>
   void event(const Event<Signatures>&... declared) {
     (record_.eventRows.push_back({declared.name(), declared.signature(), nullptr}), ...);
@@ -161,7 +161,7 @@ class ClassTable {
     detail::eventRowOf(record_, event.name(), event.signature()).handler = own<Method>();
   }
 
-  /// Implements an interface; `Operations` in the order of the interface.
+  /// Implements an interface. `Operations` are methods, in the order of `Interface::Operations`.
   template <class Interface, auto... Operations>
   void implements() {
     static_assert(std::same_as<typename Interface::Operations, std::tuple<ShapeOf<Operations>...>>,

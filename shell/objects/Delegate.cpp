@@ -27,11 +27,11 @@ void Delegate::IM_Invoke() {
   reinterpret_cast<void (*)(Object*)>(target_)(boundObject_.get());
 }
 
-Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoker, Function target,
+Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoking, Function target,
                                     const Ref<Object>& boundObject, const String& signature) {
   if (!(signature == DelegateSignature)) Raise<UnsupportedFormatException>();
   Ref<Delegate> delegate = New<Delegate>();
-  delegate->invoking_ = invoker;
+  delegate->invoking_ = invoking;
   delegate->target_ = target;
   delegate->boundObject_ = boundObject;
   return delegate;

@@ -10,14 +10,15 @@ class Delegate final : public Described<Delegate, Object> {
   static constexpr FixedString FullName = "Delegate";
   static void fillTable(ClassTable<Delegate>& table);
 
-  /// The way to call the target: `Invoke` or `IM_Invoke`.
+  /// The function that calls the target: `Invoke` or `IM_Invoke`.
   using Invoking = void (Delegate::*)();
 
   /// Calls the target without arguments. Raises `FunctionNotFoundException` if there is no target,
   /// `TypeMismatchException` if the delegate was created for `IM_Invoke`, and
-  /// `StackOverflowException` if delegates call each other endlessly. `IM_Invoke` raises the same.
+  /// `StackOverflowException` if delegates call each other endlessly.
   void Invoke();
-  /// Calls the target with the bound object as its only argument.
+  /// Calls the target with the bound object as its only argument. Raises the same exceptions;
+  /// `TypeMismatchException` if the delegate was created for `Invoke`.
   void IM_Invoke();
   /// Calls the target by `Invoke` or `IM_Invoke`, as chosen at creation.
   void call() { (this->*invoking_)(); }
@@ -26,7 +27,7 @@ class Delegate final : public Described<Delegate, Object> {
   [[nodiscard]] Function target() const { return target_; }
 
  private:
-  friend Ref<Delegate> RuntimeCreateDelegate(Invoking invoker, Function target,
+  friend Ref<Delegate> RuntimeCreateDelegate(Invoking invoking, Function target,
                                              const Ref<Object>& boundObject,
                                              const String& signature);
 
@@ -39,7 +40,7 @@ class Delegate final : public Described<Delegate, Object> {
 
 /// Creates a delegate. Raises `UnsupportedFormatException` unless the signature is
 /// `DelegateSignature`.
-Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoker, Function target,
+Ref<Delegate> RuntimeCreateDelegate(Delegate::Invoking invoking, Function target,
                                     const Ref<Object>& boundObject, const String& signature);
 
 /// The delegate signature of a function without parameters or result.

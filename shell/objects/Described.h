@@ -38,7 +38,7 @@ Hook hookOf() {
   return nullptr;
 }
 
-/// Calls `Self::fillTable`, unless `Self` inherits it: then the base has called it already.
+/// Calls `Self::fillTable`, unless `Self` inherits it: building the base has already called it.
 template <class Self, auto Fill, auto FillOfBase>
 void fillTable(ClassRecord& record) {
   if constexpr (std::same_as<decltype(Fill), void (*)(ClassTable<Self>&)>) {
@@ -54,20 +54,20 @@ void fillTable(ClassRecord& record) {
 
 }  // namespace detail
 
-/// Provides the `ClassRecord` of class `Self`. A framework class derives from this instead of from
-/// its base directly:
+/// Provides the `ClassRecord` of class `Self`, which derives from `Described` instead of directly
+/// from `Base`:
 ///
 ///     class CheckBox final : public Described<CheckBox, RectControl> {
 ///      public:
 ///       static constexpr FixedString FullName = "CheckBox";
 ///
-/// `Self` may declare `static void fillTable(ClassTable<CheckBox>&)` for its rows, and the hooks
+/// `Self` may declare `static void fillTable(ClassTable<Self>&)` for its rows, and the hooks
 /// `void __Init()`, `void Destructor()` and `void __Exit()`. They must be public, not `noexcept`,
 /// and of exactly these types; anything else does not compile.
 template <class Self, class Base>
 class Described : public Base {
  public:
-  /// Nil until the class has been built.
+  /// Set by `__ctblinit`; nil before.
   static inline ClassRecord* __ctbl = nullptr;
 
   /// The record, built on first use. Never nil.
@@ -119,7 +119,7 @@ void Described<Self, Base>::describe(ClassRecord& record) {
   detail::fillTable<Self, &Self::fillTable, &Base::fillTable>(record);
 }
 
-/// Provides the record of an interface, which holds only its name.
+/// Provides the record of an interface. The record has a name but no rows.
 ///
 ///     struct Writeable : DescribedInterface<Writeable> {
 ///       static constexpr FixedString FullName = "Writeable";
@@ -127,10 +127,10 @@ void Described<Self, Base>::describe(ClassRecord& record) {
 ///                                     MethodShape<bool>>;
 ///     };
 ///
-/// `Operations` are the shapes of its operations, in order.
+/// `Operations` are the shapes of the methods that a class must implement, in order.
 template <class Self>
 struct DescribedInterface {
-  /// Nil until the record has been built.
+  /// Set by `__ctblinit`; nil before.
   static inline ClassRecord* __ctbl = nullptr;
 
   /// The record, built on first use. Never nil.

@@ -25,7 +25,7 @@ class Pair final : public Described<Pair, Object> {
 };
 
 /// A map of variants, in no particular order. Keys: texts compare by bytes, numbers by type and
-/// value, objects by identity. As a key, every NaN of a type is the same.
+/// value, objects by identity. All NaN keys of one type are equal.
 class Dictionary : public Described<Dictionary, Object> {
  public:
   static constexpr FixedString FullName = "Dictionary";
@@ -41,7 +41,7 @@ class Dictionary : public Described<Dictionary, Object> {
   [[nodiscard]] virtual Variant Lookup(const Variant& key, const Variant& otherwise) const;
   /// Whether the key is present, even with a nil value.
   [[nodiscard]] virtual bool HasKey(const Variant& key) const { return entries_.contains(key); }
-  /// Removes a key. Raises `KeyNotFoundException` if the key is absent.
+  /// Removes a key and its value. Raises `KeyNotFoundException` if the key is absent.
   virtual void Remove(const Variant& key);
   virtual void Clear();
   [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }

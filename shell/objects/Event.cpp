@@ -7,20 +7,20 @@
 namespace veldrin {
 
 std::size_t RequireEvent(const ClassRecord& record, const String& name, const String& signature) {
-  const std::int32_t index = FindEvent(record, name);
-  if (index < 0) Raise<KeyNotFoundException>();
-  const auto place = static_cast<std::size_t>(index);
-  if (!(record.eventRows[place].signature == signature)) Raise<TypeMismatchException>();
-  return place;
+  const std::int32_t found = FindEvent(record, name);
+  if (found < 0) Raise<KeyNotFoundException>();
+  const auto index = static_cast<std::size_t>(found);
+  if (!(record.eventRows[index].signature == signature)) Raise<TypeMismatchException>();
+  return index;
 }
 
 Function detail::handlerOf(const Object& object, const String& name, const String& signature,
-                           std::span<const Function> own) {
+                           std::span<const Function> ownHandlers) {
   const ClassRecord* const record = object.classRecord();
   if (record == nullptr) Raise<KeyNotFoundException>();
-  const std::size_t place = RequireEvent(*record, name, signature);
-  if (place < own.size() && own[place] != nullptr) return own[place];
-  return record->eventRows[place].handler;
+  const std::size_t index = RequireEvent(*record, name, signature);
+  if (index < ownHandlers.size() && ownHandlers[index] != nullptr) return ownHandlers[index];
+  return record->eventRows[index].handler;
 }
 
 }  // namespace veldrin

@@ -42,28 +42,28 @@ class Event<Result(Parameters...)> {
 std::size_t RequireEvent(const ClassRecord& record, const String& name, const String& signature);
 
 namespace detail {
-/// The handler of the event: from `own`, else from the class, else nil.
+/// The handler of the event: from `ownHandlers`, else from the class, else nil.
 Function handlerOf(const Object& object, const String& name, const String& signature,
-                   std::span<const Function> own);
+                   std::span<const Function> ownHandlers);
 }  // namespace detail
 
-/// Raises an event: finds its handler and calls it. All events are raised here. `own` holds the
-/// handlers of this object by event index; a nil or missing entry means the handler of the class.
-/// Without a handler, returns `Result()`, such as false. Keeps the object alive during the call.
-/// Raises the exceptions of `RequireEvent`, and `StackOverflowException` if handlers raise each
-/// other's events endlessly.
+/// Raises an event: finds its handler and calls it. Every event is raised through this function.
+/// `ownHandlers` holds the handlers of `object` by event index; for a nil or missing entry, the
+/// handler of the class is called. Without a handler, returns `Result()`, such as false. Keeps the
+/// object alive during the call. Raises the exceptions of `RequireEvent`, and
+/// `StackOverflowException` if handlers raise each other's events endlessly.
 template <class Result, class... Parameters>
-Result callHandler(Object& object, const String& name, std::span<const Function> own,
+Result callHandler(Object& object, const String& name, std::span<const Function> ownHandlers,
                    detail::Passed<Parameters>... arguments) {
   RuntimeStackCheck();
   const Ref<Object> held(&object);
   using Called = Event<Result(Parameters...)>;
-  const Function handler = detail::handlerOf(object, name, Called::signature(), own);
+  const Function handler = detail::handlerOf(object, name, Called::signature(), ownHandlers);
   if (handler == nullptr) return Result();
   return reinterpret_cast<typename Called::Handler>(handler)(&object, arguments...);
 }
 
-/// The same for an object without own handlers.
+/// The same, with only the handlers of the class.
 template <class Result, class... Parameters>
 Result callHandler(Object& object, const Event<Result(Parameters...)>& event,
                    detail::Passed<Parameters>... arguments) {

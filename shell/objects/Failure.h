@@ -18,16 +18,16 @@ class RuntimeException;
 /// `NilObjectException`.
 [[noreturn]] void RuntimeRaiseException(Ref<RuntimeException> exception);
 
-/// The base class of all exception objects. Code that raises one leaves `Message` empty. The text
-/// for the user is written by the report of the exception.
+/// The base class of all exception objects. Veldrin leaves `Message` empty; the report of an
+/// unhandled exception writes the text for the user.
 class RuntimeException : public Described<RuntimeException, Object> {
  public:
   static constexpr FixedString FullName = "RuntimeException";
   static void fillTable(ClassTable<RuntimeException>& table);
 
-  /// The framework name is `RuntimeExceptionInitializer`.
+  /// The framework's conventions call this hook `RuntimeExceptionInitializer`.
   void __Init() { ErrorNumber = 0; }
-  /// The framework name is `RuntimeExceptionFinalizer`.
+  /// The framework's conventions call this hook `RuntimeExceptionFinalizer`.
   void __Exit() {
     Message = String();
     incompleteFile = String();
@@ -84,7 +84,7 @@ class ObjCException final : public Described<ObjCException, RuntimeException> {
   void* handle = nullptr;
 };
 
-/// Builds all exception classes.
+/// Builds the records of all exception classes.
 void buildExceptionClasses();
 
 /// The C++ exception that carries an exception object.
@@ -92,13 +92,13 @@ struct Raised {
   Ref<RuntimeException> exception;
 };
 
-/// A `std::bad_alloc` too, because the C++ standard allows a new-handler to throw only that.
+/// Also derives from `std::bad_alloc`: the C++ standard lets a new-handler throw nothing else.
 struct RaisedOutOfMemory : Raised, std::bad_alloc {
   explicit RaisedOutOfMemory(Ref<RuntimeException> raised) : Raised{std::move(raised)} {}
 };
 
-/// During its lifetime, a failed allocation anywhere in the process raises `OutOfMemoryException`.
-/// It creates the exception object in advance, while there is memory.
+/// While it exists, every failing `operator new` in the process raises `OutOfMemoryException`. The
+/// constructor creates the exception object in advance, while there is memory.
 class OutOfMemoryRaiser {
  public:
   OutOfMemoryRaiser();
@@ -110,7 +110,7 @@ class OutOfMemoryRaiser {
   std::new_handler previous_;
 };
 
-/// A bug in Veldrin, such as a class table that does not match its base. Nothing handles it:
+/// A bug in Veldrin, such as a class table that does not match its base. No event handler gets it:
 /// Veldrin reports it and exits.
 class FatalFault : public std::logic_error {
  public:

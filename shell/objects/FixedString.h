@@ -21,7 +21,6 @@ struct FixedString {
   [[nodiscard]] static constexpr std::size_t size() { return Size; }
   [[nodiscard]] constexpr std::string_view view() const { return {characters.data(), Size}; }
 
-  /// Concatenation.
   template <std::size_t Other>
   constexpr FixedString<Size + Other> operator+(const FixedString<Other>& other) const {
     FixedString<Size + Other> sum;

@@ -9,7 +9,7 @@
 namespace veldrin {
 
 /// Makes an object, such as the host or the toolkit, the current one of type `T` until the end of
-/// the scope. Scopes nest; the innermost one counts.
+/// the scope. Scopes nest: the end of the inner scope restores the outer object.
 ///
 ///     const InForce<Host> scope(host);
 ///     InForce<Host>::get().now();

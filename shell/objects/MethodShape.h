@@ -13,7 +13,7 @@ namespace veldrin {
 
 namespace detail {
 
-/// How an argument is passed: trivially copyable types by value, others by const reference.
+/// How an argument is passed: as is if a reference or trivially copyable, else by const reference.
 template <class T>
 using Passed =
     std::conditional_t<std::is_reference_v<T> || std::is_trivially_copyable_v<T>, T, const T&>;
@@ -22,15 +22,15 @@ using Passed =
 
 }  // namespace detail
 
-/// All methods of one signature: their function type and the thunk that calls them. `Result` and
-/// `Parameters` are `detail::Plain` types.
+/// The function types and the thunks of all methods with one signature. `Result` and `Parameters`
+/// are `detail::Plain` types.
 template <class Result, class... Parameters>
 struct MethodShape {
-  /// The function of a method, and of a shared method.
+  /// `Call` is the function of a method, `SharedCall` of a shared method.
   using Call = Result (*)(Object* object, detail::Passed<Parameters>... arguments);
   using SharedCall = Result (*)(detail::Passed<Parameters>... arguments);
 
-  /// As stored in rows, without the object: "%i4%s" takes a text and returns an integer.
+  /// As stored in rows, without the object: "%i4%s" for a text parameter and an integer result.
   static constexpr StringConstant signature() { return signatureOf<Result, Parameters...>(); }
 
   /// An `Invoker` for methods.
@@ -74,10 +74,10 @@ struct MethodShape {
   }
 
   template <class Parameter, class Value>
-  static void writeBack(VariantArray& arguments, std::size_t place, Value& value) {
+  static void writeBack(VariantArray& arguments, std::size_t index, Value& value) {
     // The called method may have shortened the array.
     if constexpr (std::is_reference_v<Parameter>) {
-      if (place < arguments.size()) arguments[place] = Variant(std::move(value));
+      if (index < arguments.size()) arguments[index] = Variant(std::move(value));
     }
   }
 };
@@ -92,8 +92,8 @@ struct Member<Result (Class::*)(Parameters...)> {
   using Declaring = Class;
   using Shape = MethodShape<Plain<Result>, Plain<Parameters>...>;
 
-  /// The member as a function with the object as its first argument. Event handlers, virtual
-  /// methods and reflection call this function, so it checks the stack and the methods need not.
+  /// The method as a function with the object as its first parameter. Events, virtual tables and
+  /// reflection call it. It checks the stack, so that methods need not.
   template <auto Method>
   static Plain<Result> call(Object* object, Passed<Plain<Parameters>>... arguments) {
     RuntimeStackCheck();
@@ -141,7 +141,7 @@ struct SharedFunction<Result (*)(Parameters...)> {
 
 }  // namespace detail
 
-/// The type-erased function of a method; its first argument is the object.
+/// The type-erased function of a method, with the object as its first parameter.
 template <auto Method>
 Function functionOf() {
   return reinterpret_cast<Function>(&detail::Member<decltype(Method)>::template call<Method>);
@@ -150,7 +150,7 @@ Function functionOf() {
 template <auto Method>
 using ShapeOf = typename detail::Member<decltype(Method)>::Shape;
 
-/// The same for a shared method, without the object argument.
+/// The same for a shared method, without the object parameter.
 template <auto Method>
 Function sharedFunctionOf() {
   return reinterpret_cast<Function>(

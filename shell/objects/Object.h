@@ -45,18 +45,17 @@ class Object {
   friend void destroyNow(Object* object) noexcept;
 
   std::int32_t count_ = 1;
-  bool haveHooksRun_ = false;  ///< `Destructor` and `__Exit`
+  bool haveHooksRun_ = false;  ///< the hooks `Destructor` and `__Exit`
 };
 
 /// The number of existing objects.
 std::int64_t liveObjectCount();
 
 /// Runs `Destructor` and `__Exit` of each class, derived class first, then frees the object. Only
-/// `RuntimeUnlockObject` calls it. Exceptions from the hooks are ignored, since no caller could
-/// handle them. If a hook stores a reference to the object, the object lives until that
-/// reference is released, without the fields that `__Exit` released; no hook runs twice. If little
-/// stack is left, the destruction is postponed, so a long chain of objects cannot overflow the
-/// stack.
+/// `RuntimeUnlockObject` calls it. Exceptions from the hooks are ignored: no caller could handle
+/// them. If a hook stores a reference to the object, the object lives until that reference is
+/// released, with its fields cleared by `__Exit`. No hook runs twice. If little stack is left, the
+/// destruction is postponed, so that a long chain of objects cannot overflow the stack.
 void destroyObject(Object* object) noexcept;
 
 /// Destroys the postponed objects, unless the stack is still low.

@@ -61,8 +61,8 @@ struct PropertyAccess {
   }
 };
 
-/// An uncounted pointer: to a class record, a row or a function. Its type in the tables is "Ptr".
-/// Read-only, because a written pointer could not be checked.
+/// An uncounted pointer: to a class record, a row or a function. Its type code is "p". The property
+/// is read-only, because a written pointer could not be checked.
 template <class T>
 requires(std::is_pointer_v<T> && !std::same_as<T, void*>) struct PropertyAccess<T> {
   using Type = void*;
@@ -80,8 +80,8 @@ requires(std::is_pointer_v<T> && !std::same_as<T, void*>) struct PropertyAccess<
 Variant RuntimeGenericGetter(PropertyRow::Get reflectionGet, Function getter, Object* object,
                              std::int32_t offset);
 
-/// Writes a property. Raises `NilObjectException` for a nil object, unless the property is shared,
-/// and the exceptions of `fromVariant`.
+/// Writes a property that has a setter. Raises `NilObjectException` for a nil object, unless the
+/// property is shared, and the exceptions of `fromVariant`.
 void RuntimeGenericSetter(PropertyRow::Set reflectionSet, Function setter, Object* object,
                           std::int32_t offset, const Variant& value);
 

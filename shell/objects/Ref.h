@@ -20,9 +20,9 @@ class Ref {
   Ref() = default;
   // NOLINTNEXTLINE(google-explicit-constructor): nil is a value of every reference.
   Ref(std::nullptr_t) {}
-  /// Adds a count.
+  /// Increments the count of the object.
   explicit Ref(T* object) noexcept : object_(object) { RuntimeLockObject(object); }
-  /// Takes ownership of the count of a new object, without adding one.
+  /// Takes over a count that the caller owns, without adding one.
   [[nodiscard]] static Ref adopt(T* object) noexcept {
     Ref taken;
     taken.object_ = object;

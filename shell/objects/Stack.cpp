@@ -12,8 +12,8 @@
 namespace veldrin {
 namespace {
 
-/// The highest known address of the stack. The OS puts the environment above the first frame, so it
-/// is the end of the last environment variable. Skips variables set later: they lie on the heap.
+/// The highest known address of the stack: the end of the environment, which the OS puts above the
+/// first frame. Skips variables that were set later and lie on the heap.
 std::uintptr_t stackTop(std::uintptr_t frame, std::uintptr_t size) {
   std::uintptr_t top = frame;
   for (char** text = environ; text != nullptr && *text != nullptr; ++text) {

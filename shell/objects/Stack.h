@@ -5,7 +5,7 @@
 namespace veldrin {
 
 namespace detail {
-/// The lowest allowed frame address; 0 until `measureStack` has run.
+/// The lowest allowed frame address. 0 disables the check, as before `measureStack`.
 inline std::uintptr_t stackLimit = 0;
 [[noreturn]] void raiseStackOverflow();
 }  // namespace detail
@@ -13,7 +13,7 @@ inline std::uintptr_t stackLimit = 0;
 /// `RuntimeStackCheck` raises when fewer bytes than this are left.
 inline constexpr std::uintptr_t StackReserve = std::uintptr_t{64} * 1024;
 
-/// Sets the stack limit of the calling thread from the process limit. Call from the main thread.
+/// Sets the limit of the check from the stack size of the process. Call in the main thread.
 void measureStack();
 
 /// Raises `StackOverflowException` if less than `StackReserve` of the stack is left. Every call
@@ -26,8 +26,7 @@ inline void RuntimeStackCheck() {
   if (here < detail::stackLimit) detail::raiseStackOverflow();
 }
 
-/// Whether the stack is close to the limit of `RuntimeStackCheck`; for functions that must not
-/// raise.
+/// Whether fewer than 16 KiB are left until `RuntimeStackCheck` raises. Never raises itself.
 inline bool RuntimeStackIsLow() {
   constexpr std::uintptr_t Margin = std::uintptr_t{16} * 1024;
   const auto here = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));

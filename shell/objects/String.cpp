@@ -16,7 +16,7 @@ constexpr std::size_t MinimumCapacity = 32;
 
 constexpr std::size_t MaximumAllocation = std::numeric_limits<std::int32_t>::max();
 
-/// One memory block: the record, then the text block.
+/// Allocates one memory block: the record, then the text block.
 inline StringRecord* makeRecord(std::size_t allocation, std::uint32_t encoding) {
   if (allocation > MaximumAllocation) Raise<OutOfMemoryException>();
   auto* const memory = static_cast<char*>(allocateBlock(sizeof(StringRecord) + allocation));

@@ -58,7 +58,7 @@ inline void RuntimeLockUnlockStrings(StringRecord* added, StringRecord* removed)
   RuntimeUnlockString(removed);
 }
 
-/// Refers to the record of a literal, without a count. Usable in `constexpr` tables; converts to
+/// Refers to the record of a literal, without counting. Usable in `constexpr` tables; converts to
 /// `String`.
 class StringConstant {
  public:
@@ -72,8 +72,8 @@ class StringConstant {
   StringRecord* record_;
 };
 
-/// A counted, immutable text of at most 2^31 - 6 bytes, zero bytes allowed. Nil equals the empty
-/// text.
+/// A counted, immutable text of at most 2^31 - 6 bytes, zero bytes allowed. A nil string equals the
+/// empty text.
 class String {
  public:
   String() = default;
@@ -117,7 +117,7 @@ class String {
     return left.view() == right;
   }
 
-  /// Takes ownership of the count of a new record, without adding one.
+  /// Takes over the count of a new record, without adding one.
   [[nodiscard]] static String adopt(StringRecord* record) noexcept {
     String taken;
     taken.record_ = record;
@@ -135,7 +135,7 @@ inline void append(StringRecord& record, std::string_view text) {
   char* const end = record.data + 1 + record.length;
   // Most appended texts have one or two characters; a loop is faster than calling memcpy.
   if (text.size() <= 2) {
-    for (std::size_t place = 0; place < text.size(); ++place) end[place] = text[place];
+    for (std::size_t index = 0; index < text.size(); ++index) end[index] = text[index];
   } else {
     std::memcpy(end, text.data(), text.size());
   }
@@ -144,12 +144,12 @@ inline void append(StringRecord& record, std::string_view text) {
   record.data[0] = static_cast<char>(lengthPrefix(static_cast<std::size_t>(record.length)));
 }
 
-/// The encoding of a concatenation: ASCII if both are, else UTF-8.
+/// The encoding of a concatenation: `left` if both are equal, else UTF-8.
 inline std::uint32_t encodingOfSum(std::uint32_t left, std::uint32_t right) {
   return left == right ? left : Encoding::UTF8;
 }
 
-/// A new string with the concatenation; if one operand is empty, the other one.
+/// A new string with both texts. If one operand is empty, returns the other.
 String addToNew(const String& left, const String& right);
 
 }  // namespace detail
@@ -161,14 +161,14 @@ inline String RuntimeAddString(const String& left, const String& right) {
   return detail::addToNew(left, right);
 }
 
-/// The same for a temporary left operand. Appends in place if no other string shares its record.
-/// Both operands may be the same variable.
+/// The same for a temporary left operand. Appends in place if no other string shares its record and
+/// the record has room. Both operands may be the same variable.
 inline String RuntimeAddString(String&& left, const String& right) {
   StringRecord* const record = left.record();
   const std::string_view tail = right.view();
-  // A used constant has a count of at least 2, so this is a run-time string.
-  const bool unshared = record != nullptr && record->count == 1 && &left != &right;
-  if (!unshared || record->length == 0 || tail.empty() ||
+  // A constant held by a `String` has a count of at least 2; only a run-time string can have 1.
+  const bool isUnshared = record != nullptr && record->count == 1 && &left != &right;
+  if (!isUnshared || record->length == 0 || tail.empty() ||
       record->length + static_cast<std::int64_t>(tail.size()) + StringRecord::Overhead >
           record->allocation) {
     return detail::addToNew(left, right);

@@ -48,8 +48,8 @@ class Reader {
   }
 
  private:
-  static void require(bool holds, std::size_t offset, const char* what) {
-    if (!holds) throw StringImageError{offset, what};
+  static void require(bool isValid, std::size_t offset, const char* what) {
+    if (!isValid) throw StringImageError{offset, what};
   }
 
   [[nodiscard]] std::uint32_t word(std::size_t offset) const {
@@ -60,17 +60,17 @@ class Reader {
     return value;
   }
 
-  /// The first text block follows the last record, and the first record holds its address.
+  /// The first record holds the address of the first text block, which follows the last record.
   [[nodiscard]] std::size_t recordCount() const {
-    const std::uint32_t records = word(DataOffset) - address_;
+    const std::uint32_t recordBytes = word(DataOffset) - address_;
     require(image_.size() <= std::numeric_limits<std::uint32_t>::max() - address_, DataOffset,
             "addresses beyond 32 bits");
-    require(records != 0 && records % StringRecordSize == 0 && records <= image_.size(), DataOffset,
-            "the first text block does not follow a whole number of records");
-    return records / StringRecordSize;
+    require(recordBytes != 0 && recordBytes % StringRecordSize == 0 && recordBytes <= image_.size(),
+            DataOffset, "the first text block does not follow a whole number of records");
+    return recordBytes / StringRecordSize;
   }
 
-  /// `record` is an offset; its text block must be the next one.
+  /// Reads the record at the offset `record` and its text block, which must start at `block_`.
   String string(std::size_t record) {
     require(word(record + CountOffset) == 1, record + CountOffset, "a count other than 1");
     require(word(record + DataOffset) - address_ == block_, record + DataOffset,
@@ -84,13 +84,13 @@ class Reader {
     const std::uint32_t encoding = word(record + EncodingOffset);
     require(isKnownEncoding(encoding), record + EncodingOffset, "an unknown encoding");
     require(image_[block_] == lengthPrefix(length), block_, "a prefix other than the length");
-    const std::size_t text = block_ + 1;
-    for (std::size_t zero = text + length; zero < text + length + StringRecord::TerminatorSize;
-         ++zero) {
+    const std::size_t textOffset = block_ + 1;
+    for (std::size_t zero = textOffset + length;
+         zero < textOffset + length + StringRecord::TerminatorSize; ++zero) {
       require(image_[zero] == 0, zero, "a terminator that is not zero");
     }
     block_ += length + StringRecord::Overhead;
-    return String({reinterpret_cast<const char*>(image_.data()) + text, length}, encoding);
+    return String({reinterpret_cast<const char*>(image_.data()) + textOffset, length}, encoding);
   }
 
   std::span<const std::uint8_t> image_;
@@ -102,18 +102,18 @@ class Reader {
 
 std::vector<std::uint8_t> writeStringImage(std::span<const String> strings, std::uint32_t address) {
   std::vector<std::uint8_t> image;
-  std::size_t block = address + strings.size() * StringRecordSize;
+  std::size_t blockAddress = address + strings.size() * StringRecordSize;
   for (const String& string : strings) {
     if (!isKnownEncoding(string.encoding())) Raise<UnsupportedFormatException>();
     const std::size_t length = string.view().size();
     putWord(image, 1);
-    putWord(image, block);
+    putWord(image, blockAddress);
     putWord(image, length + StringRecord::Overhead);
     putWord(image, length);
     putWord(image, string.encoding());
-    block += length + StringRecord::Overhead;
+    blockAddress += length + StringRecord::Overhead;
   }
-  if (block > std::numeric_limits<std::uint32_t>::max()) Raise<OutOfMemoryException>();
+  if (blockAddress > std::numeric_limits<std::uint32_t>::max()) Raise<OutOfMemoryException>();
   for (const String& string : strings) {
     const std::string_view text = string.view();
     image.push_back(lengthPrefix(text.size()));

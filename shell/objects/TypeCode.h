@@ -78,7 +78,7 @@ struct TypeCode<Ref<Array<T>>> {
   static constexpr auto code = FixedString("A1") + TypeCode<T>::code;
 };
 
-/// An array of arrays has no code: `takeParameter` could not tell it from two parameters.
+/// An array of arrays has no code: `takeParameter` would split the code into two parameters.
 template <class T>
 struct TypeCode<Ref<Array<Ref<Array<T>>>>>;
 
@@ -91,8 +91,8 @@ struct TypeCode<E> {
 
 namespace detail {
 
-/// A parameter or result type as in a signature. A non-const reference stays; any other type
-/// becomes a value.
+/// A parameter or result type as in a signature. A non-const lvalue reference stays; any other type
+/// becomes a value type.
 template <class T>
 using Plain = std::conditional_t<std::is_lvalue_reference_v<T> &&
                                      !std::is_const_v<std::remove_reference_t<T>>,
@@ -116,7 +116,7 @@ constexpr auto resultCode() {
   }
 }
 
-/// Whether the signature contains at least one code, all of them numeric.
+/// Whether all codes are of signed integers or floating-point types, and there is at least one.
 constexpr bool holdsOnlyNumbers(std::string_view signature) {
   return signature.find_first_not_of("%&if0123456789") == std::string_view::npos &&
          signature.find_first_of("if") != std::string_view::npos;

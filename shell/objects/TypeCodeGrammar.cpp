@@ -21,14 +21,14 @@ class Cursor {
   [[nodiscard]] std::string_view passed() const { return text_.substr(0, position_); }
   [[nodiscard]] std::string_view rest() const { return text_.substr(position_); }
 
-  /// Skips the character if it is next.
+  /// Skips `character` if it is next, and returns whether it was.
   bool take(char character) {
-    const bool here = !atEnd() && text_[position_] == character;
-    if (here) ++position_;
-    return here;
+    const bool isNext = !atEnd() && text_[position_] == character;
+    if (isNext) ++position_;
+    return isNext;
   }
 
-  /// Returns and skips one character; a zero byte at the end.
+  /// Skips one character and returns it; returns a zero byte at the end.
   char takeAny() { return atEnd() ? '\0' : text_[position_++]; }
 
   std::string_view takeDigits() {
@@ -37,13 +37,13 @@ class Cursor {
     return text_.substr(start, position_ - start);
   }
 
-  /// After "<": returns the name and skips its closing ">"; nullopt if that is missing.
+  /// Call after "<". Skips the name and its closing ">", returns the name; nullopt without ">".
   std::optional<std::string_view> takeName() {
     const std::size_t start = position_;
-    for (std::size_t open = 1; !atEnd();) {
+    for (std::size_t depth = 1; !atEnd();) {
       const char character = takeAny();
-      if (character == '<') ++open;
-      if (character == '>' && --open == 0) return text_.substr(start, position_ - 1 - start);
+      if (character == '<') ++depth;
+      if (character == '>' && --depth == 0) return text_.substr(start, position_ - 1 - start);
     }
     return std::nullopt;
   }

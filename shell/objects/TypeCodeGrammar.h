@@ -30,23 +30,23 @@ struct SignatureParts {
   std::string_view parameters;  ///< a list for `takeParameter`
 };
 
-/// Splits a signature at its two "%" signs; nullopt unless there are exactly two and it starts with
-/// one. Does not check the codes.
+/// Splits a signature at its two "%" signs; nullopt unless the signature has exactly two and starts
+/// with the first. Does not check the codes.
 std::optional<SignatureParts> splitSignature(std::string_view signature);
 
-/// Removes the first parameter from a list and returns it with its "&". Accepts one array prefix
-/// only, so it splits an array of arrays wrongly. From malformed text, removes at least one
+/// Removes the first parameter from `list` and returns it, with "&" if it has one. Accepts only one
+/// array prefix, so it splits an array of arrays wrongly. From malformed text, removes at least one
 /// character and returns an invalid type code. Returns an empty view only for an empty list.
 std::string_view takeParameter(std::string_view& list);
 
-/// The kind of a type code. Object, Enumeration and Structure have a name.
+/// The kind of a type code. `Object`, `Enumeration` and `Structure` have a name.
 enum class CodeKind : std::uint8_t { Array, Object, Enumeration, Structure, Other };
 
 /// A parsed type code.
 struct TypeCodeParts {
   CodeKind kind;
   std::int32_t rank;       ///< of an array, 1 to `MaximumRank`; else 0
-  std::string_view inner;  ///< element code of an array, or the name; may be empty for Other
+  std::string_view inner;  ///< element code of an array, else the name; may be empty
 };
 
 /// Parses a type code; nullopt if it is malformed. A name may be empty. Does not parse the element

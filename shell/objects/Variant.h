@@ -39,7 +39,7 @@ class Variant {
   Variant() = default;
   template <class T>
   requires detail::IsAlternative<T, Storage>
-  // NOLINTNEXTLINE(google-explicit-constructor): every value converts.
+  // NOLINTNEXTLINE(google-explicit-constructor): every value converts implicitly.
   Variant(T value) : storage_(std::in_place_type<T>, std::move(value)) {}
   template <std::derived_from<Object> T>
   // NOLINTNEXTLINE(google-explicit-constructor): as above.
@@ -58,7 +58,7 @@ class Variant {
   /// For `std::visit`.
   [[nodiscard]] const Storage& storage() const { return storage_; }
 
-  /// The held object, uncounted; nil if it holds none.
+  /// The held object, uncounted; nil if the variant holds none.
   [[nodiscard]] Object* object() const {
     const auto* const held = std::get_if<Ref<Object>>(&storage_);
     return held == nullptr ? nullptr : held->get();
@@ -79,8 +79,8 @@ namespace detail {
 template <class T>
 concept Number = std::is_arithmetic_v<T> && !std::same_as<T, bool>;
 
-/// Whether `To` holds the value without loss. A real type holds NaN and the infinities of another;
-/// an integer type holds neither, nor -0.0. `bits` is sign-extended on purpose.
+/// Whether `To` holds the value without loss. A floating-point type also holds NaN and infinities;
+/// an integer type holds none of them, nor -0.0. `bits` is sign-extended on purpose.
 template <Number To, Number From>
 bool holds(From value) {
   if constexpr (std::integral<To> && std::integral<From>) {
@@ -91,7 +91,7 @@ bool holds(From value) {
     const int width = static_cast<int>(std::bit_width(magnitude));
     return magnitude == 0 || width - std::countr_zero(magnitude) <= std::numeric_limits<To>::digits;
   } else if constexpr (std::integral<To>) {
-    // The bounds are powers of two, so they are exact in both real types.
+    // The bounds are 0 or powers of two, so they are exact in `float` and `double`.
     const From end = std::ldexp(From{1}, std::numeric_limits<To>::digits);
     const From least = std::is_signed_v<To> ? -end : From{0};
     return value >= least && value < end && std::trunc(value) == value &&
@@ -133,7 +133,7 @@ struct FromVariant<T> {
   }
 };
 
-/// Types without conversions. Nil becomes an empty text or a null pointer.
+/// These types do not convert from others, except that nil becomes an empty text or null pointer.
 template <class T>
 requires(std::same_as<T, bool> || std::same_as<T, Currency> || std::same_as<T, Color> ||
          std::same_as<T, String> || std::same_as<T, void*>) struct FromVariant<T> {
@@ -184,10 +184,10 @@ struct FromVariant<Ref<Array<T>>> {
 
 }  // namespace detail
 
-/// Converts to `T`. A number converts to each numeric type that holds it without loss; nil converts
-/// to a nil reference, null pointer or empty text. Any other value must already be a `T`. Raises
-/// `IllegalCastException` for an object of another class, `TypeMismatchException` for other
-/// mismatches.
+/// Converts to `T`. A number converts to each numeric or enumeration type that holds it without
+/// loss; nil converts to a nil reference, null pointer or empty text. Any other value must already
+/// be a `T`. Raises `IllegalCastException` if `T` refers to a class and the object is not of that
+/// class, and `TypeMismatchException` for other mismatches.
 template <class T>
 T fromVariant(const Variant& value) {
   return detail::FromVariant<T>::convert(value);
