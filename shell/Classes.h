@@ -2,8 +2,8 @@
 
 namespace veldrin {
 
-/// Builds the class tables of the framework, each class after its base, `DragItem` and `Window`
-/// first.
+/// Builds the records of the framework's classes: `DragItem` and `Window` first, and each class
+/// after its base.
 void initializeShellClasses();
 
 }  // namespace veldrin

@@ -18,7 +18,7 @@ struct ProcessState {
 
   const ApplicationParts* parts;
   Function startup = nullptr;  ///< called once, before the event loop
-  bool hasFailed = false;      ///< an error other than a framework exception was reported
+  bool hasFailed = false;      ///< `reportFault` or `reportOutOfMemory` has been called
 };
 
 ProcessState& process() {
@@ -29,7 +29,6 @@ const ApplicationParts& parts() {
   return *process().parts;
 }
 
-/// Registers the exception classes.
 void _RuntimeInitExternalClasses() {
   buildExceptionClasses();
 }
@@ -44,8 +43,8 @@ void _NewAppInstance() {
   _RuntimeRegisterAppObject(application);
 }
 
-/// Empty, because the application handles no menu item. The framework's conventions ask for the
-/// step.
+/// Does nothing, because the application handles no menu item. The framework's conventions ask for
+/// this step.
 void _ApplicationAddMenuHandlers() {}
 
 void _MakeDefaultView() {
@@ -57,29 +56,30 @@ void _RunFrameworkInitialization(Function startup) {
   process().startup = startup;
 }
 
-/// Ends the application after a stop signal. Returns false if the application or a window refuses.
+/// Ends the application after a stop signal. If the application or a window refuses, forgets the
+/// signal and returns false.
 bool endAfterStopSignal() {
   if (InForce<Session>::get().endApplication()) return true;
   dismissStop();
   return false;
 }
 
-/// Runs the event loop until it returns or throws. Returns false if it must run again: after an
-/// exception that the application handled, or a stop signal that a window refused.
+/// Runs the event loop once. Returns false if it must run again: after an exception that the
+/// application handled, or a stop signal that `endAfterStopSignal` has forgotten.
 bool runEventLoop() {
-  bool ends = true;
+  bool hasEnded = true;
   try {
     InForce<Toolkit>::get().run();
   } catch (const Raised& raised) {
     const Ref<Application> application = registeredApplication();
     if (!application || !application->handlesException(raised.exception)) throw;
-    ends = false;
+    hasEnded = false;
   }
-  return acceptStop() ? endAfterStopSignal() : ends;
+  return acceptStop() ? endAfterStopSignal() : hasEnded;
 }
 
-/// Runs the start-up function, the application's "Open" and the event loop. Catches nothing of the
-/// first two.
+/// Runs the start-up function, the handler of the application's "Open", and the event loop. Does
+/// not catch the exceptions of the first two.
 void _RuntimeRun() {
   if (const Function startup = std::exchange(process().startup, nullptr)) startup();
   const Ref<Application> application = registeredApplication();
@@ -93,7 +93,7 @@ void reportFault(std::string_view sentence) {
   InForce<Toolkit>::get().reportFault(String(sentence));
 }
 
-/// Runs a step and reports any exception. Returns whether none was thrown.
+/// Runs a step and reports any exception. Returns false if the step has thrown one.
 bool runReporting(void (*step)()) {
   try {
     step();
@@ -113,14 +113,14 @@ bool runStep(void (*step)()) {
   try {
     if (runReporting(step)) return true;
   } catch (...) {
-    // The report itself failed, for lack of memory.
+    // The report itself failed; the probable cause is a lack of memory.
     process().hasFailed = true;
     InForce<Toolkit>::get().reportOutOfMemory();
   }
   return false;
 }
 
-/// Runs the start-up and the event loop, and afterwards the application's "Close".
+/// Runs the start-up and the event loop. Then raises the application's "Close", even on an error.
 void _Main() {
   runStep([] {
     // Only the delegate's target is needed.
@@ -128,7 +128,7 @@ void _Main() {
         RuntimeCreateDelegate(&Delegate::Invoke, &_Startup, nullptr, DelegateSignature)->target());
     _RuntimeRun();
   });
-  acceptStop();  // the process ends anyway: no signal interrupts the handlers of "Close"
+  acceptStop();  // the process ends anyway; a pending signal would interrupt the handler of "Close"
   runStep([] {
     const Ref<Application> application = registeredApplication();
     if (application) callHandler(*application, Application::Events::Close);
@@ -137,10 +137,10 @@ void _Main() {
 
 /// Releases the application and returns the exit status.
 int RuntimeExit() {
-  constexpr int OfSignals = 128;  // the convention of shells
+  constexpr int SignalStatus = 128;  // plus the signal number, as shells do
   const bool hasFailed = process().hasFailed || hasReportedFailure();
   releaseApplication();
-  if (stopSignal() != 0) return OfSignals + stopSignal();
+  if (stopSignal() != 0) return SignalStatus + stopSignal();
   return hasFailed ? 1 : 0;
 }
 

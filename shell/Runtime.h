@@ -8,8 +8,8 @@
 
 namespace veldrin {
 
-/// `RuntimeInit`: owns the state of the framework, so that one run in a process leaves nothing to
-/// the next. Only one may exist at a time.
+/// `RuntimeInit`: owns the framework's state of one run, so that the next run in the process starts
+/// without it. Only one `Runtime` may exist at a time.
 class Runtime {
  public:
   /// `host` and `toolkit` must outlive the object. Throws `FatalFault` if another `Runtime` exists.
