@@ -13,7 +13,7 @@
 namespace veldrin {
 namespace {
 
-/// Makes the controls of one window. Every step looks the control up by its name.
+/// Makes the controls of one window. Steps after `_AddControl` look up the control by its name.
 class ControlMaker {
  public:
   explicit ControlMaker(Veldrin& window) : window_(window) {}
@@ -37,7 +37,7 @@ class ControlMaker {
     const Ref<Object> made = window_.__New(T::__Lookup());
     CheckCast<RectControl>(made)->Constructor();
     window_._AddControl(name, made);
-    // Streams cannot hold the types of these two properties.
+    // Streams cannot hold the types of `TextSize` and `TextUnit`.
     if constexpr (requires { &T::TextUnit; }) {
       const float size = FormTable[row].extras.textSize;
       if (size != 0.0F) control<T>(name)->TextSize(size);

@@ -11,7 +11,7 @@
 namespace veldrin {
 namespace {
 
-/// Appends entries to a stream.
+/// A property stream, composed entry by entry.
 class StreamComposer {
  public:
   constexpr void integer(std::string_view key, std::int32_t value) {
@@ -76,8 +76,7 @@ constexpr StreamComposer windowStream() {
   return stream;
 }
 
-/// The first entries of every control.
-constexpr void placeEntries(StreamComposer& stream, const ControlRow& row) {
+constexpr void firstEntries(StreamComposer& stream, const ControlRow& row) {
   stream.text("Name", row.name);
   stream.integer("Index", Control::NoArray);
   stream.integer("Left", row.left);
@@ -92,13 +91,13 @@ constexpr void placeEntries(StreamComposer& stream, const ControlRow& row) {
   stream.integer("TabIndex", row.tabIndex);
 }
 
-constexpr void helpEntries(StreamComposer& stream) {
+constexpr void displayEntries(StreamComposer& stream) {
   stream.boolean("Visible", true);
   stream.text("HelpTag", "");
   stream.boolean("AutoDeactivate", true);
 }
 
-constexpr void typeEntries(StreamComposer& stream) {
+constexpr void fontEntries(StreamComposer& stream) {
   stream.text("TextFont", "System");
   stream.boolean("Bold", false);
   stream.boolean("Italic", false);
@@ -113,7 +112,7 @@ constexpr void dataEntries(StreamComposer& stream) {
 constexpr void placardEntries(StreamComposer& stream, const ControlRow& row) {
   stream.boolean("TabStop", true);
   stream.text("InitialParent", row.parent);
-  helpEntries(stream);
+  displayEntries(stream);
   stream.boolean("Enabled", true);
   stream.boolean("Value", false);
 }
@@ -124,8 +123,8 @@ constexpr void staticTextEntries(StreamComposer& stream, const ControlRow& row) 
   stream.color("TextColor", Black);
   stream.boolean("Multiline", row.extras.multiLine);
   stream.boolean("Enabled", true);
-  helpEntries(stream);
-  typeEntries(stream);
+  displayEntries(stream);
+  fontEntries(stream);
   dataEntries(stream);
   stream.text("InitialParent", row.parent);
 }
@@ -136,8 +135,8 @@ constexpr void pushButtonEntries(StreamComposer& stream, const ControlRow& row) 
   stream.boolean("Default", false);
   stream.boolean("Cancel", false);
   stream.boolean("Enabled", true);
-  helpEntries(stream);
-  typeEntries(stream);
+  displayEntries(stream);
+  fontEntries(stream);
   stream.text("InitialParent", row.parent);
 }
 
@@ -146,8 +145,8 @@ constexpr void popupMenuEntries(StreamComposer& stream, const ControlRow& row) {
   stream.boolean("Enabled", true);
   stream.text("InitialValue", row.text);
   stream.integer("ListIndex", 0);  // after the rows, because it selects one of them
-  helpEntries(stream);
-  typeEntries(stream);
+  displayEntries(stream);
+  fontEntries(stream);
   dataEntries(stream);
   stream.text("InitialParent", row.parent);
 }
@@ -161,8 +160,8 @@ constexpr void textFieldEntries(StreamComposer& stream, const ControlRow& row) {
   stream.color("BackColor", White);
   stream.boolean("Enabled", true);
   stream.text("Format", "");
-  helpEntries(stream);
-  typeEntries(stream);
+  displayEntries(stream);
+  fontEntries(stream);
   stream.text("CueText", "");
   stream.text("Text", row.text);
   stream.text("Mask", "");
@@ -178,8 +177,8 @@ constexpr void checkBoxEntries(StreamComposer& stream, const ControlRow& row) {
   stream.boolean("TabStop", true);
   stream.text("Caption", row.text);
   stream.boolean("Enabled", true);
-  helpEntries(stream);
-  typeEntries(stream);
+  displayEntries(stream);
+  fontEntries(stream);
   stream.integer("State", row.extras.ticked ? 1 : 0);
   stream.boolean("Value", row.extras.ticked);
   dataEntries(stream);
@@ -188,7 +187,7 @@ constexpr void checkBoxEntries(StreamComposer& stream, const ControlRow& row) {
 
 constexpr StreamComposer controlStream(const ControlRow& row) {
   StreamComposer stream;
-  placeEntries(stream, row);
+  firstEntries(stream, row);
   switch (row.kind) {
     case ControlKind::Placard:
       placardEntries(stream, row);
@@ -212,7 +211,7 @@ constexpr StreamComposer controlStream(const ControlRow& row) {
   return stream;
 }
 
-/// The stream of a row of the form's table, or the window's stream for the row after the last.
+/// The stream of the control in a row of the form's table. The row after the last means the window.
 template <std::size_t Row>
 constexpr StreamComposer composed() {
   if constexpr (Row == FormTable.size()) {

@@ -7,8 +7,8 @@
 namespace veldrin {
 
 // The property streams of the form, built at compile time from the form's table. A stream has no
-// header, no count and no end mark. A key is ASCII, and the type of its property gives the length
-// of the value. The values are binary, so the encoding of the constant means nothing.
+// header, no count and no end mark. A key is the ASCII name of a property, whose type decides the
+// form of the value. Values are binary: the encoding of the string constant has no meaning.
 //
 //   stream  = entry*
 //   entry   = key blank value

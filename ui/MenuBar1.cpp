@@ -6,12 +6,12 @@
 namespace veldrin {
 namespace {
 
-/// An item of a menu: a row of the tables below.
+/// A menu or a menu item. The tables below list the items of each menu.
 struct ItemRow {
   ClassRecord* (*itemClass)();
   StringConstant name;
   StringConstant text;
-  std::optional<StringConstant> shortcut;  ///< a separator has none, not even an empty one
+  std::optional<StringConstant> shortcut;  ///< nullopt for a separator: leaves the property unset
 };
 
 ClassRecord* item() {
@@ -25,8 +25,8 @@ constexpr ItemRow FileItems[] = {
     {quitItem, "FileQuit"_s, "&Quit"_s, "Cmd+Q"_s},
 };
 
-// Separator 1 deliberately precedes separator 0, and EditClear shows "Delete": the framework fixes
-// the names.
+// The framework fixes the names: `UntitledMenu1` precedes `UntitledMenu0`, and the text of
+// `EditClear` is "Delete".
 constexpr ItemRow EditItems[] = {
     {item, "EditUndo"_s, "&Undo"_s, "Cmd+Z"_s},
     {item, "UntitledMenu1"_s, "-"_s, std::nullopt},

@@ -4,26 +4,26 @@
 
 namespace veldrin {
 
-/// The menu bar of the application and the window: File and Edit. Veldrin adds no command of its
-/// own; an item's class or name selects a standard command.
+/// The menu bar of the application and the window: File and Edit. It has only standard commands:
+/// `QuitMenuItem` ends the application, and the toolkit does the editing command of an item's name.
 class MenuBar1 final : public Described<MenuBar1, MenuBar> {
  public:
   static constexpr FixedString FullName = "MenuBar1.MenuBar1";
   static void fillTable(ClassTable<MenuBar1>& table);
 
-  /// Builds the menus.
+  /// Builds both menus.
   void Constructor() override;
-  /// Builds File.
+  /// Builds the File menu.
   void Untitled0();
-  /// Builds Edit.
+  /// Builds the Edit menu.
   void Untitled1();
 
-  /// The only instance; nil until its first use.
+  /// The only instance; nil before the first call of `implicit::MenuBar1`.
   static inline Ref<MenuBar1> _implicitInstance;
 };
 
 namespace implicit {
-/// The only menu bar, made on first use.
+/// The only instance, made by the first call.
 Ref<veldrin::MenuBar1> MenuBar1();
 }  // namespace implicit
 

@@ -11,14 +11,14 @@
 namespace veldrin {
 namespace {
 
-/// A cursor over a stream. A read past the end throws `StreamFault`.
+/// A read position in a stream. A read past the end throws `StreamFault`.
 class Cursor {
  public:
   explicit Cursor(std::string_view stream) : stream_(stream) {}
 
   [[nodiscard]] bool atEnd() const { return offset_ == stream_.size(); }
 
-  /// Reads up to the next blank and skips the blank.
+  /// Reads a key and skips the blank after it.
   std::string_view key() {
     keyOffset_ = offset_;
     const std::size_t blank = stream_.find(' ', offset_);
@@ -49,14 +49,14 @@ class Cursor {
     return value == 1;
   }
 
-  /// The fault for an unknown property or one that a stream cannot set.
+  /// Throws the fault of an entry whose property is unknown or cannot be set by a stream.
   [[noreturn]] void failKey(const char* what) const { fail(keyOffset_, what); }
 
  private:
   [[noreturn]] void fail(std::size_t offset, const char* what) const {
     std::string key(key_.substr(0, LongestKeyShown));
     std::ranges::replace_if(
-        key, [](char letter) { return letter <= ' ' || letter > '~'; }, '?');
+        key, [](char character) { return character <= ' ' || character > '~'; }, '?');
     throw StreamFault{std::move(key), offset, what};
   }
 
@@ -83,7 +83,7 @@ Variant readValue(Cursor& cursor, const PropertyRow& property) {
   cursor.failKey("a property of a type that streams do not have");
 }
 
-/// The name of a control, or of the class of any other object.
+/// The name of a control. For an unnamed control or any other object, the name of its class.
 std::string nameOf(const Object& object) {
   if (RuntimeObjectIsa(&object, Control::__Lookup())) {
     const String name = static_cast<const Control&>(object).Name;

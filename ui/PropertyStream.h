@@ -11,12 +11,12 @@ namespace veldrin {
 
 /// A fault in a stream.
 struct StreamFault {
-  std::string key;     ///< start of the faulty entry's key, "?" for each byte not printable
+  std::string key;     ///< start of the faulty entry's key; unprintable bytes become "?"
   std::size_t offset;  ///< of the first faulty byte, from the stream's start
   std::string what;
 };
 
-/// One entry of a stream: the property that it sets, and the value.
+/// One entry of a stream: a property and its value.
 struct StreamEntry {
   const PropertyRow* property;
   Variant value;
@@ -28,13 +28,13 @@ struct StreamContents {
   std::optional<StreamFault> fault;
 };
 
-/// Parses a stream for objects of a class. The class table gives the type of each key's value.
-/// Never reads beyond the stream.
+/// Parses a stream for objects of a class. The class record gives the type of each property. Never
+/// reads beyond the stream.
 StreamContents readPropertyStream(const ClassRecord& record, std::string_view stream);
 
-/// Applies a stream to an object through the setters of its class. Throws `FatalFault`, which names
-/// the object, the key and the offset, if the stream has a fault; then nothing is applied. Raises
-/// what a setter raises.
+/// Sets the properties of an object from a stream, with the setters of its class. If the stream has
+/// a fault, sets none and throws `FatalFault`, which names the object, the key and the offset.
+/// Raises the exceptions of the setters.
 void RuntimeMassPropertySetter(const Ref<Object>& object, const String& stream);
 
 /// Calls `RuntimeMassPropertySetter`.

@@ -10,8 +10,8 @@ void Veldrin::WhichYear_Open() {
   today->Constructor();
   for (std::int32_t row = 0; row <= WhichYear()->ListCount() - 1; ++row) {
     if (Val(WhichYear()->List(row)) == RuntimeCvtSInt32ToReal64(today->Year())) {
-      // Selecting another row raises "Change", which writes the dates; the selected row does not.
       WhichYear()->ListIndex(row);
+      // If the row was selected already, no "Change" handler has written the dates.
       SetDaylightSavingsBounds(today->Year());
       return;
     }
