@@ -4,14 +4,14 @@
 
 namespace veldrin {
 
-/// The application's file types: only `Calendar`. A set of shared members; it has no objects and no
-/// class record.
+/// The application's file types: only `Calendar`. All members are static, and the class has no
+/// `ClassRecord`.
 class OutputFile {
  public:
-  /// Makes and registers the type `Calendar`, before any dialog opens.
+  /// Makes and registers the type `Calendar`. Call before any dialog opens.
   static void _Initialize();
 
-  /// The type of the files that the year run writes; nil before `_Initialize`.
+  /// The type of calendar files. Nil before `_Initialize` and after `__Exit`.
   static Ref<FileType> Calendar() { return pCalendar; }
 
   /// Releases the type at the end of the program.

@@ -20,8 +20,8 @@ void writeHeader(TextOutputStream& stream) {
   stream.WriteLine("CALSCALE:GREGORIAN"_s);
 }
 
-/// Writes one event. `summary` is its line; the blank after the colon is part of the value. `time`
-/// has six digits.
+/// Writes one event. `summary` is the whole line "SUMMARY: ..."; the blank after the colon is part
+/// of the value. `time` is six digits: hours, minutes, seconds.
 void writeEvent(TextOutputStream& stream, const String& summary, const String& yearText,
                 const String& monthText, const Date& day, const String& time) {
   stream.WriteLine("BEGIN:VEVENT"_s);
@@ -30,7 +30,7 @@ void writeEvent(TextOutputStream& stream, const String& summary, const String& y
   stream.WriteLine("END:VEVENT"_s);
 }
 
-/// Creates a stream to the item. On failure shows a message and returns nil.
+/// Creates the file and opens it for writing. On failure, shows a message and returns nil.
 Ref<TextOutputStream> openStream(const Ref<FolderItem>& item) {
   try {
     return TextOutputStream::Create(item);
