@@ -17,7 +17,7 @@ namespace {
 Ref<Application> registered;
 bool isFailureReported = false;
 
-/// "IOException, error 28: No space left on device", or if a file is incomplete
+/// For example "IOException, error 28: No space left on device". If a file is incomplete,
 /// "/home/me/Veldrin.ics is incomplete: No space left on device (IOException, error 28)".
 String sentenceOn(const RuntimeException& exception) {
   const String& incomplete = exception.incompleteFile;
@@ -31,17 +31,17 @@ String sentenceOn(const RuntimeException& exception) {
     reason = String(std::generic_category().message(number));
   }
   if (incomplete.isEmpty()) return reason.isEmpty() ? failure : failure + ": "_s + reason;
-  const String what = incomplete + " is incomplete: "_s;
-  if (stopSignal() != 0) return what + reason;
-  return reason.isEmpty() ? what + failure : what + reason + " ("_s + failure + ")"_s;
+  const String start = incomplete + " is incomplete: "_s;
+  if (stopSignal() != 0) return start + reason;
+  return reason.isEmpty() ? start + failure : start + reason + " ("_s + failure + ")"_s;
 }
 
-/// Writes the call stack of an exception to standard error. Skips it for I/O errors, exhausted
-/// memory and `EndException`, because their sentence says enough.
+/// Writes the call stack of an exception to standard error. Writes nothing for I/O errors,
+/// exhausted memory and `EndException`: for these, the sentence of the report is enough.
 void printCalls(const RuntimeException& exception) {
-  for (ClassRecord* const told :
+  for (ClassRecord* const record :
        {IOException::__Lookup(), OutOfMemoryException::__Lookup(), EndException::__Lookup()}) {
-    if (RuntimeObjectIsa(&exception, told)) return;
+    if (RuntimeObjectIsa(&exception, record)) return;
   }
   const Ref<Array<String>> calls = exception.Stack();
   for (const String& call : calls->elements) {
@@ -49,8 +49,8 @@ void printCalls(const RuntimeException& exception) {
   }
 }
 
-/// Reports the incomplete file of a dropped `EndException`. Keeps the stop signal pending, so that
-/// the event loop ends.
+/// Reports the incomplete file of a dropped `EndException`, if any. Makes the stop signal pending
+/// again, so that the event loop ends.
 void passOnStop(const Ref<RuntimeException>& exception) {
   if (!exception->incompleteFile.isEmpty()) _UnhandledException(exception);
   repeatStop();
@@ -76,7 +76,7 @@ void Application::changed() const {
 }
 
 void Application::setActive(bool active) {
-  if (active == std::exchange(active_, active)) return;
+  if (active == std::exchange(isActive_, active)) return;
   callHandler(*this, active ? Events::Activate : Events::Deactivate);
 }
 

@@ -21,9 +21,9 @@ class Application : public Described<Application, Object> {
   ///
   /// "Open" is raised once before the event loop, "Close" once after it, even after an error.
   /// "Activate" and "Deactivate" alternate when the user switches between programs. "CancelClose"
-  /// is raised when the application is to quit, before that of the windows, but not when closing
-  /// the last window ends the application. "UnhandledException" is raised for an exception that
-  /// leaves a handler; if it returns true, the event loop continues.
+  /// is raised when the application is to quit, before the "CancelClose" of each window. It is not
+  /// raised when closing the last window ends the application. "UnhandledException" is raised for
+  /// an exception that leaves a handler; if it is handled, the event loop continues.
   ///
   /// "NewDocument", "OpenDocument" and "HandleAppleEvent" exist because the framework's conventions
   /// ask for them; no toolkit raises them.
@@ -41,7 +41,7 @@ class Application : public Described<Application, Object> {
     static constexpr Event<bool()> CancelClose{"CancelClose"_s};
   };
 
-  /// The menu bar of windows without their own, shown alone while no window is open.
+  /// The menu bar of windows that have none of their own.
   LiveProperty<Application, Ref<veldrin::MenuBar>> MenuBar{*this};
 
   /// Raises "EnableMenuItems".
@@ -51,21 +51,21 @@ class Application : public Described<Application, Object> {
   /// `Session::handlesMenuCommand`. An override returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
-  /// Calls a `void (*)()` and catches its exceptions. Those that `handlesException` does not handle
-  /// are reported.
+  /// Calls `function`, a `void (*)()`, and catches framework exceptions. Reports those that
+  /// `handlesException` does not handle.
   void _CallFunctionWithExceptionHandling(void* function);
 
   /// Handles an exception that has left a handler. Drops `EndException` and `ThreadEndException`;
-  /// passes others to the handler of "UnhandledException". Returns whether it was handled. The
-  /// `EndException` of a stop signal leaves the signal pending, and its incomplete file is
-  /// reported.
+  /// passes others to the handler of "UnhandledException". Returns whether it was handled. For
+  /// the `EndException` of a stop signal, reports the incomplete file, if any, and makes the signal
+  /// pending again.
   bool handlesException(const Ref<RuntimeException>& exception);
 
   /// Raises "Activate" or "Deactivate" if Veldrin is not in that state yet.
   void setActive(bool active);
 
   /// Whether closing the last window ends the application. Veldrin leaves it false. On a desktop
-  /// without its own menu bar the application ends anyway, because the user could not quit it.
+  /// without its own menu bar it always ends, because without a window the user could not quit it.
   bool AutoQuit = false;
 
  private:
@@ -75,7 +75,7 @@ class Application : public Described<Application, Object> {
   /// Tells the toolkit of a change made by the program.
   void changed() const;
 
-  bool active_ = false;
+  bool isActive_ = false;
 };
 
 /// Veldrin's application class. Adds nothing.
@@ -87,13 +87,13 @@ class App final : public Described<App, Application> {
 /// `RuntimeUnhandledException`: reports an uncaught exception and its incomplete file, if any.
 void _UnhandledException(const Ref<RuntimeException>& exception);
 
-/// Whether `_UnhandledException` has reported an exception in this process.
+/// Whether `_UnhandledException` has been called since the last `releaseApplication`.
 bool hasReportedFailure();
 
 /// `RuntimeRegisterAppObject`: makes the object the application of the process.
 void _RuntimeRegisterAppObject(const Ref<Application>& application);
 
-/// The application of the process, nil before it is registered.
+/// The application of the process, or nil if none is registered.
 Ref<Application> registeredApplication();
 
 /// Releases the application and resets `hasReportedFailure`.

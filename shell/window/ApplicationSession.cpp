@@ -13,7 +13,7 @@
 namespace veldrin {
 namespace {
 
-/// Resets the item's descendants, except separators, to their `AutoEnable`, and collects them.
+/// Sets `Enabled` to `AutoEnable` in all descendants except separators, and collects them.
 void resetItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
   RuntimeStackCheck();
   for (const Ref<MenuItem>& child : item.children()) {
@@ -24,7 +24,7 @@ void resetItems(const MenuItem& item, std::vector<Ref<MenuItem>>& items) {
   }
 }
 
-/// Refreshes which items of the bar are enabled.
+/// Recomputes which items of the bar are enabled.
 void refreshItems(const Ref<Window>& window, const MenuBar& bar) {
   std::vector<Ref<MenuItem>> items;
   resetItems(bar, items);
@@ -33,7 +33,7 @@ void refreshItems(const Ref<Window>& window, const MenuBar& bar) {
   if (const Ref<Application> application = registeredApplication()) {
     application->_EnableMenuItems(all);
   }
-  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the last count goes here, unseen.
+  // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): `all` releases the array here.
 }
 
 bool isShown(const MenuItem& item) {
@@ -82,9 +82,9 @@ void ApplicationSession::enableMenuItems() {
 void ApplicationSession::windowClosed() {
   if (!_WindowSupport.Windows.empty()) return;
   const Ref<Application> application = registeredApplication();
-  const bool ends = application && application->AutoQuit;
+  const bool hasAutoQuit = application && application->AutoQuit;
   Toolkit& toolkit = InForce<Toolkit>::get();
-  if (ends || !toolkit.hasOwnMenuBar()) toolkit.quit();
+  if (hasAutoQuit || !toolkit.hasOwnMenuBar()) toolkit.quit();
 }
 
 bool ApplicationSession::endApplication() {

@@ -21,7 +21,7 @@ class ApplicationSession final : public Session {
   bool endApplication() override;
 
  private:
-  bool isEnabling_ = false;  ///< suppresses a notification for each item
+  bool isEnabling_ = false;  ///< during `enableMenuItems`, which notifies the toolkit once
 };
 
 }  // namespace veldrin

@@ -12,8 +12,8 @@ inline void yieldToToolkit() {
   InForce<Toolkit>::get().backgroundTask();
 }
 
-/// The cooperative yield, called at the end of each pass of every loop. Lets the toolkit repaint,
-/// and raises `EndException` once after a stop signal.
+/// The cooperative yield. Call it at the end of each pass of a loop. Lets the toolkit repaint, and
+/// raises `EndException` once after a stop signal.
 inline void RuntimeBackgroundTask() {
   yieldToToolkit();
   if (isStopPending()) raiseStop();

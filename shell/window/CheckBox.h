@@ -25,7 +25,7 @@ class CheckBox final : public Described<CheckBox, RectControl>, public TextStyle
 
   using CheckedStates = veldrin::CheckedStates;
 
-  /// Whether the box is ticked; the same state as `State`.
+  /// Whether `State` is `Checked`.
   [[nodiscard]] bool Value() const { return State() == CheckedStates::Checked; }
   void Value(bool ticked) { State(stateOf(ticked)); }
   Live<CheckedStates> State{*this};

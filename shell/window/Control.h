@@ -12,7 +12,7 @@ class Window;
 /// A handler of a control's event: a function with the control as its only argument.
 using EventHandler = Event<void()>::Handler;
 
-/// The root of all controls: a name, a window, and the handlers of its events.
+/// The base class of all controls. Holds the name, the window and the event handlers.
 class Control : public Described<Control, Object> {
  public:
   static constexpr FixedString FullName = "Control";
@@ -27,8 +27,8 @@ class Control : public Described<Control, Object> {
   template <class T>
   using Live = LiveProperty<Control, T>;
 
-  String Name;  ///< for `RuntimeWindowControlByName`
-  /// The index in a control array; `NoArray` for a control outside any array.
+  String Name;  ///< set by `Window::_AddControl`; writing it does not affect look-ups
+  /// The index in a control array; `NoArray` for a control that is not in an array.
   std::int32_t Index = NoArray;
   static constexpr std::int32_t NoArray = INT32_MIN;
 
@@ -37,7 +37,7 @@ class Control : public Described<Control, Object> {
   /// Sets the containing window, or none for nullptr. Called only by class `Window`.
   void moveTo(veldrin::Window* window) { window_ = window; }
 
-  /// Raises "Close", then removes the control from its window. Does nothing inside the handler.
+  /// Raises "Close", then removes the control from its window. Does nothing during "Close".
   virtual void Close();
 
   /// Calls the handler of this object for the event, else the handler of its class, if any.
@@ -57,18 +57,18 @@ class Control : public Described<Control, Object> {
 
   veldrin::Window* window_ = nullptr;
   bool isClosing_ = false;
-  std::vector<Function> handlers_;  ///< by the index of the event in the class
+  std::vector<Function> handlers_;  ///< by index of the event; nullptr means the class's handler
 };
 
-/// Binds the function to the event of this one control; nullptr leaves the event to its class.
+/// Sets the handler of an event for this object only; nullptr leaves the event to the class.
 /// Raises `IllegalCastException` if the object is not a control, `NilObjectException` for nil, and
 /// what `RequireEvent` raises.
 void _InstallInstanceEventHandler(const Ref<Object>& object, const String& event,
                                   EventHandler handler);
 
-/// Sets `Me` to `Self`, a control, and `Self` to its window, as the handler of a control expects.
-/// For a non-control that implements `_PaneChild`, `Self` is its window; any other object stays
-/// `Self`.
+/// Sets `Me` to the control in `Self`, then `Self` to the control's window, as a control's handlers
+/// expect. Does the same for a non-control that implements `_PaneChild`. Any other object is in
+/// both afterwards.
 void RuntimeSwapSelfAndMe(Ref<Object>& Self, Ref<Object>& Me);
 
 }  // namespace veldrin

@@ -6,14 +6,14 @@
 namespace veldrin {
 namespace {
 
-/// Shows a dialog of the toolkit above the front window. If that window is active, deactivates it
-/// before and activates it after the dialog.
+/// Shows a dialog of the toolkit above the front window. If the window is active, deactivates it
+/// before the dialog and activates it afterwards.
 template <class Show>
 auto showDialog(Show show) {
   const Ref<Window> window = frontWindow();
   const bool wasActive = window && window->isActive();
   if (wasActive) window->setActive(false);
-  // A handler of "Deactivate" may have closed it.
+  // A handler of "Deactivate" may have closed the window.
   const bool isParent = window && window->isOpen();
   auto answer = show(InForce<Toolkit>::get(), isParent ? window.get() : nullptr);
   if (wasActive && window->isOpen()) window->setActive(true);

@@ -8,7 +8,7 @@ namespace veldrin {
 /// names registered file types, joined by ";".
 Ref<FolderItem> GetSaveFolderItem(const String& filter, const String& defaultName);
 
-/// Shows a text in a message box and returns when the user has dismissed it.
+/// Shows a text in a message box. Returns when the user dismisses it.
 void MsgBox(const String& text);
 
 }  // namespace veldrin

@@ -4,8 +4,8 @@
 
 namespace veldrin {
 
-/// A property that reports each change to its owner, so that a toolkit can show it. After a write
-/// that changes the value, it calls `Owner::changed()`.
+/// A property that reports changes: a write that changes the value calls `Owner::changed()`, which
+/// tells the toolkit.
 ///
 ///     template <class T>
 ///     using Live = LiveProperty<Control, T>;
@@ -13,7 +13,7 @@ namespace veldrin {
 ///
 ///     if (!button->Enabled()) button->Enabled(true);
 ///
-/// In the table of the class it is a row like any other: `property<&RectControl::Enabled>`.
+/// The class table lists it like any other property: `property<&RectControl::Enabled>`.
 template <class Owner, class T>
 class LiveProperty {
  public:
@@ -25,7 +25,6 @@ class LiveProperty {
 
   [[nodiscard]] T operator()() const { return value_; }
 
-  /// Writes the property; calls `changed()` only if the value differs.
   void operator()(T value) {
     std::swap(value_, value);
     if (!(value_ == value)) owner_.changed();

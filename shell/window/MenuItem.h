@@ -28,7 +28,7 @@ class MenuItem : public Described<MenuItem, Object> {
   [[nodiscard]] virtual Ref<MenuItem> Child(const String& name) const;
   /// The item of that name at any depth below this one, or nil.
   [[nodiscard]] virtual Ref<MenuItem> _Lookup(const String& name) const;
-  /// Enables the item until the next refresh, see `Enabled`.
+  /// Sets `Enabled`, which lasts until the next refresh.
   virtual void Enable() { Enabled(true); }
 
   [[nodiscard]] const std::vector<Ref<MenuItem>>& children() const { return children_; }
@@ -37,8 +37,8 @@ class MenuItem : public Described<MenuItem, Object> {
   [[nodiscard]] bool isSeparator() const { return Text() == "-"; }
 
   /// The user has chosen the item. Offers it to `Session::handlesMenuCommand`, then to its own
-  /// "Action". Returns true if one of them handled it or the item is disabled. On false the toolkit
-  /// does its own action, if it has one for the item.
+  /// "Action". Returns true if one of them handled it or the item is disabled. If false, the
+  /// toolkit does the editing command of the item's name, if any.
   bool userChose();
 
   /// A property whose changes are reported to the toolkit while the item is in a visible menu bar.
@@ -46,12 +46,12 @@ class MenuItem : public Described<MenuItem, Object> {
   using Live = LiveProperty<MenuItem, T>;
 
   String Name;
-  bool AutoEnable = true;    ///< the value of `Enabled` at each refresh
-  Live<String> Text{*this};  ///< "&" marks the letter of the mnemonic; "-" makes a separator
+  bool AutoEnable = true;                ///< each refresh sets `Enabled` to it
+  Live<String> Text{*this};              ///< "&" precedes the mnemonic; "-" makes a separator
   Live<String> KeyboardShortcut{*this};  ///< such as "Cmd+Q"
   Live<bool> Checked{*this};             ///< shown with a tick
-  /// Lasts until the next refresh, just before the menu opens. Then `AutoEnable` and the handlers
-  /// of "EnableMenuItems" decide.
+  /// Lasts until the next refresh, at the latest when the menu opens. Then `AutoEnable`, the menu
+  /// handlers and the handlers of "EnableMenuItems" decide.
   Live<bool> Enabled{*this, true};
 
  private:

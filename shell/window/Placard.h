@@ -10,7 +10,7 @@ class Placard final : public Described<Placard, RectControl> {
   static constexpr FixedString FullName = "Placard";
   static void fillTable(ClassTable<Placard>& table);
 
-  Live<bool> Value{*this};  ///< drawn pressed
+  Live<bool> Value{*this};  ///< whether pressed; no toolkit shows it
 };
 
 }  // namespace veldrin

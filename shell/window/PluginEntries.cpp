@@ -41,7 +41,7 @@ constexpr std::array<StringConstant, PluginEntryCount> EntryNames{
     "ImageWell.Image.Set"_s,
 };
 
-std::vector<Function> entries;  // in the order of their names
+std::vector<Function> entries;  // in the order of `EntryNames`
 
 }  // namespace
 
@@ -56,9 +56,9 @@ Function RuntimeLookupPluginEntrypoint(const String& name) {
        record = record->nextClass) {
     if (!(record->name == rest.substr(0, dot))) continue;
     const PropertyRow* const property = FindProperty(*record, rest.substr(dot + 1));
-    const bool computed =
+    const bool isComputed =
         property != nullptr && property->fieldOffset == 0 && (property->flags & Flags::Shared) == 0;
-    return computed ? property->setter : nullptr;
+    return isComputed ? property->setter : nullptr;
   }
   return nullptr;
 }

@@ -31,9 +31,9 @@ void PopupMenu::AddRow(String text) {
 }
 
 void PopupMenu::ListIndex(std::int32_t row) {
-  const bool moved = select(row);
+  const bool hasMoved = select(row);
   changed();
-  if (moved) raiseEvent(Events::Change);
+  if (hasMoved) raiseEvent(Events::Change);
 }
 
 String PopupMenu::Text() const {

@@ -21,19 +21,19 @@ class PopupMenu final : public Described<PopupMenu, RectControl>, public TextSty
   };
 
   [[nodiscard]] std::int32_t ListCount() const { return static_cast<std::int32_t>(rows_.size()); }
-  /// The text of a row, counted from 0. Raises `OutOfBoundsException` if there is no such row.
+  /// The text of a row; rows count from 0. Raises `OutOfBoundsException` if there is no such row.
   [[nodiscard]] String List(std::int32_t row) const;
   /// Adds a row at the end.
   void AddRow(String text);
 
-  /// The selected row, -1 when none is.
+  /// The selected row, or -1 if there is none.
   [[nodiscard]] std::int32_t ListIndex() const { return listIndex_; }
   /// Selects a row, or none if there is no such row.
   void ListIndex(std::int32_t row);
-  /// The text of the selected row, empty when none is.
+  /// The text of the selected row, empty if there is none.
   [[nodiscard]] String Text() const;
 
-  /// The initial rows, each ended by a carriage return.
+  /// The initial rows, separated or ended by carriage returns.
   [[nodiscard]] String InitialValue() const { return initialValue_; }
   /// Replaces the rows and selects none.
   void InitialValue(String rows);
@@ -47,7 +47,7 @@ class PopupMenu final : public Described<PopupMenu, RectControl>, public TextSty
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }
 
-  bool select(std::int32_t row);
+  bool select(std::int32_t row);  ///< returns whether the selection has changed
 
   std::vector<String> rows_;
   std::int32_t listIndex_ = -1;

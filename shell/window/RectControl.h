@@ -5,7 +5,7 @@
 namespace veldrin {
 
 /// A control with a rectangle, in pixels relative to the window's content, even inside another
-/// control. The locks have no effect, because the window cannot be resized.
+/// control. The locks have no effect: no toolkit reads them.
 class RectControl : public Described<RectControl, Control> {
  public:
   static constexpr FixedString FullName = "RectControl";
@@ -35,12 +35,12 @@ class RectControl : public Described<RectControl, Control> {
   Live<bool> AutoDeactivate{*this, true};
   Live<bool> Enabled{*this, true};
 
-  /// Whether the control can currently get the keyboard focus.
+  /// Whether the control can get the keyboard focus now.
   [[nodiscard]] bool takesFocus() const {
     return isFocusable() && TabStop() && Visible() && Enabled();
   }
 
-  /// The user has moved the focus away: raises "LostFocus", unless the control is disabled.
+  /// The user has moved the focus away. Raises "LostFocus", unless the control is disabled.
   void userLeft() { raiseForUser(Events::LostFocus); }
 
  protected:

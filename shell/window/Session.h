@@ -19,24 +19,24 @@ class Session {
   Session& operator=(const Session&) = delete;
   virtual ~Session() = default;
 
-  /// An item of a menu has changed.
+  /// A menu item has changed.
   virtual void menuItemChanged(const MenuItem& item) = 0;
 
-  /// Offers an item that the user has chosen to `_HandleMenuCommand` of the front window, then to
-  /// that of the application, then to the handler that the window has bound to the item's name.
-  /// Returns whether one of them has handled it.
+  /// Handles an item that the user has chosen. Tries `_HandleMenuCommand` of the front window, then
+  /// `_HandleMenuCommand` of the application, then the window's handler for the item's name.
+  /// Returns whether one of them has handled the item.
   virtual bool handlesMenuCommand(const Ref<MenuItem>& item) = 0;
 
-  /// Recomputes which items of the front window's bar are enabled, or of the application's bar
-  /// without one. Tells the toolkit once.
+  /// Recomputes which items are enabled in the front window's menu bar, or in the application's if
+  /// the window has none. Tells the toolkit once.
   virtual void enableMenuItems() = 0;
 
-  /// A window has been closed. Ends the application if it was the last and the application ends
-  /// with it, see `Application::AutoQuit`.
+  /// A window has been closed. If it was the last, ends the event loop under the conditions of
+  /// `Application::AutoQuit`.
   virtual void windowClosed() = 0;
 
-  /// Ends the application: asks it by "CancelClose", closes the open windows, then ends the event
-  /// loop. Returns false if the application or a window refuses.
+  /// Ends the application: raises its "CancelClose", closes the windows, then ends the event loop.
+  /// Returns false if the application or a window refuses.
   virtual bool endApplication() = 0;
 
  protected:

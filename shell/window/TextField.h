@@ -17,16 +17,16 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
 
   TextField() : TextStyle(static_cast<Control&>(*this)) {}
 
-  /// The text. It has at most `LimitText` characters; more are cut off at its end.
+  /// The text, of at most `LimitText` characters. A longer text is cut off at its end.
   [[nodiscard]] String Text() const { return text_(); }
   void Text(String text) { text_(limited(std::move(text))); }
 
-  /// In characters (code points of UTF-8); 0 for no limit.
+  /// The limit of `Text` in code points; 0 for none.
   [[nodiscard]] std::int32_t LimitText() const { return limitText_; }
   void LimitText(std::int32_t limit);
 
   /// The user has changed the text. Ignored if the field is disabled or read-only. If the text is
-  /// too long, the toolkit is told to show the shorter one.
+  /// too long, cuts it off and tells the toolkit.
   void userTyped(const String& text);
 
   Live<bool> Border{*this, true};
@@ -39,7 +39,7 @@ class TextField final : public Described<TextField, RectControl>, public TextSty
   Live<String> Mask{*this};
   Live<bool> ReadOnly{*this};
   Live<bool> AcceptTabs{*this};
-  Live<std::int32_t> Alignment{*this};  ///< 0 the default, which is left; 1 left, 2 centre, 3 right
+  Live<std::int32_t> Alignment{*this};  ///< 0 default (left), 1 left, 2 centre, 3 right
   String DataSource;
   String DataField;
 

@@ -7,13 +7,13 @@
 
 namespace veldrin {
 
-/// The units of a size of text.
+/// The units of a text size.
 enum class FontUnits : std::uint8_t { Default, Pixel, Point, Inch, Millimeter };
 
 template <>
 inline constexpr FixedString EnumFullName<FontUnits> = "FontUnits";
 
-/// The font settings of a control with a text.
+/// The font settings of a control that shows text.
 struct TextStyle {
   explicit TextStyle(Control& control)
       : TextFont(control),

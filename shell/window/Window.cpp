@@ -56,21 +56,21 @@ void Window::fillTable(ClassTable<Window>& table) {
 }
 
 void Window::__Init() {
-  InForce<Toolkit>::get();  // fails now instead of when the window is shown
+  InForce<Toolkit>::get();  // throws now, not later, if there is no toolkit
   _WindowSupport.Windows.emplace_back(this);
 }
 
 void Window::__Exit() {
-  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  if (std::exchange(isOpen_, false)) InForce<Toolkit>::get().windowClosed(*this);
   while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
 }
 
 void Window::changed() {
-  if (open_) InForce<Toolkit>::get().windowChanged(*this);
+  if (isOpen_) InForce<Toolkit>::get().windowChanged(*this);
 }
 
 void Window::_AddDirtyWindow() {
-  if (closed_) return;
+  if (isClosed_) return;
   Ref<Dictionary>& dirty = _WindowSupport.mDirtyWindows;
   if (!dirty) dirty = New<Dictionary>();
   dirty->Value(Ref<Object>(this), true);
@@ -79,9 +79,9 @@ void Window::_AddDirtyWindow() {
 void Window::Constructor() {
   const Ref<Window> self(this);
   try {
-    raiseTheOpening();
-    if (closed_) return;
-    open_ = true;
+    raiseOpeningEvents();
+    if (isClosed_) return;
+    isOpen_ = true;
     InForce<Toolkit>::get().windowOpened(*this);
   } catch (...) {
     discard();
@@ -89,15 +89,15 @@ void Window::Constructor() {
   }
 }
 
-void Window::raiseTheOpening() {
+void Window::raiseOpeningEvents() {
   using E = Events;
   for (const auto& event : {E::Layout, E::CreateControls, E::AddMenuHandlers, E::SetupBindings}) {
-    if (!closed_) callHandler(*this, event);
+    if (!isClosed_) callHandler(*this, event);
   }
   for (const Ref<Control>& control : std::vector(_mControlList)) {
-    if (!closed_) control->raiseEvent(Control::Events::Open);
+    if (!isClosed_) control->raiseEvent(Control::Events::Open);
   }
-  if (!closed_) callHandler(*this, E::Open);
+  if (!isClosed_) callHandler(*this, E::Open);
 }
 
 void Window::_AddControl(const String& name, const Ref<Object>& control) {
@@ -116,7 +116,7 @@ void Window::_AddControl(const String& name, const Ref<Object>& control) {
 }
 
 void Window::_RemoveControl(const Ref<Control>& control) {
-  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): the list may own the reference.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `control` may be in the list.
   const Ref<Control> removed = control;
   places_ = {};
   if (removed && removed->Window().get() == this) removed->moveTo(nullptr);
@@ -126,12 +126,12 @@ void Window::_RemoveControl(const Ref<Control>& control) {
     _mControlNames.erase(_mControlNames.begin() + place);
     _mControlList.erase(_mControlList.begin() + place);
   }
-  if (removed && open_) InForce<Toolkit>::get().controlChanged(*removed);
+  if (removed && isOpen_) InForce<Toolkit>::get().controlChanged(*removed);
 }
 
 namespace {
 
-/// Removes a closed window from the open, the dirty and the implicit windows.
+/// Removes a closed window from `Windows`, `mDirtyWindows` and `_mImplicitWindowList`.
 void removeFromWindowSupport(const Ref<Window>& window) {
   auto& windows = _WindowSupport.Windows;
   for (auto entry = windows.begin(); entry != windows.end(); ++entry) {
@@ -153,12 +153,12 @@ void removeFromWindowSupport(const Ref<Window>& window) {
 
 bool Window::_UnifiedClose(bool quitting) {
   const Ref<Window> self(this);
-  if (closed_ || closing_) return closed_;
-  const ScopedFlag closing(closing_);
+  if (isClosed_ || isClosing_) return isClosed_;
+  const ScopedFlag closing(isClosing_);
   if (callHandler(*this, Events::CancelClose, quitting)) return false;
   setActive(false);
   callHandler(*this, Events::Close);
-  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  if (std::exchange(isOpen_, false)) InForce<Toolkit>::get().windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
     yieldToToolkit();  // a stop signal must not interrupt the closing
@@ -169,27 +169,27 @@ bool Window::_UnifiedClose(bool quitting) {
 }
 
 void Window::discard() {
-  closed_ = true;
-  if (std::exchange(open_, false)) InForce<Toolkit>::get().windowClosed(*this);
+  isClosed_ = true;
+  if (std::exchange(isOpen_, false)) InForce<Toolkit>::get().windowClosed(*this);
   while (!_mControlList.empty()) _RemoveControl(_mControlList.back());
-  _mMenuHandlers = nullptr;  // a handler may be bound to this very window
+  _mMenuHandlers = nullptr;  // a handler bound to this window would keep it alive
   removeFromWindowSupport(Ref<Window>(this));
 }
 
 void Window::_CallActivated() {
-  active_ = true;
+  isActive_ = true;
   callHandler(*this, Events::Activate);
   EnableMenuItems();
 }
 
 void Window::_CallDeactivated() {
-  active_ = false;
+  isActive_ = false;
   callHandler(*this, Events::Deactivate);
   EnableMenuItems();
 }
 
 void Window::setActive(bool active) {
-  if (active == active_) return;
+  if (active == isActive_) return;
   active ? _CallActivated() : _CallDeactivated();
 }
 
@@ -219,8 +219,7 @@ void Window::_EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items) {
 }
 
 void removeAllWindows() {
-  // Breaks the reference cycle of a window whose menu handler is bound to the window. Must not
-  // allocate, because memory may be exhausted.
+  // Must not allocate, because memory may be exhausted.
   auto& windows = _WindowSupport.Windows;
   while (!windows.empty()) Ref<Window>(windows.back())->discard();
 }
@@ -235,13 +234,13 @@ Ref<Window> frontWindow() {
 
 Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name) {
   const auto& names = window._mControlNames;
-  // Names are mostly constants, so the same record usually finds the same control as before.
+  // Most names are constants, so the same record usually means the same control as before.
   const auto address = reinterpret_cast<std::uintptr_t>(name.record());
   std::uint8_t& hint = window.places_[address / alignof(StringRecord) % window.places_.size()];
   if (hint != 0 && names[hint - 1U].record() == name.record()) {
     return window._mControlList[hint - 1U];
   }
-  // From the end, because the newest control of a name is found.
+  // Search from the end: the newest control of a name counts.
   const auto found = std::find(names.rbegin(), names.rend(), name);
   if (found == names.rend()) return nullptr;
   const auto place = static_cast<std::size_t>(names.rend() - found);

@@ -15,7 +15,7 @@ namespace veldrin {
 
 /// A window with its controls. `New` makes it; `Constructor` opens it and raises, in this order,
 /// "Layout", "CreateControls", "AddMenuHandlers", "SetupBindings", the "Open" of each control, and
-/// the window's "Open". The framework keeps a reference to an open window until it is closed. If a
+/// the window's "Open". The framework keeps a reference to each window until it is closed. If a
 /// handler closes the window or throws during the opening, the remaining events are not raised and
 /// the window is never shown.
 class Window : public Described<Window, Object> {
@@ -23,12 +23,12 @@ class Window : public Described<Window, Object> {
   static constexpr FixedString FullName = "Window";
   static void fillTable(ClassTable<Window>& table);
 
-  /// The events of a window, in the order of its table. A handler returns true for handled. The
-  /// handler of "CancelClose" gets whether the application is quitting and returns true to refuse.
-  /// "Activate" and "Deactivate" alternate, also around a dialog. "KeyDown" gets the characters of
-  /// a key that no control uses. No toolkit raises "KeyUp", "Paint", "Resizing", "Resized",
-  /// "Maximize" or the events of the mouse, of dragging and of contextual menus. They exist because
-  /// the framework's conventions ask for them.
+  /// The events of a window, in the order of its table. A handler with a result returns true for
+  /// handled. The handler of "CancelClose" gets true if the application is quitting, and returns
+  /// true to refuse. "Activate" and "Deactivate" alternate, also around a dialog. "KeyDown" gets
+  /// the characters of a key that no control has handled. No toolkit raises "KeyUp", "Paint",
+  /// "Resizing", "Resized", "Maximize" or the events of the mouse, of dragging and of contextual
+  /// menus. They exist because the framework's conventions ask for them.
   struct Events {
     static constexpr Event<void()> Layout{"Layout"_s};
     static constexpr Event<void()> CreateControls{"CreateControls"_s};
@@ -67,15 +67,15 @@ class Window : public Described<Window, Object> {
         "DragOver"_s};
   };
 
-  /// `RuntimeCreateWindow`: adds the window to the open windows.
+  /// `RuntimeCreateWindow`: adds the window to `WindowSupport::Windows`.
   void __Init();
-  /// `RuntimeViewDestructor`: releases the toolkit's window and the controls.
+  /// `RuntimeViewDestructor`: removes the window from the toolkit and releases the controls.
   void __Exit();
   /// `WindowDefaultConstructor`: raises the events of the opening and passes the window to the
   /// toolkit.
   virtual void Constructor();
 
-  /// Makes an object of the class. The form makes its controls and dates by this method.
+  /// Makes an object of a class. The form makes its controls and dates with this method.
   [[nodiscard]] virtual Ref<Object> __New(ClassRecord* record) const {
     return RuntimeNewObject(record);
   }
@@ -85,16 +85,16 @@ class Window : public Described<Window, Object> {
   /// added to an open window. Raises `IllegalCastException` if the object is not a control.
   virtual void _AddControl(const String& name, const Ref<Object>& control);
 
-  /// Removes a control under all its names. The argument may refer into the window's own list.
+  /// Removes a control under all its names. `control` may refer into the window's own list.
   virtual void _RemoveControl(const Ref<Control>& control);
 
   /// Closes the window as its close button does.
   virtual void Close() { _UnifiedClose(false); }
   /// Closes the controls and the window. Returns false if the handler of "CancelClose" refuses or
-  /// the window is already being closed. Returns true for a closed window. Closing the last window
-  /// may end the application, see `Application::AutoQuit`.
+  /// the window is already being closed. Returns true for a closed window. Unless `quitting`,
+  /// closing the last window may end the application, see `Application::AutoQuit`.
   virtual bool _UnifiedClose(bool quitting);
-  /// Removes the window from the toolkit and from the open windows without raising an event.
+  /// Closes the window without raising an event; nothing can refuse.
   void discard();
 
   /// A property whose changes are reported to the toolkit while the window is open.
@@ -103,8 +103,8 @@ class Window : public Described<Window, Object> {
 
   Live<Ref<veldrin::MenuBar>> MenuBar{*this};  ///< nil for the application's bar
 
-  /// Marks an open window as waiting for a redraw. It exists because the framework's conventions
-  /// ask for it; nothing in Veldrin calls it.
+  /// Marks the window, unless closed, as waiting for a redraw. It exists because the framework's
+  /// conventions ask for it; nothing in Veldrin calls it.
   virtual void _AddDirtyWindow();
 
   /// Marks the window active, raises "Activate" and refreshes the menu items.
@@ -113,29 +113,29 @@ class Window : public Described<Window, Object> {
   virtual void _CallDeactivated();
   /// Calls `_CallActivated` or `_CallDeactivated` if the window is not in that state yet.
   void setActive(bool active);
-  [[nodiscard]] bool isActive() const { return active_; }
+  [[nodiscard]] bool isActive() const { return isActive_; }
 
-  /// Binds the menu item of that name to a handler. Nil enables the item and leaves the command to
-  /// the item's own "Action".
+  /// Binds the menu item of that name to a handler. With a nil handler, the item is enabled and
+  /// keeps its own "Action".
   virtual void _AddMenuHandler(const String& name, const Ref<Delegate>& handler);
   /// Calls the handler bound to the menu item of that name. Returns false if there is none.
   bool callMenuHandler(const String& name);
   /// Whether the menu item of that name has been bound, also if bound to nil.
   [[nodiscard]] bool hasMenuHandler(const String& name) const;
-  /// Raises "EnableMenuItems" and enables the items that are bound to a handler of the window.
+  /// Raises "EnableMenuItems" and enables the items for which `hasMenuHandler` is true.
   virtual void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
   /// Called first when the user chooses a menu item, see `Session::handlesMenuCommand`. An override
   /// returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
-  /// The controls in the order in which they were added.
+  /// The controls in the order of adding.
   [[nodiscard]] const std::vector<Ref<Control>>& controls() const { return _mControlList; }
 
   /// Whether the opening is complete and the window is not closed.
-  [[nodiscard]] bool isOpen() const { return open_; }
+  [[nodiscard]] bool isOpen() const { return isOpen_; }
 
   std::int32_t Placement = 0;       ///< 0: the toolkit chooses the place on the screen
-  Live<std::int32_t> Width{*this};  ///< of the content in pixels, as all sizes
+  Live<std::int32_t> Width{*this};  ///< of the content, in pixels, like all sizes here
   Live<std::int32_t> Height{*this};
   Live<std::int32_t> MinWidth{*this};
   Live<std::int32_t> MinHeight{*this};
@@ -163,32 +163,32 @@ class Window : public Described<Window, Object> {
 
   /// Tells the toolkit of a change made by the program.
   void changed();
-  void raiseTheOpening();
+  void raiseOpeningEvents();
 
   std::vector<String> _mControlNames;
-  /// A cache of `RuntimeWindowControlByName`: for a hash of the name's address, the index of its
-  /// control plus 1. Cleared when controls are added or removed.
+  /// A cache of `RuntimeWindowControlByName`, indexed by a hash of the name's address: 1 plus the
+  /// control's index, or 0 for none. Cleared when controls are added or removed.
   mutable std::array<std::uint8_t, 64> places_{};
   std::vector<Ref<Control>> _mControlList;  ///< parallel to `_mControlNames`
   Ref<Dictionary> _mMenuHandlers;
-  bool open_ = false;
-  bool active_ = false;
-  bool closing_ = false;
-  bool closed_ = false;
+  bool isOpen_ = false;
+  bool isActive_ = false;
+  bool isClosing_ = false;
+  bool isClosed_ = false;
 };
 
-/// The framework's state of all windows of the process.
+/// The framework's state for all windows of the process.
 struct WindowSupport {
-  std::vector<Ref<Window>> Windows;  ///< the open windows; this reference keeps them alive
+  std::vector<Ref<Window>> Windows;  ///< the windows not closed yet; keeps them alive
   Ref<Dictionary> mDirtyWindows;     ///< see `Window::_AddDirtyWindow`; nil until used
 };
 inline WindowSupport _WindowSupport;
 
 /// The implicit windows by class name. It exists because the framework's conventions ask for it; it
-/// stays nil, and `_GetImplicitWindow` searches the open windows instead.
+/// stays nil, and `_GetImplicitWindow` searches `WindowSupport::Windows` instead.
 inline Ref<Dictionary> _mImplicitWindowList;
 
-/// Removes all open windows without raising events.
+/// Closes all windows without raising events.
 void removeAllWindows();
 
 /// The control of that name in the window, or nil.
@@ -201,10 +201,10 @@ Ref<T> RuntimeWindowControlByName(const Window& window, const String& name) {
   return CheckCast<T>(RuntimeWindowControlByName(window, name));
 }
 
-/// The active window, else the window opened last; nil if no window is open.
+/// The active window, else the newest one that is not closed, else nil.
 Ref<Window> frontWindow();
 
-/// The open window whose class has that full name, or nil.
+/// The oldest window that is not closed and whose class has that full name, or nil.
 Ref<Window> _GetImplicitWindow(const String& className);
 
 }  // namespace veldrin
