@@ -12,44 +12,44 @@ inline constexpr double MinutesOfHour = 60.0;
 inline constexpr std::int32_t MinutesOfDay = 1440;
 inline constexpr std::int32_t SecondsOfDay = 86400;
 
-/// A day by its fields.
+/// A calendar day.
 struct CivilDay {
   std::int64_t year;
-  std::int32_t month;  // [1:12]
-  std::int32_t day;    // [1:days of the month]
+  std::int32_t month;  ///< 1 to 12
+  std::int32_t day;    ///< 1 to `daysInMonth`
 
   bool operator==(const CivilDay&) const = default;
 };
 
-/// A moment by its fields, in local time.
+/// A date and a time of day, in local time.
 struct CivilMoment {
   std::int32_t year;
-  std::int32_t month;   // [1:12]
-  std::int32_t day;     // [1:days of the month]
-  std::int32_t hour;    // [0:23]
-  std::int32_t minute;  // [0:59]
-  std::int32_t second;  // [0:59]
+  std::int32_t month;   ///< 1 to 12
+  std::int32_t day;     ///< 1 to `daysInMonth`
+  std::int32_t hour;    ///< 0 to 23
+  std::int32_t minute;  ///< 0 to 59
+  std::int32_t second;  ///< 0 to 59
 
   bool operator==(const CivilMoment&) const = default;
 };
 
 /// The number of days in a month; `month` is 1 to 12.
 constexpr std::int32_t daysInMonth(std::int64_t year, std::int32_t month) {
-  const bool leap = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-  if (month == 2) return leap ? 29 : 28;
+  const bool isLeapYear = year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+  if (month == 2) return isLeapYear ? 29 : 28;
   return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
 }
 
-/// The day number of a date in a year from -2^40 to 2^40. `month` is 1 to 12. `day` may be any
-/// number: 0 is the last day of the previous month. The computation starts the year in March, so
-/// that the leap day comes last: E. G. Richards, Calendars, in the Explanatory Supplement to the
+/// The day number of a date in a year from -2^40 to 2^40. `month` is 1 to 12. `day` may be outside
+/// the month: 0 is the last day of the previous month. The computation counts from March, so that
+/// the leap day comes last. Source: E. G. Richards, Calendars, in the Explanatory Supplement to the
 /// Astronomical Almanac, 3rd edition, 15.11.
 constexpr std::int64_t dayNumber(std::int64_t year, std::int32_t month, std::int64_t day) {
-  const std::int64_t y = month <= 2 ? year - 1 : year;
-  const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
-  const std::int64_t yearOfEra = y - era * 400;
-  const std::int64_t dayOfYear = (153 * (month > 2 ? month - 3 : month + 9) + 2) / 5;
-  const std::int64_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
+  const std::int64_t marchYear = month <= 2 ? year - 1 : year;
+  const std::int64_t era = (marchYear >= 0 ? marchYear : marchYear - 399) / 400;
+  const std::int64_t yearOfEra = marchYear - era * 400;
+  const std::int64_t daysBeforeMonth = (153 * (month > 2 ? month - 3 : month + 9) + 2) / 5;
+  const std::int64_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + daysBeforeMonth;
   return era * 146097 + dayOfEra - 719468 + (day - 1);
 }
 
@@ -60,11 +60,13 @@ constexpr CivilDay civilDay(std::int64_t number) {
   const std::int64_t dayOfEra = shifted - era * 146097;
   const std::int64_t yearOfEra =
       (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  const std::int64_t dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  const std::int64_t month = (5 * dayOfYear + 2) / 153;
-  return {yearOfEra + era * 400 + (month >= 10 ? 1 : 0),
-          static_cast<std::int32_t>(month < 10 ? month + 3 : month - 9),
-          static_cast<std::int32_t>(dayOfYear - (153 * month + 2) / 5 + 1)};
+  const std::int64_t daysSinceMarch1 =
+      dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
+  const std::int64_t monthsSinceMarch = (5 * daysSinceMarch1 + 2) / 153;
+  return {yearOfEra + era * 400 + (monthsSinceMarch >= 10 ? 1 : 0),
+          static_cast<std::int32_t>(monthsSinceMarch < 10 ? monthsSinceMarch + 3
+                                                          : monthsSinceMarch - 9),
+          static_cast<std::int32_t>(daysSinceMarch1 - (153 * monthsSinceMarch + 2) / 5 + 1)};
 }
 
 /// The day of the week: 1 is Sunday, 7 is Saturday.

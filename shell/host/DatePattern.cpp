@@ -7,7 +7,7 @@
 namespace veldrin {
 namespace {
 
-/// A conversion of a pattern and the literal text before it.
+/// A strftime conversion, such as "%d", and the literal text before it.
 struct Piece {
   std::string before;
   std::string modifiers;  ///< flags and the letters E and O, as in "%-d" and "%Ey"
@@ -36,13 +36,12 @@ std::vector<Piece> piecesOf(std::string_view pattern) {
   return pieces;
 }
 
-/// The pattern with every composite conversion expanded, such as "%T" to "%H:%M:%S". %x and %X are
-/// expanded to `patterns.date` and `patterns.time`.
+/// Expands %D, %F, %R, %T, %r, %x and %X: "%T" becomes "%H:%M:%S". The patterns of the locale
+/// replace the last three.
 std::string expanded(std::string_view pattern, const DatePatterns& patterns = {}) {
   std::string result;
   for (const Piece& piece : piecesOf(pattern)) {
     result += piece.before;
-    const std::string& r = patterns.twelveHours;
     switch (piece.letter) {
       case '\0':
         break;
@@ -59,7 +58,7 @@ std::string expanded(std::string_view pattern, const DatePatterns& patterns = {}
         result += "%H:%M:%S";
         break;
       case 'r':
-        result += r.empty() ? "%I:%M:%S %p" : r;
+        result += patterns.twelveHours.empty() ? "%I:%M:%S %p" : patterns.twelveHours;
         break;
       case 'x':
         result += expanded(patterns.date);
@@ -127,7 +126,7 @@ bool hasMonthInWords(const std::vector<Piece>& pieces) {
   return month->letter != 'm' || beginsWithLetter((month + 1)->before);
 }
 
-/// A date with its month in words, from the patterns or from the order of the short form.
+/// A date with its month in words: the first such pattern, else one in the order of the short form.
 std::vector<Piece> dateWithMonthInWords(const DatePatterns& patterns) {
   for (const std::string& pattern : {patterns.program, patterns.dateAndTime, patterns.date}) {
     std::vector<Piece> pieces = piecesOf(plainBlanks(expanded(pattern, patterns)));
@@ -152,74 +151,75 @@ std::vector<Piece> dateWithMonthInWords(const DatePatterns& patterns) {
 std::vector<Piece> withoutTime(const std::vector<Piece>& pieces) {
   std::vector<Piece> fields;
   std::string tail;
-  bool cut = true;
+  bool isAfterRemoved = true;
   for (Piece piece : pieces) {
     if (fieldOf(piece.letter) == '\0' && !isOneOf(piece.letter, "aAC")) {
-      if (!cut) tail = attached(piece.before);
-      cut = true;
+      if (!isAfterRemoved) tail = attached(piece.before);
+      isAfterRemoved = true;
       continue;
     }
-    if (cut) {
+    if (isAfterRemoved) {
       piece.before.erase(0, piece.before.find_last_of(' ') + 1);
       piece.before.insert(0, fields.empty() ? "" : tail + " ");
     }
-    cut = false;
+    isAfterRemoved = false;
     fields.push_back(std::move(piece));
   }
-  fields.push_back({cut ? tail : "", "", '\0'});
+  fields.push_back({isAfterRemoved ? tail : "", "", '\0'});
   return fields;
 }
 
-/// Adds the commas, and a leading weekday if the date has none.
+/// Adds a leading weekday if the date has no weekday, and the commas.
 void punctuate(std::vector<Piece>& fields) {
   if (std::ranges::none_of(fields, isWeekday)) {
     fields.front().before.insert(0, " ");
     fields.insert(fields.begin(), {"", "", 'A'});
   }
   for (std::size_t at = 1; at < fields.size(); ++at) {
-    const Piece& last = fields[at - 1];
-    const bool twoNumbers = fieldOf(last.letter) == 'd' && fieldOf(fields[at].letter) == 'y';
-    const bool parted = twoNumbers || (at == 1 && isWeekday(last));
-    if (parted && fields[at].before == " ") fields[at].before = ", ";
+    const Piece& previous = fields[at - 1];
+    const bool isDayThenYear = fieldOf(previous.letter) == 'd' && fieldOf(fields[at].letter) == 'y';
+    const bool needsComma = isDayThenYear || (at == 1 && isWeekday(previous));
+    if (needsComma && fields[at].before == " ") fields[at].before = ", ";
   }
 }
 
-std::string conversionOf(const Piece& field, bool fullName) {
-  const bool other = field.modifiers.find_first_of("EO") != std::string::npos;
-  const std::string kept = other ? field.modifiers.substr(field.modifiers.size() - 1) : "";
-  if (isWeekday(field)) return fullName ? "%A" : "%a";
-  if (isOneOf(field.letter, "bBh")) return "%" + kept + (fullName ? "B" : "b");
-  if (fieldOf(field.letter) == 'y') return "%" + kept + (other ? field.letter : 'Y');
-  return (field.letter == 'C' ? "%" : "%-") + kept + (field.letter == 'e' ? 'd' : field.letter);
+std::string conversionOf(const Piece& field, bool isFull) {
+  const bool hasModifier = field.modifiers.find_first_of("EO") != std::string::npos;
+  const std::string modifier =
+      hasModifier ? field.modifiers.substr(field.modifiers.size() - 1) : "";
+  if (isWeekday(field)) return isFull ? "%A" : "%a";
+  if (isOneOf(field.letter, "bBh")) return "%" + modifier + (isFull ? "B" : "b");
+  if (fieldOf(field.letter) == 'y') return "%" + modifier + (hasModifier ? field.letter : 'Y');
+  return (field.letter == 'C' ? "%" : "%-") + modifier + (field.letter == 'e' ? 'd' : field.letter);
 }
 
-std::string datePattern(const DatePatterns& patterns, bool fullNames) {
+std::string datePattern(const DatePatterns& patterns, bool hasFullNames) {
   std::vector<Piece> fields = withoutTime(dateWithMonthInWords(patterns));
   punctuate(fields);
   std::string result;
   for (std::size_t at = 0; at + 1 < fields.size(); ++at) {
     std::string& next = fields[at + 1].before;
-    // A grammatical ending needs the full name; a point after a name needs its abbreviation.
-    const bool full = fullNames || beginsWithLetter(next);
-    if (full && isOneOf(fields[at].letter, "abh") && next.starts_with('.')) next.erase(0, 1);
-    result += fields[at].before + conversionOf(fields[at], full);
+    // A grammatical ending needs the full name. A full name loses the abbreviation's point.
+    const bool isFull = hasFullNames || beginsWithLetter(next);
+    if (isFull && isOneOf(fields[at].letter, "abh") && next.starts_with('.')) next.erase(0, 1);
+    result += fields[at].before + conversionOf(fields[at], isFull);
   }
   return result + fields.back().before;
 }
 
-/// The time pattern without its zone, and without seconds unless `seconds`. A removed conversion
-/// takes along the mark before it and the word after it.
-std::string timePattern(const DatePatterns& patterns, bool seconds) {
+/// %X without the time zone, and without the seconds unless `hasSeconds`. Removing a conversion
+/// also removes the mark before it and the word after it.
+std::string timePattern(const DatePatterns& patterns, bool hasSeconds) {
   std::string result;
-  bool dropped = false;
+  bool isRemoved = false;
   for (Piece& piece : piecesOf(expanded(patterns.time, patterns))) {
-    if (dropped) piece.before.erase(0, attached(piece.before).size());
-    dropped = isOneOf(piece.letter, "Zz") || (piece.letter == 'S' && !seconds);
-    if (dropped && isOneOf(piece.before.empty() ? '\0' : piece.before.back(), ":. ")) {
+    if (isRemoved) piece.before.erase(0, attached(piece.before).size());
+    isRemoved = isOneOf(piece.letter, "Zz") || (piece.letter == 'S' && !hasSeconds);
+    if (isRemoved && isOneOf(piece.before.empty() ? '\0' : piece.before.back(), ":. ")) {
       piece.before.pop_back();
     }
     result += piece.before;
-    if (!dropped && piece.letter != '\0') (result += '%').append(piece.modifiers) += piece.letter;
+    if (!isRemoved && piece.letter != '\0') (result += '%').append(piece.modifiers) += piece.letter;
   }
   return result.erase(0, result.find_first_not_of(' '));
 }

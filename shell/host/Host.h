@@ -9,7 +9,7 @@
 
 namespace veldrin {
 
-/// The host's short date: the order of its three numbers and the mark between them.
+/// The host's short date: the order of day, month and year, and the mark between them.
 struct ShortDateForm {
   enum class Order : std::uint8_t { MonthDayYear, DayMonthYear, YearMonthDay, YearDayMonth };
 
@@ -22,7 +22,7 @@ struct ShortDateForm {
 /// The longer forms in which the host writes a date or a time of day.
 enum class DateText : std::uint8_t { LongDate, AbbreviatedDate, ShortTime, LongTime };
 
-/// The machine that Veldrin runs on: its clock, time zone and date forms. The host in force is
+/// The machine that Veldrin runs on: its clock, time zone and date forms. The current host is
 /// `InForce<Host>::get()`.
 class Host {
  public:
@@ -35,11 +35,11 @@ class Host {
   /// The current time in seconds since 1970-01-01 00:00:00 UTC.
   [[nodiscard]] virtual std::int64_t now() const = 0;
 
-  /// The local time at a moment of `now`'s scale.
+  /// The local time at a moment, which counts seconds as `now` does.
   [[nodiscard]] virtual CivilMoment localTime(std::int64_t moment) const = 0;
 
-  /// The zone's UTC offset at a moment of `now`'s scale, in hours, east positive, daylight-saving
-  /// time included.
+  /// The host's UTC offset at a moment, which counts seconds as `now` does. In hours, east
+  /// positive, daylight saving included.
   [[nodiscard]] virtual double offsetAt(std::int64_t moment) const = 0;
 
   /// The UTC offset at a local moment, in hours. For a repeated local time, the offset of its first

@@ -22,14 +22,14 @@ std::string inUtf8(std::string text, const char* codeset) {
   std::string result(text.size() * 4, '\0');
   char* from = text.data();
   char* to = result.data();
-  std::size_t left = text.size();
-  std::size_t room = result.size();
+  std::size_t remaining = text.size();
+  std::size_t space = result.size();
   constexpr auto Failed = static_cast<std::size_t>(-1);
   auto* const converter = ::iconv_open("UTF-8", codeset);
-  const bool opened = reinterpret_cast<std::intptr_t>(converter) != -1;
-  const bool converted = opened && ::iconv(converter, &from, &left, &to, &room) != Failed;
-  if (opened) ::iconv_close(converter);
-  if (converted) return result.substr(0, result.size() - room);
+  const bool isOpen = reinterpret_cast<std::intptr_t>(converter) != -1;
+  const bool isConverted = isOpen && ::iconv(converter, &from, &remaining, &to, &space) != Failed;
+  if (isOpen) ::iconv_close(converter);
+  if (isConverted) return result.substr(0, result.size() - space);
   std::ranges::replace_if(
       text, [&](char byte) { return !isAscii(byte); }, '?');
   return text;
@@ -57,20 +57,21 @@ LocaleTexts::LocaleTexts() : locale_(newlocale(LC_TIME_MASK, "", nullptr)) {
 }
 
 std::string LocaleTexts::text(DateText which, const CivilMoment& moment) const {
-  const auto of = [this](nl_item item) { return nl_langinfo_l(item, locale_.get()); };
+  const auto itemOf = [this](nl_item item) { return nl_langinfo_l(item, locale_.get()); };
   // _DATE_FMT (the pattern of the program `date`) and _NL_TIME_CODESET are GNU extensions. The
   // encoding of LC_TIME may differ from CODESET, the encoding of LC_CTYPE.
-  const DatePatterns patterns{of(_DATE_FMT), of(D_T_FMT), of(D_FMT), of(T_FMT), of(T_FMT_AMPM)};
+  const DatePatterns patterns{itemOf(_DATE_FMT), itemOf(D_T_FMT), itemOf(D_FMT), itemOf(T_FMT),
+                              itemOf(T_FMT_AMPM)};
   const tm fields = fieldsOf(moment);
   std::array<char, 1024> text{};
   const std::string pattern = patternOf(which, patterns);
   std::size_t length =
       ::strftime_l(text.data(), text.size(), pattern.c_str(), &fields, locale_.get());
-  // Some locales pad the hour with a blank, or print %p although they have no text for AM and PM.
+  // Trim blanks: some locales pad the hour, or use %p without texts for AM and PM.
   while (length > 0 && text[length - 1] == ' ') --length;
   const std::size_t first = std::string_view(text.data(), length).find_first_not_of(' ');
   const std::size_t blanks = std::min(first, length);
-  return inUtf8({text.data() + blanks, length - blanks}, of(_NL_TIME_CODESET));
+  return inUtf8({text.data() + blanks, length - blanks}, itemOf(_NL_TIME_CODESET));
 }
 
 }  // namespace veldrin

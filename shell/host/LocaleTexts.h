@@ -9,8 +9,8 @@
 
 namespace veldrin {
 
-/// Writes dates and times by the locale of the environment (`LC_ALL`, `LC_TIME`, `LANG`), or by the
-/// locale "C" if that locale is not installed. Never changes the process's C locale.
+/// Writes dates and times in the locale of the environment (`LC_ALL`, `LC_TIME`, `LANG`). If it is
+/// not installed, the locale "C" replaces it. Never changes the process's C locale.
 class LocaleTexts {
  public:
   LocaleTexts();
@@ -20,11 +20,11 @@ class LocaleTexts {
   [[nodiscard]] std::string text(DateText which, const CivilMoment& moment) const;
 
  private:
-  struct Freed {
+  struct FreeLocale {
     void operator()(locale_t locale) const { freelocale(locale); }
   };
 
-  std::unique_ptr<std::remove_pointer_t<locale_t>, Freed> locale_;
+  std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale> locale_;
 };
 
 }  // namespace veldrin

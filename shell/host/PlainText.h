@@ -6,7 +6,7 @@
 
 namespace veldrin {
 
-/// Whether a byte continues a character of UTF-8.
+/// Whether a byte is a continuation byte of UTF-8.
 constexpr bool continuesCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
@@ -15,11 +15,11 @@ constexpr bool continuesCharacter(char byte) {
 /// none from U+007F to U+009F.
 bool isPlainText(std::string_view text);
 
-/// The text as one line for a terminal. Each control character, and each byte that is not UTF-8,
-/// becomes "?".
+/// The text as one line for a terminal. Each control character, and each byte or sequence that is
+/// not UTF-8, becomes "?".
 std::string onOneLine(std::string_view text);
 
-/// The text, or at most its first `most` bytes and "...". Never cuts a character of UTF-8.
+/// Cuts a text of more than `most` bytes to at most `most` and adds "...". Keeps characters whole.
 std::string shortened(std::string_view text, std::size_t most);
 
 }  // namespace veldrin

@@ -13,7 +13,7 @@ namespace veldrin {
 namespace {
 
 volatile std::sig_atomic_t lastSignal = 0;
-/// The reading and the writing end; -1 until `stopSignalDescriptor` opens the pipe.
+/// The reading and the writing end of the pipe of `stopSignalDescriptor`; -1 if there is no pipe.
 volatile std::sig_atomic_t pipeEnds[2] = {-1, -1};
 
 void wake() {

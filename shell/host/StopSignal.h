@@ -6,12 +6,12 @@
 
 namespace veldrin {
 
-// How the OS asks the process to end: by a stop signal, which is SIGTERM, SIGINT or SIGHUP.
+// A stop signal asks the process to end: SIGTERM, SIGINT or SIGHUP.
 
 /// While a guard exists, a stop signal ends the process in an orderly way. The event loop ends as
-/// if the user had quit, and a run in progress raises `EndException` at its next yield. A second
-/// signal of the same kind ends the process at once. A signal that is ignored when the guard is
-/// made stays ignored. Only one guard may exist at a time.
+/// if the user had quit, and a running loop raises `EndException` at its next yield. A second
+/// signal of the same kind ends the process at once. A signal that is already ignored or handled
+/// stays so. Only one guard may exist at a time.
 class StopSignalGuard {
  public:
   StopSignalGuard();
@@ -24,16 +24,16 @@ class StopSignalGuard {
   struct sigaction before_[3]{};
 };
 
-/// The number of the stop signal that the process has received, or 0.
+/// The number of the last stop signal, or 0 if there was none or `dismissStop` has forgotten it.
 int stopSignal();
 
-/// The name of the received stop signal, such as "SIGTERM", or an empty text.
+/// The name of `stopSignal()`, such as "SIGTERM"; empty for 0.
 String stopSignalName();
 
-/// Forgets the stop signal: the user or a handler has refused to end the process.
+/// Forgets the stop signal. Call if the user or a handler refuses to end the process.
 void dismissStop();
 
-/// Makes an accepted stop signal pending again, because its `EndException` was dropped.
+/// Makes an accepted stop signal pending again. Call if its `EndException` was dropped.
 void repeatStop();
 
 /// A descriptor that becomes readable when a stop signal arrives, for a toolkit's event loop. The

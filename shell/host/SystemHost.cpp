@@ -13,8 +13,8 @@
 namespace veldrin {
 namespace {
 
-/// The short date form of the environment's locale. Without one this is the form of the locale "C",
-/// month/day/year.
+/// The short date form of the environment's locale. If it is not installed, that is month/day/year
+/// with "/", as in the locale "C".
 ShortDateForm environmentForm() {
   const locale_t locale = newlocale(LC_TIME_MASK, "", nullptr);
   if (locale == nullptr) return {};
@@ -23,7 +23,7 @@ ShortDateForm environmentForm() {
   return form;
 }
 
-/// An instant in local time, or nothing if its year does not fit in `tm`.
+/// An instant in local time; nullopt if its year does not fit in `tm`.
 std::optional<tm> localFields(std::int64_t moment) {
   tm fields{};
   const auto seconds = static_cast<time_t>(moment);
@@ -37,7 +37,7 @@ std::int32_t secondOf(const tm& fields) {
   return std::min(fields.tm_sec, 59);
 }
 
-/// Whether the broken-down time is that civil moment.
+/// Whether the local time equals the moment.
 bool isAt(const tm& fields, const CivilMoment& moment) {
   return fields.tm_year + 1900 == moment.year && fields.tm_mon + 1 == moment.month &&
          fields.tm_mday == moment.day && fields.tm_hour == moment.hour &&

@@ -23,7 +23,7 @@ class SystemHost final : public Host {
 
  private:
   ShortDateForm form_;
-  mutable std::optional<LocaleTexts> texts_;  ///< made on first use: most runs need none
+  mutable std::optional<LocaleTexts> texts_;  ///< made on first use: most runs write no such text
 };
 
 }  // namespace veldrin
