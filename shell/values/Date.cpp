@@ -25,7 +25,7 @@ constexpr Quotient divide(std::int64_t value, std::int64_t by) {
   return {whole, value - whole * by};
 }
 
-/// At least four digits, with a "-" before a negative year.
+/// At least four digits, after a "-" if the year is negative.
 String yearText(std::int32_t year) {
   return Format(year, "0000"_s);
 }
@@ -80,8 +80,8 @@ void Date::Constructor(const Ref<Date>& other) {
 
 void Date::Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
                        std::int32_t minute, std::int32_t second) {
-  constexpr double HostsOwn = std::numeric_limits<double>::quiet_NaN();
-  __Set(year, month, day, hour, minute, second, HostsOwn);
+  constexpr double Unchanged = std::numeric_limits<double>::quiet_NaN();
+  __Set(year, month, day, hour, minute, second, Unchanged);
 }
 
 void Date::Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
@@ -220,7 +220,7 @@ String Date::LongTime() const {
 
 void Date::TotalSeconds(double seconds) {
   if (std::isnan(seconds)) return;
-  // Beyond every 32-bit year, and within the 64-bit integers.
+  // Beyond all 32-bit years, but within 64-bit integers.
   constexpr double Bound = 1e17;
   const auto whole =
       static_cast<std::int64_t>(std::floor(std::fmin(std::fmax(seconds, -Bound), Bound)));

@@ -11,19 +11,19 @@ namespace veldrin {
 
 /// A mutable civil moment in local time. A new date holds the host's current time.
 ///
-/// Every day has 86,400 seconds, even if the host's zone changes its clocks: adding 86,400.0 to
+/// Every day has 86,400 seconds, even if daylight saving begins or ends on it: adding 86,400.0 to
 /// `TotalSeconds` always moves the date by one calendar day.
 ///
 ///     const Ref<Date> day = New<Date>();
 ///     day->Year(2007);  day->Month(12);  day->Day(31);
 ///     day->TotalSeconds(day->TotalSeconds() + 86400.0);   // January 1, 2008, same time of day
 ///
-/// A field written out of its range carries over into the larger fields: `Month(13)` is January of
-/// the next year, `Day(0)` the last day of the previous month. A date beyond the 32-bit years
-/// becomes their first or last moment.
+/// A value outside the range of its field carries over into the larger fields: `Month(13)` is
+/// January of the next year, `Day(0)` the last day of the previous month. A result beyond the
+/// 32-bit years becomes the first or last moment of these years.
 ///
-/// Veldrin uses only year, month, day, `DayOfWeek`, `ShortDate`, `TotalSeconds`, `GMTOffset` and
-/// `Operator_Compare`. The framework's conventions require the other members.
+/// Veldrin uses only constructors, year, month, day, `DayOfWeek`, `ShortDate`, `TotalSeconds`,
+/// `GMTOffset` and `Operator_Compare`. The framework's conventions require the rest.
 class Date final : public Described<Date, Object> {
  public:
   static constexpr FixedString FullName = "Date";
@@ -35,9 +35,9 @@ class Date final : public Described<Date, Object> {
   void __Exit() {}
   /// Does nothing: `__Init` sets the moment.
   void Constructor() {}
-  /// Copies the other's moment and offset. Raises `NilObjectException` for nil.
+  /// Copies the moment and the offset of `other`. Raises `NilObjectException` for nil.
   void Constructor(const Ref<Date>& other);
-  /// Sets the fields. A month below 1 means January, a day below 1 means the first; other values
+  /// Sets the fields. A month below 1 means January, a day below 1 means the first. Other values
   /// out of range carry over.
   void Constructor(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
                    std::int32_t minute, std::int32_t second);
@@ -77,21 +77,21 @@ class Date final : public Described<Date, Object> {
   /// The time of day with seconds: "16:05:09".
   [[nodiscard]] String LongTime() const;
 
-  /// Civil seconds since 1904-01-01 00:00:00; later moments have larger values. Exact in the years
-  /// -285,424,877 to 285,428,684, that is up to 2^53; beyond them rounded by up to 4 seconds.
+  /// Civil seconds since 1904-01-01 00:00:00, negative before it. Exact up to 2^53 seconds, in the
+  /// years -285,424,877 to 285,428,684; beyond, rounded by up to 4 seconds.
   [[nodiscard]] double TotalSeconds() const {
     if (held_ == Held::Instant) readClock();
     return static_cast<double>((day_ - Origin) * SecondsOfDay + secondOfDay_);
   }
-  /// Sets the whole date. Rounds down to whole seconds; ignores NaN.
+  /// Sets the date and the time of day. Rounds down to whole seconds; ignores NaN.
   void TotalSeconds(double seconds);
 
-  /// The UTC offset in hours, east positive: the written offset, else that of the host's zone at
-  /// this date, daylight-saving time included. A date that was never changed uses the instant of
-  /// its creation. A changed date uses its fields, see `Host::gmtOffset`.
+  /// The UTC offset in hours, east positive: the offset that was set, else the host's offset at
+  /// this date, daylight saving included. A date that was never changed uses the instant of its
+  /// creation. A changed date uses its fields, see `Host::gmtOffset`.
   [[nodiscard]] double GMTOffset() const;
-  /// Sets an offset that stays until it is written again. The fields keep their values, so the date
-  /// becomes another instant. Infinities and NaN are ignored.
+  /// Sets the offset until the next call. The fields keep their values, so the date becomes another
+  /// instant. Infinities and NaN are ignored.
   void GMTOffset(double hours);
 
   /// Compares the fields and ignores the offsets: -1, 0 or 1 if this date is earlier than, equal to
@@ -108,7 +108,7 @@ class Date final : public Described<Date, Object> {
   /// written before they are read.
   enum class Held : std::uint8_t { Instant, Both, Fields };
 
-  /// The common body of the constructors with fields. A NaN offset keeps the host's. Sets day and
+  /// The common body of the constructors with fields. NaN leaves the offset unchanged. Sets day and
   /// month to 1 first, so that no intermediate date carries over.
   void __Set(std::int32_t year, std::int32_t month, std::int32_t day, std::int32_t hour,
              std::int32_t minute, std::int32_t second, double gmtOffset);
@@ -122,7 +122,8 @@ class Date final : public Described<Date, Object> {
   void set(std::int64_t day, std::int64_t secondOfDay);
   void setDay(std::int64_t year, std::int64_t month, std::int64_t day);
   void startOf(const CivilDay& day);
-  // Stored besides the fields because dates are compared far more often than they are written.
+  // `day_` and `secondOfDay_` repeat the fields, because dates are compared far more often than
+  // written.
   [[nodiscard]] std::int64_t day() const {
     if (held_ == Held::Instant) readClock();
     return day_;

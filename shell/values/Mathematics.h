@@ -15,16 +15,13 @@ namespace veldrin {
 static_assert(std::numeric_limits<double>::is_iec559);
 static_assert(FLT_EVAL_METHOD == 0);
 
-// The mathematical functions of the solar engine, from the C library; angles are in radians. The
-// build flags forbid the compiler to merge a sine and a cosine into one call or to fold constants,
-// because the last digit might differ from the library's.
+// Angles are in radians. The build flags forbid the compiler to merge a sine and a cosine into one
+// call or to fold constants, because the last digit might differ from the result of the C library.
 
-/// The sine of an angle.
 inline double Sin(double angle) {
   return std::sin(angle);
 }
 
-/// The cosine of an angle.
 inline double Cos(double angle) {
   return std::cos(angle);
 }
@@ -49,7 +46,6 @@ inline double Floor(double value) {
   return std::floor(value);
 }
 
-/// The absolute value.
 inline double Abs(double value) {
   return std::fabs(value);
 }

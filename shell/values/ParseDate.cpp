@@ -17,11 +17,11 @@ namespace {
 struct Number {
   std::int64_t value;
   std::size_t digits;
-  bool negative;
+  bool isNegative;
 };
 
-/// Reads a text from left to right. Plain loops make it fast: a year run reads two dates for every
-/// event.
+/// Reads a text from left to right. Plain loops make it fast, because the calendar of a year parses
+/// two dates for each event.
 class Parser {
  public:
   explicit Parser(std::string_view text) : at_(text.data()), end_(text.data() + text.size()) {}
@@ -35,17 +35,17 @@ class Parser {
 
   /// Reads a separator. Returns its mark, ' ' if it is only blanks, or 0 if there is none.
   char separator() {
-    const bool blanks = skipBlanks();
+    const bool hasBlanks = skipBlanks();
     // After blanks, a "-" right before a digit is the sign of a year.
-    const bool sign = blanks && end_ - at_ > 1 && *at_ == '-' && isDigit(at_[1]);
-    const bool mark = at_ != end_ && (*at_ == '/' || *at_ == '.' || *at_ == '-');
-    if (!mark || sign) return blanks ? ' ' : '\0';
+    const bool isSign = hasBlanks && end_ - at_ > 1 && *at_ == '-' && isDigit(at_[1]);
+    const bool hasMark = at_ != end_ && (*at_ == '/' || *at_ == '.' || *at_ == '-');
+    if (!hasMark || isSign) return hasBlanks ? ' ' : '\0';
     const char found = *at_++;
     skipBlanks();
     return found;
   }
 
-  /// Whether only a closing point and blanks are left.
+  /// Skips an optional "." and blanks. Returns whether the text ends there.
   bool ends() {
     if (at_ == end_) return true;
     if (*at_ == '.') ++at_;
@@ -53,10 +53,10 @@ class Parser {
     return at_ == end_;
   }
 
-  /// Reads a number. `digits` is 0 if there is none, or if it has more digits than a 32-bit year.
+  /// Reads a number. `digits` is 0 if there is none, or if it has more than 12 digits.
   Number number() {
-    const bool negative = at_ != end_ && *at_ == '-';
-    if (negative) ++at_;
+    const bool isNegative = at_ != end_ && *at_ == '-';
+    if (isNegative) ++at_;
     const char* const first = at_;
     std::uint64_t value = 0;  // wraps around if there are too many digits
     for (; at_ != end_ && isDigit(*at_); ++at_) {
@@ -66,7 +66,7 @@ class Parser {
     const auto digits = static_cast<std::size_t>(at_ - first);
     if (digits > MostDigits) return {0, 0, false};
     const auto magnitude = static_cast<std::int64_t>(value);
-    return {negative ? -magnitude : magnitude, digits, negative};
+    return {isNegative ? -magnitude : magnitude, digits, isNegative};
   }
 
  private:
@@ -75,7 +75,7 @@ class Parser {
 };
 
 bool isShort(const Number& number) {
-  return number.digits <= 2 && !number.negative;
+  return number.digits <= 2 && !number.isNegative;
 }
 
 std::optional<std::int64_t> yearOf(const Number& number) {
@@ -84,7 +84,7 @@ std::optional<std::int64_t> yearOf(const Number& number) {
     const bool fits = number.value >= Years::min() && number.value <= Years::max();
     return fits ? std::optional(number.value) : std::nullopt;
   }
-  if (number.digits != 2 || number.negative) return std::nullopt;
+  if (number.digits != 2 || number.isNegative) return std::nullopt;
   return number.value < 69 ? 2000 + number.value : 1900 + number.value;
 }
 
@@ -110,9 +110,9 @@ std::optional<CivilDay> readDate(std::string_view text, const ShortDateForm& for
   const Number third = parser.number();
   if (firstMark == '\0' || secondMark == '\0' || !parser.ends()) return std::nullopt;
   using enum ShortDateForm::Order;
-  const bool iso = first.digits >= 4 && firstMark == '-' && secondMark == '-' &&
-                   form != ShortDateForm{YearDayMonth, '-'};
-  if (iso || form.order == YearMonthDay) return dayOf(first, second, third);
+  const bool isIso = first.digits >= 4 && firstMark == '-' && secondMark == '-' &&
+                     form != ShortDateForm{YearDayMonth, '-'};
+  if (isIso || form.order == YearMonthDay) return dayOf(first, second, third);
   if (form.order == MonthDayYear) return dayOf(third, first, second);
   if (form.order == DayMonthYear) return dayOf(third, second, first);
   return dayOf(first, third, second);

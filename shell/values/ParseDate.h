@@ -9,16 +9,16 @@
 
 namespace veldrin {
 
-/// Reads a date, or returns nothing if the text is not one. Two forms are accepted, with blanks
-/// around them: the host's short form, with "/", ".", "-" or a blank between the numbers and
-/// optionally a "." after them; and year-month-day with a year of four digits or more, as in
-/// "2008-03-09". A year of two digits means 1969 to 2068. Month and day have one or two digits. The
-/// day must exist.
+/// Reads a date; nullopt if the text is not one or the day does not exist. The numbers are in the
+/// order of `form`, with "/", ".", "-" or a blank between them. A date such as "2008-03-09" is
+/// year-month-day in any form except year-day-month with "-". A year has two digits, meaning 1969
+/// to 2068, or at least four; month and day have one or two. Blanks may surround each part, and a
+/// "." may end the date.
 std::optional<CivilDay> readDate(std::string_view text, const ShortDateForm& form);
 
 /// Reads a date with `readDate` and the host's form. On success sets `date` to 00:00:00 of that
-/// day, making a new object for nil, and returns true. Otherwise leaves `date` unchanged. Never
-/// raises.
+/// day, in a new object if it is nil, and returns true. Otherwise returns false and leaves `date`
+/// unchanged.
 bool ParseDate(const String& text, Ref<Date>& date);
 
 }  // namespace veldrin

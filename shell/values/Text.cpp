@@ -41,13 +41,13 @@ Mantissa readMantissa(std::string_view text, std::size_t at) {
   return mantissa;
 }
 
-/// The first position from `at` on that holds no digit.
+/// The first position from `at` on without a digit.
 std::size_t skipDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && isDigit(text[at])) ++at;
   return at;
 }
 
-/// The end of the exponent that begins at `at`, or `at` without one.
+/// The end of the exponent that begins at `at`, or `at` if there is none.
 std::size_t exponentEnd(std::string_view text, std::size_t at) {
   if (at == text.size() || (text[at] != 'e' && text[at] != 'E')) return at;
   std::size_t digits = at + 1;
@@ -56,8 +56,8 @@ std::size_t exponentEnd(std::string_view text, std::size_t at) {
   return end == digits ? at : end;
 }
 
-/// The value on overflow or underflow, without the sign. It is infinity if the first nonzero digit
-/// is before the decimal point after the exponent has moved the point, else zero.
+/// The value on overflow or underflow, without the sign. The exponent moves the decimal point. If
+/// the first nonzero digit is then before the point, the value is infinity, else zero.
 double valueOutOfRange(std::string_view mantissa, std::string_view exponent) {
   const std::size_t first = mantissa.find_first_not_of("0.");
   if (first == std::string_view::npos) return 0.0;
@@ -74,8 +74,8 @@ double valueOutOfRange(std::string_view mantissa, std::string_view exponent) {
   return power > -place ? std::numeric_limits<double>::infinity() : 0.0;
 }
 
-/// The value of any mantissa and exponent. The exponent must directly follow the mantissa in
-/// memory.
+/// The value of a mantissa and an exponent of any length. The exponent must directly follow the
+/// mantissa in memory.
 double longNumber(std::string_view mantissa, std::string_view exponent) {
   double value = 0.0;
   const auto [end, error] =
@@ -90,11 +90,11 @@ std::optional<NumberPrefix> readNumber(std::string_view text) {
   while (start < text.size() && (text[start] == ' ' || text[start] == '\t')) ++start;
   constexpr std::string_view Minus = "\u2212";
   const char front = start < text.size() ? text[start] : '\0';
-  bool negative = front == '-';
+  bool isNegative = front == '-';
   if (isSign(front)) {
     ++start;
   } else if (front == Minus.front() && text.substr(start).starts_with(Minus)) {
-    negative = true;
+    isNegative = true;
     start += Minus.size();
   }
   const Mantissa mantissa = readMantissa(text, start);
@@ -105,12 +105,12 @@ std::optional<NumberPrefix> readNumber(std::string_view text) {
   // Numbers Accurately, 1990.
   constexpr std::array PowersOfTen{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                    1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const bool exact = end == mantissa.end && mantissa.digits < PowersOfTen.size();
-  const double value = exact
+  const bool isExact = end == mantissa.end && mantissa.digits < PowersOfTen.size();
+  const double value = isExact
                            ? static_cast<double>(mantissa.integer) / PowersOfTen[mantissa.decimals]
                            : longNumber(text.substr(start, mantissa.end - start),
                                         text.substr(mantissa.end, end - mantissa.end));
-  return NumberPrefix{negative ? -value : value, end};
+  return NumberPrefix{isNegative ? -value : value, end};
 }
 
 double Val(const String& text) {

@@ -30,11 +30,11 @@ struct NumberPrefix {
   std::size_t length;
 };
 
-/// Reads the longest number at the start of the text, or returns nothing without one. On overflow
-/// the value is an infinity, on underflow a zero, of the same sign.
+/// Reads the longest number at the start of the text; nullopt if there is none. Overflow gives an
+/// infinity and underflow a zero, with the sign of the number.
 std::optional<NumberPrefix> readNumber(std::string_view text);
 
-/// The number at the start of a text, or 0.0 without one. Text after the number is ignored:
+/// The number at the start of a text, or 0.0 if there is none. Text after the number is ignored:
 /// `Val("47.5 north")` is 47.5, `Val("nan")` is 0.0.
 double Val(const String& text);
 
