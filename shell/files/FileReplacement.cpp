@@ -35,7 +35,7 @@ class TemporaryFile {
     mode_t mode = old ? old->st_mode & Permissions : NewFileMode;
     int descriptor = -1;
     for (int count = 0; descriptor < 0; ++count) {
-      // Not derived from the target's name, which may already have the greatest allowed length.
+      // The name does not contain the target's name, which may be of the greatest length.
       name_ = target.parent_path() /
               (".veldrin-" + std::to_string(::getpid()) + "-" + std::to_string(count));
       descriptor = ::open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
@@ -65,7 +65,7 @@ class TemporaryFile {
   /// Writes the text and renames the file to the target. Returns 0 or the first error number.
   std::int32_t replaceWith(std::string_view text) {
     if (error_ == 0) error_ = file_->write(text, {});
-    // A power cut must not lose the older file, so the text reaches the disk before the rename.
+    // A power cut must not lose the old file, so the text reaches the disk before the rename.
     if (error_ == 0 && replacesFile() && ::fsync(descriptor_) != 0) error_ = errno;
     if (error_ == 0) error_ = file_->close();
     if (error_ != 0) return error_;
@@ -91,7 +91,7 @@ class TemporaryFile {
   path target_;
   path name_;
   std::unique_ptr<WritableFile> file_;
-  int descriptor_ = -1;  ///< of `file_` if it replaces a file, else -1
+  int descriptor_ = -1;  ///< of `file_` if there is an old file, else -1
   std::int32_t error_ = 0;
   bool isRenamed_ = false;
 };
@@ -123,13 +123,13 @@ std::int32_t replaceFile(const std::string& path, std::string_view text) {
   std::optional<struct stat> old;
   if (::stat(path.c_str(), &found) == 0) {
     // A deleted file can still be reached through /proc, but has no name to replace.
-    const bool hasName = S_ISREG(found.st_mode) && found.st_nlink > 0;
-    if (!hasName) return writeThrough(*FolderItem::atPath(String(path)), text);
-    // Replacing the file would lose other output that the shell redirects to it.
+    const bool isReplaceable = S_ISREG(found.st_mode) && found.st_nlink > 0;
+    if (!isReplaceable) return writeThrough(*FolderItem::atPath(String(path)), text);
+    // Replacing the file would lose other output that is redirected to it.
     if (const int descriptor = standardDescriptorOf(found); descriptor >= 0) {
       return writeTo(*openDescriptor(::dup(descriptor)), text);
     }
-    // A rename would also replace a read-only file; refuse it, as an ordinary write does.
+    // A rename would replace even a read-only file. Refuse that, as an ordinary write does.
     if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0) return errno;
     old = found;
   } else if (errno != ENOENT) {

@@ -10,7 +10,7 @@
 namespace veldrin {
 namespace {
 
-/// In the order of registration; empty without a `Runtime`.
+/// In the order of registration; nullopt without a `Runtime`.
 std::optional<std::vector<RegisteredFileType>> registeredTypes;
 
 std::vector<RegisteredFileType>& typesOfRoom() {
@@ -90,7 +90,7 @@ String FileType::Operator_Convert() {
 }
 
 void FileType::Register() {
-  // The type may have outlived the `Runtime` with which it registered.
+  // `mRegistered` is out of date if the type has outlived the `Runtime` that registered it.
   const auto& known = typesOfRoom();
   mRegistered =
       mRegistered && std::ranges::find(known, this, &RegisteredFileType::owner) != known.end();

@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// A kind of file that a dialog can offer; Veldrin's is in calendar/OutputFile.h. The type
-/// registers itself on its first use as a filter and on the first use after a change. It may
+/// A kind of file that a dialog can offer; Veldrin's only type is in calendar/OutputFile.h. The
+/// type registers itself on its first use as a filter and on the first use after a change. It may
 /// outlive the `Runtime`.
 class FileType final : public Described<FileType, Object> {
  public:
@@ -16,11 +16,11 @@ class FileType final : public Described<FileType, Object> {
 
   void Destructor() { Deregister(); }
 
-  // Each write deregisters the type, so that the next use registers the new values.
+  // Each setter deregisters the type, so that the next use registers the new values.
 
   [[nodiscard]] String Extensions() const { return mExtension; }
   void Extensions(String extensions);
-  /// Always nil; unused. The framework's conventions require it.
+  /// Always nil. The framework's conventions require it.
   [[nodiscard]] Ref<Object> Icon() const { return nullptr; }
   [[nodiscard]] String MacCreator() const { return mMacCreator; }
   void MacCreator(String creator);
@@ -29,13 +29,13 @@ class FileType final : public Described<FileType, Object> {
   [[nodiscard]] String Name() const { return mName; }
   void Name(String name);
 
-  /// Both types as one filter, this one's name first.
+  /// A filter for both types, with the name of this type first.
   String Operator_Add(const Ref<FileType>& other);
   String Operator_Add(const String& other);
-  /// Both types as one filter, the other one first.
+  /// A filter for both types, with the name of `other` first.
   String Operator_AddRight(const Ref<FileType>& other);
   String Operator_AddRight(const String& other);
-  /// The filter of this type alone: its name, after registering it.
+  /// Registers the type and returns its name, which is the filter for this type alone.
   String Operator_Convert();
 
   /// Registers the type unless it is registered. Throws `FatalFault` without a `Runtime`.
@@ -53,7 +53,7 @@ class FileType final : public Described<FileType, Object> {
   bool mRegistered = false;
 };
 
-/// A registered type. If `extensions` is empty, a dialog adds no extension to a file name.
+/// A registered type. Without `extensions`, a dialog filters by the extension of the proposed name.
 struct RegisteredFileType {
   const FileType* owner;
   String name;

@@ -10,7 +10,7 @@
 
 namespace veldrin {
 
-/// The mode of a new file. The OS takes off the bits of the umask.
+/// The mode of a new file. The OS clears the bits of the umask in it.
 inline constexpr mode_t NewFileMode = 0666;
 
 /// A file that is open for writing.
@@ -22,7 +22,7 @@ class WritableFile {
   virtual ~WritableFile() = default;
 
   /// Writes `text` and then `end`, unbuffered, in one call to the OS if possible. Returns 0, or the
-  /// error number of the OS; all earlier writes are in the file then.
+  /// error number of the OS; even then all earlier writes are in the file.
   virtual std::int32_t write(std::string_view text, std::string_view end) = 0;
 
   /// Closes now, to report errors that only closing reveals. Returns 0 or the error number of the
@@ -42,7 +42,7 @@ class FolderItem : public Described<FolderItem, Object> {
   /// The absolute path, for display.
   [[nodiscard]] virtual String AbsolutePath() const;
 
-  /// The OS's error number of the last operation on the item, or 0.
+  /// The OS's error number of the last `create`, or 0.
   std::int32_t LastErrorCode = 0;
 
   /// Opens the item for writing. An existing file is emptied in place and keeps its mode and hard

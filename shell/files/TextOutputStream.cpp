@@ -61,7 +61,7 @@ void TextOutputStream::noteIncomplete(RuntimeException& exception) const {
 
 void TextOutputStream::write(std::string_view text, std::string_view end) {
   lastErrorCode_ = file_ == nullptr ? EBADF : file_->write(text, end);
-  // The stop signal interrupted a write that waited for its reader.
+  // A stop signal interrupts a write that waits for its reader.
   if (lastErrorCode_ != 0 && isStopPending()) raiseStop();
   CheckForError();
 }

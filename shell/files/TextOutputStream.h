@@ -32,9 +32,9 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
   void Write(const String& text);
   /// Closes the file. Later writes fail.
   void Close() { file_.reset(); }
-  /// Raises a pending `IOException`. There is no buffer to flush.
+  /// Raises `IOException` if the last write failed and `UseIOExceptions` is set.
   void Flush() const { CheckForError(); }
-  /// Always nullptr; raises a pending `IOException`. The framework's conventions require it.
+  /// Always nullptr. Raises as `Flush` does. The framework's conventions require it.
   [[nodiscard]] void* Handle(std::int32_t type) const;
   /// Whether the last write failed.
   [[nodiscard]] bool WriteError() const { return lastErrorCode_ != 0; }
@@ -42,10 +42,10 @@ class TextOutputStream final : public Described<TextOutputStream, Object> {
   /// The OS's error number of the last write, or 0.
   [[nodiscard]] std::int32_t LastErrorCode() const { return lastErrorCode_; }
 
-  /// If the stream is open, records in the exception that this file stays incomplete.
+  /// If the stream is open, stores its path in the exception as the path of an incomplete file.
   void noteIncomplete(RuntimeException& exception) const;
 
-  /// The end of a line for `WriteLine`: CR LF by RFC 5545, 3.1.
+  /// The end of a line for `WriteLine`; by default CR LF, as in RFC 5545, 3.1.
   String Delimiter = "\r\n"_s;
   bool UseIOExceptions = false;
 
