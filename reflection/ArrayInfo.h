@@ -19,8 +19,8 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
   /// 1,000 levels of one dimension use about 5 MB.
   static constexpr std::int32_t MaximumDepth = 1000;
 
-  /// The shared description of this array type, created on first use. Raises `NilObjectException`
-  /// for a nil type, `OutOfBoundsException` for a rank outside 1 to `MaximumRank`,
+  /// The shared description of an array type, created on first use. Raises `NilObjectException` for
+  /// a nil element, `OutOfBoundsException` for a rank outside 1 to `MaximumRank`,
   /// `StackOverflowException` beyond `MaximumDepth`.
   static Ref<TypeInfo> Lookup(std::int32_t rank, const Ref<TypeInfo>& element);
   /// "()", with a comma for each dimension after the first. Raises `OutOfBoundsException` for a

@@ -17,8 +17,8 @@ class ClassInfo final : public Described<ClassInfo, TypeInfo> {
   /// The shared description of a class; nil for a hidden class. Raises `TypeMismatchException` if
   /// the pointer is not a class record.
   static Ref<ClassInfo> Lookup(ClassRecord* record);
-  /// The same by full name. The first call creates the map of names; a name that is not in the map
-  /// returns the root.
+  /// The same by full name. The first call maps the names of the classes built by then. Any other
+  /// name returns the root.
   static Ref<ClassInfo> Lookup(const String& fullName);
 
   /// Releases the map from full names to class records.

@@ -4,8 +4,8 @@
 
 namespace veldrin::Introspection {
 
-/// A constructor of a class. A class that declares none has one without a row, which only creates
-/// the object.
+/// A constructor of a class. A class that lists none gets one without a row, which only creates the
+/// object.
 class ConstructorInfo : public Described<ConstructorInfo, MethodBase> {
  public:
   static constexpr FixedString FullName = "Introspection.ConstructorInfo";

@@ -13,8 +13,8 @@
 /// `finalizeReflection`.
 namespace veldrin::Introspection {
 
-/// The description of the object's class; nil for a nil object or a hidden class. For an array, the
-/// root.
+/// The description of the object's class; nil for a nil object or a hidden class. An array object
+/// has the root class.
 Ref<TypeInfo> GetType(const Ref<Object>& object);
 
 /// The type of a type code (grammar: `shell/objects/TypeCodeGrammar.h`).
@@ -32,8 +32,8 @@ Ref<Dictionary> GetFQNTypeInfoMap();
 /// A new map from type codes of built-in types to descriptions.
 Ref<Dictionary> MakeIntrinsicTypeCodeMap();
 
-/// Releases the maps of this file. `finalizeReflection` calls it after the finalizers of
-/// `ArrayInfo` and `ClassInfo`.
+/// Clears the members of all classes and releases the maps of type codes and of full names. Call
+/// after the finalizers of `ArrayInfo` and `ClassInfo`.
 void finalizeModule();
 
 /// Calls all finalizers of the module in order. A description that is still referenced

@@ -8,7 +8,7 @@ namespace veldrin::Introspection {
 
 /// An undo log for the maps of descriptions. A class description is registered before it is
 /// complete, so that its members can refer to it. After an exception, the destructor undoes all
-/// registrations since the constructor. The outermost journal also undoes committed nested ones.
+/// registrations since the constructor. An outer journal also undoes committed inner ones.
 class Journal {
  public:
   Journal() : start_(begin()) {}

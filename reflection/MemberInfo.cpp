@@ -38,16 +38,16 @@ void MemberInfo::setAttributes(std::span<const AttributeRow> rows) {
 }
 
 bool MemberInfo::removeAttribute(std::string_view name, Variant* value) {
-  bool found = false;
-  for (auto last = itemsOf(mAttributeData).size(); last-- > 0;) {
+  bool isFound = false;
+  for (auto index = itemsOf(mAttributeData).size(); index-- > 0;) {
     std::vector<Ref<AttributeInfo>>& attributes = mAttributeData->elements;
-    const Ref<AttributeInfo> attribute = attributes[last];
+    const Ref<AttributeInfo> attribute = attributes[index];
     if (!(attribute->Name == name)) continue;
-    found = true;
+    isFound = true;
     if (value != nullptr) *value = attribute->Value;
-    attributes.erase(attributes.begin() + static_cast<std::ptrdiff_t>(last));
+    attributes.erase(attributes.begin() + static_cast<std::ptrdiff_t>(index));
   }
-  return found;
+  return isFound;
 }
 
 void MemberInfo::FilterAttributes() {
@@ -60,9 +60,9 @@ Ref<Array<Ref<AttributeInfo>>> MemberInfo::GetAttributes() const {
 }
 
 void MemberInfo::requireInstance(const Ref<Object>& object) const {
-  const bool fits =
+  const bool isAccepted =
       !object || mOwnerClassRef == nullptr || RuntimeObjectIsa(object.get(), mOwnerClassRef);
-  if (!fits) Raise<IllegalCastException>();
+  if (!isAccepted) Raise<IllegalCastException>();
 }
 
 }  // namespace veldrin::Introspection

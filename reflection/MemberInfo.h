@@ -17,9 +17,10 @@ class MemberInfo : public Described<MemberInfo, Object> {
 
   /// False for a hidden class or member; reflection never lists these.
   [[nodiscard]] virtual bool CanAccess() const { return !IsHidden(mAttributeData); }
-  /// Initialises the description from a row of the matching kind; a nil row sets the owner only.
+  /// Initialises the description from a row of the matching kind; for a nil row sets only the
+  /// owner.
   virtual void Constructor(const MemberRow* row, ClassRecord* owner);
-  /// Removes the attribute "__Scope" and stores it as the scope.
+  /// Removes the attribute "__Scope" and stores its value as the scope.
   virtual void FilterAttributes();
   /// A new array with the attributes, without "__Scope" and "__Shared".
   [[nodiscard]] virtual Ref<Array<Ref<AttributeInfo>>> GetAttributes() const;
@@ -28,7 +29,7 @@ class MemberInfo : public Described<MemberInfo, Object> {
   [[nodiscard]] bool IsGlobal() const { return mScopeData == "Global"; }
   [[nodiscard]] bool IsPrivate() const { return mScopeData == "Private"; }
   [[nodiscard]] bool IsProtected() const { return mScopeData == "Protected"; }
-  /// Also true if the scope is unknown.
+  /// Also true if there is no scope.
   [[nodiscard]] bool IsPublic() const { return mScopeData.isEmpty() || mScopeData == "Public"; }
 
  protected:

@@ -22,14 +22,14 @@ void MethodBase::fillTable(ClassTable<MethodBase>& table) {
 void MethodBase::Constructor(const MemberRow* row, ClassRecord* owner) {
   MemberInfo::Constructor(row, owner);
   if (row == nullptr) return;
-  const auto& described = static_cast<const MethodRow&>(*row);
-  mSignature = described.signature;
+  const auto& methodRow = static_cast<const MethodRow&>(*row);
+  mSignature = methodRow.signature;
   if (const auto parts = splitSignature(mSignature.view())) {
     mReturnTypeCode = String(parts->result);
     ParseParameterList(String(parts->parameters));
   }
-  mVector = described.function;
-  mInvoker = described.invoker;
+  mVector = methodRow.function;
+  mInvoker = methodRow.invoker;
 }
 
 Ref<Array<Ref<ParameterInfo>>> MethodBase::GetParameters() const {

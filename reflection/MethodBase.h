@@ -14,8 +14,8 @@ class MethodBase : public Described<MethodBase, MemberInfo> {
   void Constructor(const MemberRow* row, ClassRecord* owner) override;
   /// A new array with the parameters in order.
   [[nodiscard]] virtual Ref<Array<Ref<ParameterInfo>>> GetParameters() const;
-  /// Replaces the parameters by those of a list of type codes. A malformed code becomes a parameter
-  /// without a type.
+  /// Replaces the parameters by a list of type codes, such as "i4&f8". A malformed code becomes a
+  /// parameter without a type.
   virtual void ParseParameterList(const String& text);
 
  protected:

@@ -6,7 +6,7 @@ namespace veldrin::Introspection {
 
 /// A method of a class, callable at run time:
 ///
-///     arguments = {47.5, -122.5, day, -8.0, 0.0, 0.0};   // of "%%f8f8o<Date>f8&f8&f8"
+///     arguments = {47.5, -122.5, day, -8.0, 0.0, 0.0};   // for "%%f8f8o<Date>f8&f8&f8"
 ///     method->Invoke(window, arguments);                 // writes the last two
 ///
 /// `Invoke` checks all arguments before the call. It raises `IllegalCastException` if the receiver
@@ -19,7 +19,7 @@ class MethodInfo : public Described<MethodInfo, MethodBase> {
   static constexpr FixedString FullName = "Introspection.MethodInfo";
   static void fillTable(ClassTable<MethodInfo>& table);
 
-  /// Removes "__Shared" too and stores it as `IsShared`.
+  /// Also removes "__Shared" and then sets `IsShared`.
   void FilterAttributes() override;
   /// Calls the method and ignores its result.
   void Invoke(const Ref<Object>& object, const Ref<Array<Variant>>& arguments) const;

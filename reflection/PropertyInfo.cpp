@@ -33,13 +33,13 @@ void PropertyInfo::fillTable(ClassTable<PropertyInfo>& table) {
 void PropertyInfo::Constructor(const MemberRow* row, ClassRecord* owner) {
   MemberInfo::Constructor(row, owner);
   if (row == nullptr) return;
-  const auto& described = static_cast<const PropertyRow&>(*row);
-  mTypeValue = GetInfoFromTypeCode(described.type);
-  mGetterValue = described.getter;
-  mSetterValue = described.setter;
-  mGetInvoker = described.reflectionGet;
-  mSetInvoker = described.reflectionSet;
-  mOffsetParamValue = described.fieldOffset;
+  const auto& propertyRow = static_cast<const PropertyRow&>(*row);
+  mTypeValue = GetInfoFromTypeCode(propertyRow.type);
+  mGetterValue = propertyRow.getter;
+  mSetterValue = propertyRow.setter;
+  mGetInvoker = propertyRow.reflectionGet;
+  mSetInvoker = propertyRow.reflectionSet;
+  mOffsetParamValue = propertyRow.fieldOffset;
 }
 
 void PropertyInfo::FilterAttributes() {

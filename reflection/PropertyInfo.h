@@ -14,14 +14,14 @@ class PropertyInfo : public Described<PropertyInfo, MemberInfo> {
 
   /// `row` is a `PropertyRow` or nil.
   void Constructor(const MemberRow* row, ClassRecord* owner) override;
-  /// Removes "__Shared" too and stores it as `IsShared`.
+  /// Also removes "__Shared" and then sets `IsShared`.
   void FilterAttributes() override;
   /// Reads the property. Raises `IllegalCastException` for an object of another class,
   /// `RuntimeException` if the property is not readable, `NilObjectException` for nil unless the
   /// property is shared.
   [[nodiscard]] Variant Value(const Ref<Object>& object) const;
-  /// Writes the property (the assigning method `=Value`). Raises as for reading, and the exceptions
-  /// of `fromVariant`; then nothing is set.
+  /// Writes the property (the assigning method `=Value`). Raises `RuntimeException` if it is not
+  /// writable, the other exceptions of reading, and those of `fromVariant`; then nothing is set.
   void Value(const Ref<Object>& object, const Variant& value) const;
 
   [[nodiscard]] bool CanRead() const { return mGetterValue != nullptr; }

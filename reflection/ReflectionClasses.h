@@ -2,7 +2,7 @@
 
 namespace veldrin {
 
-/// Builds all reflection classes, bases first.
+/// Builds the records of all reflection classes, bases first.
 void initializeReflectionClasses();
 
 }  // namespace veldrin

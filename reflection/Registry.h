@@ -16,13 +16,13 @@ struct JournalEntry {
   std::optional<Variant> previous;  ///< nullopt if the key was new
 };
 
-/// The state of the module, released by `finalizeReflection`. A map is nil until its first use.
+/// The state of the module. A map is nil until its first use; `finalizeReflection` releases it.
 struct Registry {
-  static inline Ref<Dictionary> mArrayMap;             ///< arrays by full name
+  static inline Ref<Dictionary> mArrayMap;             ///< array descriptions by full name
   static inline Ref<Dictionary> sClassFQNToRefMap;     ///< class records by full name
-  static inline Ref<Dictionary> sClassRefMap;          ///< classes by record
-  static inline Ref<Dictionary> intrinsicTypeCodeMap;  ///< types by intrinsic type code
-  static inline Ref<Dictionary> fqnTypeInfoMap;        ///< classes by full name
+  static inline Ref<Dictionary> sClassRefMap;          ///< descriptions by class record
+  static inline Ref<Dictionary> intrinsicTypeCodeMap;  ///< built-in types by type code
+  static inline Ref<Dictionary> fqnTypeInfoMap;        ///< class descriptions by full name
   static inline ClassInfo* newest = nullptr;           ///< head of the list of class descriptions
   static inline std::vector<JournalEntry> journalEntries;
   static inline int openJournals = 0;

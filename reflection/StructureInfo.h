@@ -4,7 +4,7 @@
 
 namespace veldrin::Introspection {
 
-/// A structure; its fields are unknown. No class table uses one.
+/// A structure; its fields are unknown. No class table uses a structure.
 class StructureInfo final : public Described<StructureInfo, TypeInfo> {
  public:
   static constexpr FixedString FullName = "Introspection.StructureInfo";

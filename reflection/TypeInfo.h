@@ -19,13 +19,13 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   TypeInfo();
   ~TypeInfo() override;
 
-  /// Releases the base and the lists. `ClassInfo::breakCycles` calls it before the end.
+  /// Releases the base class and the member lists. `ClassInfo::breakCycles` calls it too.
   void __Exit();
 
   using MemberInfo::Constructor;
   /// Sets the full name; `Name` becomes the part after the last dot.
   void Constructor(const String& fullName);
-  /// The dimensions of an array; 0 for any other type.
+  /// The number of dimensions of an array; 0 for any other type.
   [[nodiscard]] virtual std::int32_t GetArrayRank() const { return 0; }
   /// A new array with the constructors of a class, in row order; empty for other types.
   [[nodiscard]] virtual Ref<Array<Ref<ConstructorInfo>>> GetConstructors() const;
@@ -42,7 +42,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   [[nodiscard]] String QualifiedName() const {
     return mFullyQualifiedName.isEmpty() ? mNameValue : mFullyQualifiedName;
   }
-  /// The base of a class; nil if it has none or a hidden one.
+  /// The base class; nil if there is none or it is hidden.
   [[nodiscard]] Ref<TypeInfo> BaseType() const { return mBasetype; }
   [[nodiscard]] bool HasElementType() const { return mHasElementTypeValue; }
   [[nodiscard]] bool IsArray() const { return mIsArrayValue; }
@@ -51,7 +51,7 @@ class TypeInfo : public Described<TypeInfo, MemberInfo> {
   [[nodiscard]] bool IsInterface() const { return mIsInterfaceTypeValue; }
   [[nodiscard]] bool IsPointer() const { return mIsPointerTypeValue; }
   [[nodiscard]] bool IsPrimitive() const { return mIsPrimitiveTypeValue; }
-  /// Whether assignment copies. True for a text, because it is immutable.
+  /// Whether assignment copies the value. True for `String`, which is immutable.
   [[nodiscard]] bool IsValueType() const { return mIsValueTypeValue; }
 
  protected:
