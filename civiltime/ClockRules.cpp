@@ -11,22 +11,22 @@
 namespace veldrin {
 
 ClockRules::ClockRules(double offset, std::vector<ClockChange> changes)
-    : first_(offset), changes_(std::move(changes)) {}
+    : initialOffset_(offset), changes_(std::move(changes)) {}
 
-double ClockRules::offsetAt(double minute) const {
-  const auto next = std::ranges::upper_bound(changes_, minute, {}, &ClockChange::from);
-  return next == changes_.begin() ? first_ : std::prev(next)->offset;
+double ClockRules::offsetAt(double moment) const {
+  const auto next = std::ranges::upper_bound(changes_, moment, {}, &ClockChange::from);
+  return next == changes_.begin() ? initialOffset_ : std::prev(next)->offset;
 }
 
-std::int64_t ClockRules::dayAt(double minute) const {
-  return static_cast<std::int64_t>(std::floor((minute + offsetAt(minute)) / MinutesOfDay));
+std::int64_t ClockRules::dayAt(double moment) const {
+  return static_cast<std::int64_t>(std::floor((moment + offsetAt(moment)) / MinutesOfDay));
 }
 
 ClockRules::Stretch ClockRules::stretch(std::size_t index) const {
-  const double ever = std::numeric_limits<double>::infinity();
-  return {index == 0 ? -ever : changes_[index - 1].from,
-          index == changes_.size() ? ever : changes_[index].from,
-          index == 0 ? first_ : changes_[index - 1].offset};
+  const double infinity = std::numeric_limits<double>::infinity();
+  return {index == 0 ? -infinity : changes_[index - 1].from,
+          index == changes_.size() ? infinity : changes_[index].from,
+          index == 0 ? initialOffset_ : changes_[index - 1].offset};
 }
 
 std::optional<DaySpan> ClockRules::spanOf(std::int64_t day) const {
@@ -42,7 +42,7 @@ std::optional<DaySpan> ClockRules::spanOf(std::int64_t day) const {
 
 double ClockRules::momentOf(std::int64_t day, double minuteOfDay) const {
   const double shown = static_cast<double>(day * MinutesOfDay) + minuteOfDay;
-  double skipped = shown - first_;
+  double skipped = shown - initialOffset_;
   for (std::size_t index = 0; index <= changes_.size(); ++index) {
     const auto [from, to, offset] = stretch(index);
     const double moment = shown - offset;

@@ -26,9 +26,9 @@ SavingDays defaultDays(std::int32_t year) {
 ClockRules clockRules(double zone, const std::optional<SavingDays>& saving, std::int32_t year) {
   const double standard = zone * MinutesOfHour;
   const auto isSaving = [&saving](std::int64_t day) {
-    const auto number = [](std::int64_t value) { return static_cast<double>(value); };
-    return saving && isDaylightSavingsTime(number(day), number(saving->first),
-                                           number(saving->second), saving->downUnder);
+    const auto real = [](std::int64_t value) { return static_cast<double>(value); };
+    return saving && isDaylightSavingsTime(real(day), real(saving->first), real(saving->second),
+                                           saving->downUnder);
   };
   const auto offsetOn = [&](std::int64_t day) {
     return standard + (isSaving(day) ? MinutesOfHour : 0.0);
@@ -36,14 +36,14 @@ ClockRules clockRules(double zone, const std::optional<SavingDays>& saving, std:
   const std::int64_t newYear = dayNumber(year, 1, 1);
   const std::int64_t nextYear = dayNumber(std::int64_t{year} + 1, 1, 1);
   std::vector<ClockChange> changes;
-  double before = offsetOn(newYear - 1);
+  double previous = offsetOn(newYear - 1);
   for (std::int64_t day = newYear; day < nextYear; ++day) {
     const double offset = offsetOn(day);
-    if (offset == before) continue;
-    // Set back at midnight, the clock would return to the previous day; so go back an hour later.
-    const double midnight = static_cast<double>(day * MinutesOfDay) - before;
-    changes.push_back({offset > before ? midnight : midnight + (before - offset), offset});
-    before = offset;
+    if (offset == previous) continue;
+    // A clock set back at midnight would show the previous day again, so change it an hour later.
+    const double midnight = static_cast<double>(day * MinutesOfDay) - previous;
+    changes.push_back({offset > previous ? midnight : midnight + (previous - offset), offset});
+    previous = offset;
   }
   return ClockRules(offsetOn(newYear - 1), std::move(changes));
 }

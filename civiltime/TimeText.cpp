@@ -6,17 +6,17 @@
 namespace veldrin::civiltime {
 namespace {
 
-/// The whole hours and minutes that a clock shows. The second rounding makes the minutes exact,
-/// because a double cannot hold a sixtieth exactly.
+/// The whole hours and minutes that a clock shows. The minutes are rounded again, because a
+/// double cannot hold most sixtieths exactly.
 struct ClockReading {
   double hours;
   double minutes;
 
   explicit ClockReading(double x) {
     const double wholeMinutes = Floor((x * 60.0) + 0.5);
-    const double roundedHours = wholeMinutes / 60.0;
-    hours = Floor(roundedHours);
-    minutes = Floor(((roundedHours - hours) * 60.0) + 0.5);
+    const double roundedTime = wholeMinutes / 60.0;
+    hours = Floor(roundedTime);
+    minutes = Floor(((roundedTime - hours) * 60.0) + 0.5);
   }
 };
 
