@@ -11,13 +11,13 @@ struct Equatorial {
   double dec;  ///< declination in degrees
 };
 
-/// An observer's place in the quantities of the formulas.
+/// An observer's place, in the form that the formulas use.
 struct Observer {
   double lambda;  ///< longitude in degrees, west positive
   double sphi;    ///< sine of the latitude
   double cphi;    ///< cosine of the latitude
 
-  /// Takes degrees, north and east positive. `rads` is degrees to radians.
+  /// Takes degrees, north and east positive. `rads` is the factor from degrees to radians.
   Observer(double latitude, double longitude, double rads)
       : lambda(-longitude), sphi(Sin(rads * latitude)), cphi(Cos(rads * latitude)) {}
 };
@@ -30,7 +30,7 @@ inline Equatorial TheSun(double t) {
   constexpr double coseps = 0.91748;
   constexpr double sineps = 0.39778;
   const double m = p2 * fPart(0.993133 + (99.997361 * t));      // mean anomaly
-  const double dl = (6893.0 * Sin(m)) + (72.0 * Sin(2.0 * m));  // equation of centre, "
+  const double dl = (6893.0 * Sin(m)) + (72.0 * Sin(2.0 * m));  // equation of centre, arcseconds
   const double u = 0.7859453 + (m / p2);
   const double v = ((6191.2 * t) + dl) / 1296000.0;
   const double l = p2 * fPart(u + v);  // ecliptic longitude
@@ -44,12 +44,12 @@ inline Equatorial TheSun(double t) {
   return {ra < 0.0 ? ra + 24.0 : ra, dec};
 }
 
-/// The local mean sidereal time in hours, from -24 to 24 and not normalised; IAU 1982. Sets `mjd0`
-/// to the whole part of `mjd`.
+/// The local mean sidereal time (IAU 1982), from -24 to 24 hours. `lambda` is the longitude in
+/// degrees, west positive. Sets `mjd0` to the whole part of `mjd`.
 inline double LocalSiderialTime(double mjd, double lambda, double& mjd0) {
   mjd0 = iPart(mjd);
   const double ut = (mjd - mjd0) * 24.0;
-  const double t = centuriesTo(mjd0);  // to midnight, not to the hour as in `TheSun`
+  const double t = centuriesTo(mjd0);  // to midnight, not to `mjd`
   double g = 6.697374558 + (1.0027379093 * ut);
   const double p = (0.093104 - (6.2e-06 * t)) * t;
   const double q = (8640184.812866 + p) * t;
@@ -58,7 +58,7 @@ inline double LocalSiderialTime(double mjd, double lambda, double& mjd0) {
   return 24.0 * fPart(h);
 }
 
-/// The sine of the true altitude of the Sun's centre at a local sidereal time in hours.
+/// The sine of the true altitude of the Sun's centre; `lst` is the local sidereal time in hours.
 inline double SineAltitude(const Equatorial& sun, double lst, double cphi, double sphi,
                            double rads) {
   const double tau = 15.0 * (lst - sun.ra);  // hour angle in degrees

@@ -3,7 +3,7 @@
 namespace veldrin::solar {
 namespace {
 
-/// A result in 32 bits, wrapping around on overflow.
+/// Converts a result to 32 bits; wraps around on overflow.
 constexpr std::int32_t wrapped(std::int64_t value) {
   return static_cast<std::int32_t>(value);
 }

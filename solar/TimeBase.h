@@ -7,10 +7,10 @@
 namespace veldrin::solar {
 
 // The solar engine follows O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer. It
-// differs from the book in details, and the output depends on each to the last digit. Keep the
-// order and the grouping of every operation.
+// differs from the book in details. Keep these differences and the order and grouping of every
+// operation: a change may alter the last digits of the output.
 
-/// Degrees to radians, with sixteen digits of pi.
+/// The factor from degrees to radians, with sixteen digits of pi.
 inline constexpr double Rads = 3.141592653589793 / 180.0;
 
 /// The whole part, truncated toward zero.
@@ -29,7 +29,7 @@ inline double fPart(double x) {
 }
 
 /// The Modified Julian Date of a calendar date at an hour; the calendar is Julian up to 1582-10-04.
-/// Integer steps wrap at 32 bits.
+/// Integer operations wrap around at 32 bits.
 double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
 
 /// The Modified Julian Date of the moment `hour` hours after the midnight `mjd0`.
