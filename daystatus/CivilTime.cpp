@@ -1,4 +1,4 @@
-// The civil-time methods of the window. They read the controls and pass values to `civiltime/`.
+// The civil-time methods of the window. They connect its controls with `civiltime/`.
 
 #include "civiltime/DaylightSavings.h"
 #include "civiltime/TimeText.h"

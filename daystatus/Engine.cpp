@@ -1,5 +1,5 @@
-// The methods of the window that compute sunrise and sunset. They update `mjd0` and pass values to
-// `solar/`.
+// The methods of the window that compute sunrise and sunset. They call `solar/` and keep its state,
+// the property `mjd0`.
 
 #include "daystatus/Veldrin.h"
 #include "shell/window/BackgroundTask.h"
@@ -63,9 +63,9 @@ void Veldrin::DoVeldrin(double latitude, double longitude, const Ref<Date>& day,
   };
   const solar::DayEvents found =
       solar::searchDay(solar::sineAtHorizon(Rads), sineAltitude, RuntimeBackgroundTask);
-  const auto finish = [&](std::int32_t isFound, double ut, double& time) {
+  const auto finish = [&](std::int32_t eventCount, double ut, double& time) {
     time = -1.0;
-    if (isFound != 1) return;
+    if (eventCount != 1) return;
     time = solar::clockTime(ut, zone);
     DoDaylightSavings(day, time);
   };

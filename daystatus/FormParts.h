@@ -94,10 +94,10 @@ constexpr auto wirings(std::index_sequence<Place...> /*places*/) {
 inline constexpr auto FormNames =
     detail::nameConstants(std::make_index_sequence<FormTable.size()>());
 
-/// The handlers of the form, in the order of wiring.
+/// The handlers of the form, in the order of the table.
 inline constexpr auto Wirings = detail::wirings(std::make_index_sequence<detail::handlerCount()>());
 
-/// The row of the control of that name. An unknown name does not compile.
+/// The index of the row of the control `Name`. An unknown name does not compile.
 template <FixedString Name>
 consteval std::size_t formRow() {
   const auto* const row = std::ranges::find(FormTable, Name.view(), &ControlRow::name);
@@ -105,7 +105,7 @@ consteval std::size_t formRow() {
   return static_cast<std::size_t>(row - FormTable.begin());
 }
 
-/// The control of that name in the window, with its class from the form's table:
+/// The control `Name` of the window, or nil. The form's table determines its class:
 /// `control<"Placard1">(window)` is a `Ref<Placard>`.
 template <FixedString Name>
 auto control(const Window& window) {

@@ -18,11 +18,11 @@ enum class ControlKind : std::uint8_t {
   CheckBox
 };
 
-/// How a `StaticText` is aligned in its rectangle.
+/// How the text of a `StaticText` is aligned in its rectangle.
 enum class TextAlignment : std::uint8_t { Left, Centre, Right };
 
 /// An event of a control and the method of the window that handles it. The method is named after
-/// both, as in `WhichYear_Change`.
+/// the control and the event, as in `WhichYear_Change`.
 struct HandlerRow {
   std::string_view event;
   void (Veldrin::*method)() = nullptr;
@@ -30,18 +30,18 @@ struct HandlerRow {
 
 /// The optional properties of a control.
 struct ControlExtras {
-  std::array<HandlerRow, 2> handlers = {};  ///< in the order of wiring; unused rows are empty
-  std::string_view spokenName = {};         ///< for a screen reader, if its text is not enough
+  std::array<HandlerRow, 2> handlers = {};  ///< connected in this order; unused rows are empty
+  std::string_view spokenName = {};         ///< for screen readers, if the text says too little
   TextAlignment alignment = TextAlignment::Left;  ///< of a `StaticText`
   bool multiLine = false;                         ///< of a `StaticText`
   bool ticked = false;                            ///< of a `CheckBox`
   bool locked = false;                            ///< sets `LockLeft`, `LockTop` and `LockRight`
-  float textSize = 0.0F;                          ///< points; 0 for the font's own size
+  float textSize = 0.0F;                          ///< points; 0 for the default size
 };
 
-/// One control of the form: a row of the table below. Positions and sizes are pixels relative to
-/// the window's content, even inside a panel. To add a control, add its row in the order of
-/// creation; docs/adding.md has the other steps.
+/// One control of the form: a row of the table below. Positions are relative to the window's
+/// content, even inside a panel; positions and sizes are in pixels. `docs/adding.md` says how to
+/// add a control.
 struct ControlRow {
   ControlKind kind;
   std::string_view name;
@@ -51,11 +51,11 @@ struct ControlRow {
   std::int32_t width;
   std::int32_t height;
   std::int32_t tabIndex;  ///< place in the focus order, within the parent
-  std::string_view text;  ///< `Text`, `Caption` or `InitialValue`, by kind
+  std::string_view text;  ///< `Text`, `Caption` or `InitialValue`, depending on `kind`
   ControlExtras extras = {};
 };
 
-/// The content of the window, in pixels.
+/// The size of the window's content, in pixels.
 inline constexpr std::int32_t FormWidth = 350;
 inline constexpr std::int32_t FormHeight = 420;
 
@@ -63,7 +63,7 @@ namespace detail {
 using enum ControlKind;
 using enum TextAlignment;
 
-/// Every row of the chooser, each ended by a carriage return.
+/// The rows of `WhichYear`, each ended by a carriage return.
 inline constexpr std::string_view Years =
     "2008\r2009\r2010\r2011\r2012\r2013\r2014\r2015\r2016\r2017\r2018\r2019\r2020\r";
 

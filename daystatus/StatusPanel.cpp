@@ -5,7 +5,7 @@
 namespace veldrin {
 
 void Veldrin::UpdateStatus() {
-  // The chooser's "Open" precedes the window's and updates the status before any date is set.
+  // "Open" of `WhichYear` comes before "Open" of the window, which sets `statusDate`.
   if (!statusDate || statusDate->Operator_Compare(nullptr) == 0) {
     statusDate = newDate();
     statusDate->Constructor();

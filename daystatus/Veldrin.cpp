@@ -24,7 +24,7 @@ void Veldrin::Event_Open() {
   today->Constructor();
   SetDaylightSavingsBounds(today->Year());
   std::int32_t zone = RuntimeCvtReal64ToSInt32(today->GMTOffset());
-  // The host's offset includes daylight saving; the field shows standard time.
+  // The host's offset includes daylight saving; `TimeZone` shows standard time.
   if (IsDaylightSavingsTime(today)) zone -= 1;
   TimeZone()->Text(Str(zone));
   statusDate = newDate();

@@ -16,13 +16,13 @@ namespace veldrin {
 
 class TextOutputStream;
 
-/// The main window and the whole logic of the program. Each method reads its inputs from the
-/// controls when it needs them; nothing is cached. Methods are implemented in `daystatus`,
-/// `calendar` and `ui`.
+/// The main window and its logic. Each method reads its inputs from the controls when it needs
+/// them; nothing is cached. The methods are implemented in `daystatus`, except those marked "ui" or
+/// "calendar".
 ///
 /// Latitude is positive north, longitude positive east. A time zone is in hours, positive east of
 /// Greenwich, without daylight saving. A time of day counts hours since local midnight; it is
-/// negative if there is no such event.
+/// negative if the sunrise or sunset does not exist.
 class Veldrin final : public Described<Veldrin, Window> {
  public:
   static constexpr FixedString FullName = "Veldrin.Veldrin";
@@ -31,9 +31,9 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// Releases `statusDate`.
   void __Exit() { statusDate = nullptr; }
 
-  double Rads = 0.0;   ///< degrees to radians
-  double Degs = 0.0;   ///< radians to degrees; unused
-  double mjd0 = 0.0;   ///< whole Modified Julian Date of the current computation
+  double Rads = 0.0;   ///< factor from degrees to radians
+  double Degs = 0.0;   ///< factor from radians to degrees; unused
+  double mjd0 = 0.0;   ///< the computed day, a whole Modified Julian Date
   double TwoPi = 0.0;  ///< 2 pi; unused
   double Pi = 0.0;
   Ref<Date> statusDate;  ///< the day shown in the status panel
@@ -69,19 +69,19 @@ class Veldrin final : public Described<Veldrin, Window> {
 
   // The handlers of the controls' events.
 
-  /// Moves to the previous day and updates the status. Raises `NilObjectException` if `statusDate`
-  /// is nil.
+  /// Moves `statusDate` to the previous day and updates the status. Raises `NilObjectException` if
+  /// `statusDate` is nil.
   void BackOneDay_Action();
-  /// Moves to the next day and updates the status. Raises as `BackOneDay_Action`.
+  /// Moves `statusDate` to the next day and updates the status. Raises as `BackOneDay_Action`.
   void ForwardOneDay_Action();
   /// calendar: asks for a file and writes the calendar of the year in `WhichYear` into it, from
   /// January 2 to December 31. Raises `IOException` if a line cannot be written. If the file cannot
   /// be created, only shows a message box.
   void GenerateButton_Action();
-  /// ui: selects the current year if the chooser has it, and writes the default daylight-saving
-  /// dates of that year.
+  /// ui: if the chooser has the current year, selects it and writes its default daylight-saving
+  /// dates.
   void WhichYear_Open();
-  /// ui: writes the default daylight-saving dates of the chosen year, then updates the status.
+  /// ui: writes the default daylight-saving dates of the chosen year, if any. Updates the status.
   void WhichYear_Change();
   void DownUnderFlag_Action() { UpdateStatus(); }
   void DaylightSavings_Action() { UpdateStatus(); }
@@ -109,35 +109,34 @@ class Veldrin final : public Described<Veldrin, Window> {
   [[nodiscard]] Ref<MenuItem> FileMenu() const { return menuItem<MenuItem>("FileMenu"_s); }
   [[nodiscard]] Ref<QuitMenuItem> FileQuit() const { return menuItem<QuitMenuItem>("FileQuit"_s); }
 
-  /// The handler of the window's "Open": sets the numeric properties, the daylight-saving dates of
-  /// the current year, the time zone and the status date, then updates the status.
+  /// The handler of the window's "Open": sets `Pi`, `TwoPi`, `Rads` and `Degs`, the daylight-saving
+  /// dates of the current year, the time zone and `statusDate`. Then updates the status.
   void Event_Open();
 
-  // solar
+  // Sunrise and sunset, with `solar/`.
 
-  /// Sunrise and sunset of a day at a place, as clock times of `zone` with daylight saving; -1.0 if
-  /// the day has no such event. The search covers the UTC day of the date, so far from Greenwich
-  /// the two may belong to neighbouring local days. Coordinates in degrees, north and east
-  /// positive, not checked. Raises `NilObjectException` for a nil day. Three-point interpolation by
-  /// the hour: O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer, on sunrise and
-  /// sunset.
+  /// Computes sunrise and sunset of a day at a place, as times of day in `zone` with daylight
+  /// saving; -1.0 if the event does not exist. The search covers the UTC day of the date, so far
+  /// from Greenwich the events may belong to neighbouring local days. Coordinates are in degrees
+  /// and not checked. Raises `NilObjectException` for a nil day. Interpolates hourly values by
+  /// parabolas: O. Montenbruck and T. Pfleger, Astronomy on the Personal Computer.
   void DoVeldrin(double latitude, double longitude, const Ref<Date>& day, double zone,
                  double& riseTime, double& setTime);
-  /// The parabola through three values at -1, 0 and +1: its vertex and the number of its roots from
-  /// -1 to +1. A single root is in `z1`; without roots, `z1` and `z2` may be unchanged.
+  /// Fits a parabola to values at -1, 0 and +1. It has the vertex `xe`, `ye` and `nz` roots from -1
+  /// to +1. A single root is in `z1`; without roots, `z1` and `z2` may be unchanged.
   void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
                     std::int32_t& nz);
   /// The Modified Julian Date of a calendar date at an hour; the calendar is Julian up to
-  /// 1582-10-04. Integer steps wrap at 32 bits. From the same book.
+  /// 1582-10-04. Integer operations wrap around at 32 bits. From the same book.
   double ModifiedJulianDate(std::int32_t year, std::int32_t month, std::int32_t day, double hour);
   /// The whole part, truncated toward zero.
   double iPart(double x);
-  /// The sine of the Sun's true altitude at an hour of Universal Time, counted from the midnight
-  /// that begins `mjd0`. `lambda` is the longitude, west positive; `cphi` and `sphi` belong to the
-  /// latitude. May move `mjd0`.
+  /// The sine of the Sun's true altitude `hour` hours after the midnight `mjd0`, in Universal Time.
+  /// `lambda` is the longitude in degrees, west positive; `cphi` and `sphi` are the cosine and sine
+  /// of the latitude. Hour 24 moves `mjd0` to the next day.
   double SineAltitude(double hour, double lambda, double cphi, double sphi);
-  /// The local mean sidereal time in hours, from -24 to 24 and not normalised; IAU 1982. Sets
-  /// `mjd0` to the whole part of `mjd`.
+  /// The local mean sidereal time (IAU 1982), from -24 to 24 hours. `lambda` is the longitude in
+  /// degrees, west positive. Sets `mjd0` to the whole part of `mjd`.
   double LocalSiderialTime(double mjd, double lambda);
   /// The fractional part, with the sign of the argument.
   double fPart(double x);
@@ -145,23 +144,24 @@ class Veldrin final : public Described<Veldrin, Window> {
   /// of 2000-01-01, by the low-precision theory of the same book.
   void TheSun(double t, double& ra, double& dec);
 
-  // civiltime
+  // Civil time, with `civiltime/`, and the status.
 
-  /// A time of day for display: "06:30", or "N/A" if negative. Rounds to the minute; does not wrap
-  /// at 24.
+  /// A time of day for display: "06:30", or "N/A" if negative. Rounds to the minute; the hours do
+  /// not wrap at 24.
   String HHMMFormat(double x);
   /// Writes the default daylight-saving dates of a year into `DSTStart` and `DSTEnd`: the second
-  /// Sunday of March and the first of November, in every year.
+  /// Sunday of March and the first Sunday of November, in every year.
   void SetDaylightSavingsBounds(std::int32_t year);
-  /// Adds the daylight-saving hour to a time of day if daylight saving is switched on and the date
-  /// has it. Does not change the date.
+  /// Adds the daylight-saving hour to a time of day, and keeps it below 24, if `DaylightSavings` is
+  /// ticked and daylight saving applies on the date. Does not change the date.
   void DoDaylightSavings(const Ref<Date>& d, double& t);
-  /// daystatus: recomputes the status panel from the controls.
+  /// Recomputes the status panel from the controls.
   void UpdateStatus();
   /// A time of day as six digits, "063000", or "000000" for a negative one.
   String HHMMZZ(double x);
-  /// Whether a date has daylight saving: from the first date (included) to the second, or outside
-  /// this period if `DownUnderFlag` is on. If a field is not a date, the period is empty.
+  /// Whether daylight saving applies on a date: inside the period of `DSTStart` and `DSTEnd` or, if
+  /// `DownUnderFlag` is ticked, outside it. The period includes its earlier bound; it is empty if a
+  /// bound is not a date.
   bool IsDaylightSavingsTime(const Ref<Date>& d);
   /// The date in the host's short form. Raises `NilObjectException` for nil.
   String ShortDate(const Ref<Date>& d);
@@ -179,12 +179,12 @@ class Veldrin final : public Described<Veldrin, Window> {
     return Ref<Date>::adopt(static_cast<Date*>(__New(Date::__Lookup()).release()));
   }
   void stepDay(double seconds);
-  /// calendar: the whole document of the year in `WhichYear`.
+  /// calendar: writes the whole calendar of the year in `WhichYear`.
   void writeYear(TextOutputStream& stream);
 };
 
 namespace implicit {
-/// The only instance of the window, made on first use.
+/// The open window of this class. Creates it if there is none.
 Ref<veldrin::Veldrin> Veldrin();
 }  // namespace implicit
 

@@ -8,12 +8,12 @@
 namespace veldrin {
 namespace {
 
-/// Adds each control as a method of the window with the control's name.
 template <class T>
 Ref<T> controlOf(Object* window, const String& name) {
   return RuntimeWindowControlByName<T>(static_cast<Window&>(*window), name);
 }
 
+/// Adds a method for each control: it has the control's name and returns the control.
 template <std::size_t... Row>
 void addControls(ClassTable<Veldrin>& table, std::index_sequence<Row...> /*rows*/) {
   (table.plainMethod<controlOf<ControlClass<FormTable[Row].kind>>>(FormNames[Row]), ...);
