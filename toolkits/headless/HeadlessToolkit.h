@@ -9,13 +9,13 @@
 
 namespace veldrin {
 
-/// A toolkit without a display. It answers dialogs from a script, stores messages, and runs a given
+/// A toolkit without a display. It answers save dialogs from a list, stores messages, and runs a
 /// job instead of an event loop. The job acts as the user, through the controls.
 class HeadlessToolkit final : public Toolkit {
  public:
   /// Called once by `run()`.
   std::function<void()> job;
-  /// The answers of the next save dialogs; nil, or no answer left, means cancelled.
+  /// The answers to the next save dialogs; nil, or an empty list, means cancelled.
   std::deque<Ref<FolderItem>> saveAnswers;
 
   /// Whether the simulated desktop has a global menu bar.

@@ -35,7 +35,7 @@ class AccessibleTickBox final : public QAccessibleWidget {
 
 }  // namespace
 
-QAccessibleInterface* makeAccessibleTickBox(const QString& /*kind*/, QObject* object) {
+QAccessibleInterface* makeAccessibleTickBox(const QString& /*className*/, QObject* object) {
   auto* const box = dynamic_cast<QtTickBox*>(object);
   return box == nullptr ? nullptr : new AccessibleTickBox(*box);
 }

@@ -4,8 +4,8 @@
 
 namespace veldrin {
 
-/// Creates the accessible object of a tick box; nil for other objects. Qt reports the rectangle of
-/// mark and text only; this one reports the whole control, since a click anywhere in it works.
-QAccessibleInterface* makeAccessibleTickBox(const QString& kind, QObject* object);
+/// Creates the accessible object of a `QtTickBox`; returns nil for other objects. It reports the
+/// rectangle that reacts to clicks, the whole control; Qt's own reports only mark and text.
+QAccessibleInterface* makeAccessibleTickBox(const QString& className, QObject* object);
 
 }  // namespace veldrin

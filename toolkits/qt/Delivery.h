@@ -11,12 +11,13 @@
 
 namespace veldrin {
 
-/// Delivers user input to the controls. Exceptions must not pass through stack frames of Qt. So
-/// this class stores an exception that leaves a handler and ends the event loop, if it runs.
+/// Delivers user input to the controls. Exceptions must not pass through stack frames of Qt. If
+/// a handler throws, this class stores the exception and ends the event loop, if one is running.
 /// `raiseAgain()` throws the exception after the loop.
 class Delivery {
  public:
-  /// Calls `act` unless another handler is running, a handler has failed, or the runtime is gone.
+  /// Calls `act` unless another act is running, delivery is suspended, an exception is stored or no
+  /// session is in force.
   template <class Act>
   void deliver(Act&& act) {
     if (isHeld_ || raised_ || !InForce<Session>::exists()) return;
@@ -24,22 +25,21 @@ class Delivery {
     runStoringException(std::forward<Act>(act));
   }
 
-  /// The same for an act on a control; does nothing if the control has left its window. Its widget
-  /// may exist a little longer.
+  /// Calls `deliver(act)` if the control is in a window: a removed control may still have a widget.
   template <class Act>
   void deliver(const Control& control, Act&& act) {
     if (control.Window()) deliver(std::forward<Act>(act));
   }
 
-  /// Calls `act` at any time; for acts that run no handler, such as storing a typed text.
+  /// Calls `act` in any state. Use it directly only for acts without a handler, such as storing
+  /// typed text.
   template <class Act>
   void runStoringException(Act&& act) {
     try {
       act();
     } catch (...) {
       raised_ = std::current_exception();
-      // Not quit(), which would ask the windows first. Without a loop, exit() would end the next
-      // dialog.
+      // Not quit(): it asks the windows first. If no loop runs, exit() would end the next dialog.
       if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit();
     }
   }

@@ -13,13 +13,13 @@ class DisplayErrorGuard {
   DisplayErrorGuard();
   DisplayErrorGuard(const DisplayErrorGuard&) = delete;
   DisplayErrorGuard& operator=(const DisplayErrorGuard&) = delete;
-  /// Qt has found a display: prints the messages held back so far.
+  /// Prints the messages held back, because Qt has found a display.
   ~DisplayErrorGuard();
 
  private:
   static void handleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
-  QtMessageHandler before_;
+  QtMessageHandler previousHandler_;
   std::vector<QString> heldBack_;
 };
 

@@ -15,7 +15,7 @@ struct EditingCommand {
   void (*carryOut)(QLineEdit& field);
 };
 
-/// The command of the menu item, or nil.
+/// The command of the menu item with this name, or nil.
 const EditingCommand* editingCommand(const String& item);
 
 /// Whether the widget is a menu or a menu bar, which takes the focus temporarily.
@@ -33,7 +33,7 @@ class Editing {
   void focusMoved(QWidget* widget);
 
   QPointer<QLineEdit> field_;
-  QObject context_;  ///< disconnects when this object is destroyed
+  QObject context_;  ///< its destructor disconnects the signal
 };
 
 }  // namespace veldrin

@@ -10,7 +10,7 @@ inline QColor lineColour(const QPalette& palette) {
   constexpr float Share = 0.45F;
   const QColor text = palette.color(QPalette::WindowText);
   const QColor background = palette.color(QPalette::Window);
-  const auto mixed = [](float of, float with) { return of * Share + with * (1.0F - Share); };
+  const auto mixed = [](float front, float back) { return front * Share + back * (1.0F - Share); };
   return QColor::fromRgbF(mixed(text.redF(), background.redF()),
                           mixed(text.greenF(), background.greenF()),
                           mixed(text.blueF(), background.blueF()));

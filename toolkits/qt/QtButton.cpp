@@ -28,8 +28,8 @@ bool QtButton::showsWhole(const QFont& font) const {
 }
 
 void QtButton::keyPressEvent(QKeyEvent* event) {
-  // On some desktops Return presses a focused button. Not in this form: use the behaviour of a
-  // plain widget.
+  // On some desktops Return presses a focused button. In this form it must not, so QWidget handles
+  // the key.
   const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   // NOLINTNEXTLINE(bugprone-parent-virtual-call): skips QPushButton on purpose.
   if (isReturn) return QWidget::keyPressEvent(event);

@@ -51,8 +51,8 @@ bool QtChooser::showsWhole(const QFont& font) const {
 }
 
 void QtChooser::wheelEvent(QWheelEvent* event) {
-  // Without focus, scrolling over the list must not change the choice: that would overwrite typed
-  // dates.
+  // If the list has no focus, scrolling over it must not change the choice: a new year overwrites
+  // typed dates.
   if (hasFocus()) return QComboBox::wheelEvent(event);
   event->ignore();
 }

@@ -70,17 +70,17 @@ void QtControl::reportFocusLoss(Delivery& delivery) {
 }
 
 double QtControl::ownSizeInPoints() {
-  constexpr double PointsAnInch = 72.0;
-  constexpr double MillimetersAnInch = 25.4;
+  constexpr double PointsPerInch = 72.0;
+  constexpr double MillimetersPerInch = 25.4;
   if (style_ == nullptr || style_->TextSize() <= 0.0F) return 0.0;
   const auto size = static_cast<double>(style_->TextSize());
   switch (style_->TextUnit()) {
     case FontUnits::Pixel:
-      return size * PointsAnInch / widget().logicalDpiY();
+      return size * PointsPerInch / widget().logicalDpiY();
     case FontUnits::Inch:
-      return size * PointsAnInch;
+      return size * PointsPerInch;
     case FontUnits::Millimeter:
-      return size * PointsAnInch / MillimetersAnInch;
+      return size * PointsPerInch / MillimetersPerInch;
     default:
       return size;
   }
@@ -120,7 +120,7 @@ void QtControl::applyFont(const QFont& font) {
 
 void QtControl::applyColours() {
   // Some styles draw frames in a darkened background colour, which is invisible on a dark desktop.
-  // There, set a background that `lineColour` results from when darkened.
+  // There, set a background colour whose darkened form is `lineColour`.
   constexpr int DarkeningPercent = 140;
   const QPalette desktop = QApplication::palette();
   QPalette own;

@@ -38,15 +38,15 @@ class QtControl {
   /// Sets the name that a screen reader speaks.
   virtual void setSpokenName(const QString& name) { widget().setAccessibleName(name); }
 
-  /// Tells the control that it has lost the focus (not to a menu).
+  /// Tells the control that it has lost the focus. Not called when a menu takes the focus.
   virtual void reportFocusLoss(Delivery& delivery);
 
   /// If this is a label beside the field, makes it the spoken name of the field.
   virtual void nameField(QtControl& /*field*/) {}
-  /// Whether the label beside it is its spoken name.
+  /// Whether a label beside this control is its spoken name.
   [[nodiscard]] virtual bool isNamedByLabel() const { return false; }
 
-  /// Takes the focus when the window opens.
+  /// Takes the focus. Called when the window opens.
   virtual void takeFirstFocus() { widget().setFocus(Qt::TabFocusReason); }
 
  protected:
@@ -54,17 +54,17 @@ class QtControl {
   QtControl(Ref<RectControl> control, const TextStyle* style)
       : control_(std::move(control)), style_(style) {}
 
-  /// Updates what is specific to this kind of control.
+  /// Updates the properties that only this kind of control has.
   virtual void followKind() {}
   /// Whether the texts of the control fit in this font.
   [[nodiscard]] virtual bool showsWhole(const QFont& /*font*/) const { return true; }
   /// Whether desktop styles frame this control in a darkened background colour.
   [[nodiscard]] virtual bool isFramed() const { return false; }
-  /// Adds the colours that the control sets itself.
+  /// Adds the control's own colours to the palette.
   virtual void addOwnColours(QPalette& /*palette*/) const {}
 
  private:
-  /// 0 if the control has no own size.
+  /// 0 if the control has no font size of its own.
   [[nodiscard]] double ownSizeInPoints();
   [[nodiscard]] QFont styledFont(const QFont& font) const;
 
@@ -73,7 +73,7 @@ class QtControl {
   bool hasFont_ = false;     ///< `applyFont` has been called
   bool hasOwnSize_ = false;  ///< at the last `applyFont`
   QFont windowFont_;         ///< argument of the last `applyFont`
-  QFont styledFont_;         ///< the same, in the control's style
+  QFont styledFont_;         ///< `windowFont_` in the control's style
   QPalette colours_;
 };
 

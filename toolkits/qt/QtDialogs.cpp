@@ -16,7 +16,7 @@ namespace veldrin {
 namespace {
 
 /// The filter entry of a file type, such as "Calendar files (*.ics)". For a type without
-/// extensions, uses that of `fileName`.
+/// extensions, uses the extension of `fileName`.
 QString entryOf(const QString& typeName, const QString& fileName) {
   const RegisteredFileType* const type = findRegisteredFileType(fromQt(typeName));
   QString extension = type == nullptr ? QString() : toQt(type->extensions);
@@ -25,7 +25,7 @@ QString entryOf(const QString& typeName, const QString& fileName) {
 }
 
 /// Shortens the text to fit the screen: drops middle lines and elides words and lines in the
-/// middle. The box wraps at spaces, so a path is one word.
+/// middle. The box breaks lines only at spaces, so a long path must be elided.
 QString shortened(const QMessageBox& box, const QString& text) {
   constexpr qsizetype MostLines = 20;
   const int widest = box.screen()->availableGeometry().width() / 2;
@@ -45,8 +45,8 @@ QString shortened(const QMessageBox& box, const QString& text) {
   return lines.join('\n');
 }
 
-/// Shows the text and an optional reason. If they were shortened to fit the screen, the details and
-/// the screen reader still get the full text.
+/// Shows the text and an optional reason. If one was shortened, a screen reader still gets both in
+/// full; the details show the full reason, or the full text if there is no reason.
 void showIn(QMessageBox& box, const QString& text, const QString& reason) {
   box.setWindowTitle("Veldrin");
   box.setTextFormat(Qt::PlainText);

@@ -17,8 +17,8 @@ Qt::Alignment alignmentOf(const TextField& field) {
   constexpr Qt::AlignmentFlag Horizontal[] = {Qt::AlignLeft, Qt::AlignLeft, Qt::AlignHCenter,
                                               Qt::AlignRight};
   const std::int32_t alignment = field.Alignment();
-  const bool known = alignment >= 0 && alignment <= 3;
-  return Horizontal[known ? alignment : 0] | Qt::AlignVCenter;
+  const bool isKnown = alignment >= 0 && alignment <= 3;
+  return Horizontal[isKnown ? alignment : 0] | Qt::AlignVCenter;
 }
 
 }  // namespace
@@ -46,15 +46,15 @@ void QtField::takeFirstFocus() {
 }
 
 void QtField::followKind() {
-  // Setting the text clears the undo history, so set it only if it changes.
   const QString wanted = toQt(field_->Text());
-  // The control keeps the program's text even if Qt changes it for display.
-  const QSignalBlocker nothingIsTyped(this);
+  // Blocks textChanged: the control keeps its text even if Qt changes the text for display.
+  const QSignalBlocker blocker(this);
   setReadOnly(field_->ReadOnly());
   setFrame(field_->Border());
   setEchoMode(field_->Password() ? QLineEdit::Password : QLineEdit::Normal);
   setPlaceholderText(toQt(field_->CueText()));
   setAlignment(alignmentOf(*field_));
+  // Setting the text clears the undo history, so set it only if it changes.
   if (wanted != text()) setText(wanted);
   if (!hasFocus()) setCursorPosition(0);
 }
@@ -80,7 +80,7 @@ void QtField::focusInEvent(QFocusEvent* event) {
 void QtField::focusOutEvent(QFocusEvent* event) {
   const Qt::FocusReason reason = event->reason();
   if (reason == Qt::MenuBarFocusReason || reason == Qt::PopupFocusReason) {
-    // The field keeps its selection for the menu; Qt clears it for other reasons.
+    // Keeps the selection for the menu: Qt clears the selection for `MenuBarFocusReason`.
     isFocusLent_ = true;
     QFocusEvent toPopup(QEvent::FocusOut, Qt::PopupFocusReason);
     QLineEdit::focusOutEvent(&toPopup);
@@ -90,15 +90,15 @@ void QtField::focusOutEvent(QFocusEvent* event) {
 }
 
 void QtField::focusMoved(const QWidget* widget) {
-  // The focus went elsewhere after the menu, so now the field has lost it.
   if (!isFocusLent_ || widget == this || isMenu(widget)) return;
+  // After the menu, the focus went elsewhere: only now has the field lost it.
   isFocusLent_ = false;
   reportFocusLoss(delivery_);
 }
 
 void QtField::dropEvent(QDropEvent* event) {
   QLineEdit::dropEvent(event);
-  // Take the focus, so that losing it later processes the dropped text like typed text.
+  // Takes the focus, so that losing it later processes the dropped text like typed text.
   setFocus(Qt::MouseFocusReason);
 }
 

@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-/// A one-line text field. Reports every typed text to the control. Black on white means the text
-/// colours of the desktop.
+/// A one-line text field. Reports every change by the user to the control. A black text and a white
+/// background are drawn in the desktop's colours.
 class QtField final : public QLineEdit, public QtControl {
  public:
   QtField(Ref<TextField> field, Delivery& delivery, QWidget& parent);

@@ -11,8 +11,8 @@ namespace {
 Qt::Alignment alignmentOf(const StaticText& text) {
   constexpr Qt::AlignmentFlag Horizontal[] = {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};
   const std::int32_t alignment = text.TextAlign();
-  const bool known = alignment >= 0 && alignment <= 2;
-  return Horizontal[known ? alignment : 0] | Qt::AlignVCenter;
+  const bool isKnown = alignment >= 0 && alignment <= 2;
+  return Horizontal[isKnown ? alignment : 0] | Qt::AlignVCenter;
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ QKeySequence shortcutOf(const MenuItem& item) {
   return {toQt(item.KeyboardShortcut()).replace("Cmd+", "Ctrl+")};
 }
 
-/// Deletes the object later, because it may be the sender of the current event.
+/// Deletes the object later, because it may be emitting a signal now.
 void discard(QObject& removed) {
   removed.setObjectName({});
   if (auto* const action = qobject_cast<QAction*>(&removed)) action->setShortcut({});
@@ -47,8 +47,8 @@ void QtMenus::addPlaces(const MenuItem& menu, int depth, std::vector<Place>& pla
 }
 
 void QtMenus::rebuild(const Ref<MenuBar>& root) {
-  std::vector<Entry> before = std::exchange(entries_, {});
-  for (const Entry& entry : before) {
+  std::vector<Entry> oldEntries = std::exchange(entries_, {});
+  for (const Entry& entry : oldEntries) {
     QMenu* const menu = entry.action->menu();
     if (menu == nullptr) continue;
     for (QAction* const action : menu->actions()) {
@@ -58,24 +58,24 @@ void QtMenus::rebuild(const Ref<MenuBar>& root) {
   }
   QList<QAction*> menus;
   if (root) {
-    for (const Ref<MenuItem>& item : root->children()) menus.append(buildMenu(item, before));
+    for (const Ref<MenuItem>& item : root->children()) menus.append(buildMenu(item, oldEntries));
   }
   if (bar_.actions() != menus) {
     bar_.clear();
     bar_.addActions(menus);
   }
-  for (const Entry& entry : before) {
+  for (const Entry& entry : oldEntries) {
     if (QMenu* const menu = entry.action->menu()) discard(*menu);
   }
 }
 
-QAction* QtMenus::buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& before) {
-  QMenu& menu = *takeMenu(item, before);
+QAction* QtMenus::buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& oldEntries) {
+  QMenu& menu = *takeMenu(item, oldEntries);
   menu.setObjectName(toQt(item->Name));
   entries_.push_back({item, menu.menuAction()});
   for (const Ref<MenuItem>& child : item->children()) {
     if (!child->children().empty()) {
-      menu.addAction(buildMenu(child, before));
+      menu.addAction(buildMenu(child, oldEntries));
     } else if (child->isSeparator()) {
       menu.addSeparator()->setObjectName(toQt(child->Name));
     } else {
@@ -93,13 +93,13 @@ void QtMenus::addAction(QMenu& menu, const Ref<MenuItem>& item) {
   QObject::connect(action, &QAction::triggered, action, [this, entry] { choose(entry); });
 }
 
-QMenu* QtMenus::takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& before) {
-  const auto found = std::ranges::find_if(before, [&](const Entry& entry) {
+QMenu* QtMenus::takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& oldEntries) {
+  const auto found = std::ranges::find_if(oldEntries, [&](const Entry& entry) {
     return entry.item == item && entry.action->menu() != nullptr;
   });
-  if (found != before.end()) {
+  if (found != oldEntries.end()) {
     QMenu* const kept = found->action->menu();
-    before.erase(found);
+    oldEntries.erase(found);
     return kept;
   }
   auto* const made = new QMenu(&bar_);
@@ -126,11 +126,11 @@ void QtMenus::refresh() const {
 }
 
 bool QtMenus::hasShortcut(const QKeySequence& keys) const {
-  const bool has = std::ranges::any_of(
+  const bool isFound = std::ranges::any_of(
       entries_, [&](const Entry& entry) { return entry.action->shortcut() == keys; });
   // Enabled states may be outdated, since menus refresh only when opened.
-  if (has) refresh();
-  return has;
+  if (isFound) refresh();
+  return isFound;
 }
 
 void QtMenus::choose(const Entry& entry) const {

@@ -9,7 +9,7 @@
 
 namespace veldrin {
 
-/// The menus of a window. An item without a handler performs the editing command of its name.
+/// The menus of a window. An item that no handler handles performs the editing command of its name.
 class QtMenus {
  public:
   QtMenus(QMenuBar& bar, Delivery& delivery, const Editing& editing)
@@ -36,12 +36,12 @@ class QtMenus {
   };
 
   static void addPlaces(const MenuItem& menu, int depth, std::vector<Place>& places);
-  /// Builds the menus again. A menu that stays keeps its widget, which may be opening now.
+  /// Builds the menus again. A menu that stays keeps its widget, because it may be opening now.
   void rebuild(const Ref<MenuBar>& root);
-  /// Fills the menu of an item: its widget from the entries `before`, or a new one.
-  QAction* buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& before);
+  /// Fills the menu of an item. Its widget is taken from `oldEntries`, or is new.
+  QAction* buildMenu(const Ref<MenuItem>& item, std::vector<Entry>& oldEntries);
   void addAction(QMenu& menu, const Ref<MenuItem>& item);
-  [[nodiscard]] QMenu* takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& before);
+  [[nodiscard]] QMenu* takeMenu(const Ref<MenuItem>& item, std::vector<Entry>& oldEntries);
   void update(const Entry& entry) const;
   void refresh() const;
   void choose(const Entry& entry) const;

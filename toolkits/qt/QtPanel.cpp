@@ -11,16 +11,16 @@ QtPanel::QtPanel(const Ref<Placard>& panel, Delivery& /*delivery*/, QWidget& par
     : QWidget(&parent), QtControl(panel, nullptr) {}
 
 void QtPanel::paintEvent(QPaintEvent* /*event*/) {
-  // Whole device pixels, so that all four sides look equal at fractional scaling.
+  // A line is whole device pixels wide, so that all four sides look equal at fractional scaling.
   const double ratio = devicePixelRatioF();
-  const double line = std::floor(ratio) / ratio;
+  const double lineWidth = std::floor(ratio) / ratio;
   const QColor colour = lineColour(palette());
-  const double right = width() - line;
-  const double bottom = height() - line;
+  const double right = width() - lineWidth;
+  const double bottom = height() - lineWidth;
   QPainter painter(this);
   for (const QRectF& side :
-       {QRectF(0.0, 0.0, width(), line), QRectF(0.0, bottom, width(), line),
-        QRectF(0.0, 0.0, line, height()), QRectF(right, 0.0, line, height())}) {
+       {QRectF(0.0, 0.0, width(), lineWidth), QRectF(0.0, bottom, width(), lineWidth),
+        QRectF(0.0, 0.0, lineWidth, height()), QRectF(right, 0.0, lineWidth, height())}) {
     painter.fillRect(side, colour);
   }
 }

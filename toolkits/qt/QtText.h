@@ -17,7 +17,7 @@ inline String fromQt(const QString& text) {
   return String(std::string_view(bytes.data(), static_cast<std::size_t>(bytes.size())));
 }
 
-/// A caption for Qt: "&" is not a mnemonic, and carriage returns break lines.
+/// Converts a caption: "&" does not mark a mnemonic, and carriage returns become line feeds.
 inline QString plainCaption(const String& text) {
   return toQt(text).replace('&', "&&").replace('\r', '\n');
 }

@@ -8,9 +8,9 @@ namespace veldrin {
 QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
     : QCheckBox(&parent), QtControl(box, box.get()), box_(std::move(box)) {
   setFocusPolicy(Qt::StrongFocus);
-  connect(this, &QCheckBox::toggled, this, [this, &delivery](bool ticked) {
-    if (ticked == box_->Value()) return;  // the program made the change
-    delivery.deliver(*box_, [&] { box_->userTicked(ticked); });
+  connect(this, &QCheckBox::toggled, this, [this, &delivery](bool isTicked) {
+    if (isTicked == box_->Value()) return;  // the program made the change
+    delivery.deliver(*box_, [&] { box_->userTicked(isTicked); });
     followKind();  // undoes a tick that was not delivered
   });
 }

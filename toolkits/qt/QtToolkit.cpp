@@ -25,7 +25,7 @@ char programName[] = "veldrin";
 char* programArguments[] = {programName, nullptr};
 int argumentCount = 1;
 
-/// Not from the icon theme: that has the same picture, and searching it costs 3 ms at start.
+/// Uses the resources: the icon theme has the same picture, but searching it takes 3 ms at start.
 QIcon programIcon() {
   QIcon icon;
   for (const QFileInfo& picture : QDir(":/icons").entryInfoList()) icon.addFile(picture.filePath());
@@ -49,9 +49,9 @@ class StopSignalNotifier {
 
 }  // namespace
 
-QtToolkit::QtApplication::QtApplication(const DisplayErrorGuard& /*watch*/)
+QtToolkit::QtApplication::QtApplication(const DisplayErrorGuard& /*guard*/)
     : QApplication(argumentCount, programArguments) {
-  // QApplication has set the locale of the C library; numbers need a decimal point.
+  // QApplication has set the locale of the C library; numbers need "." as decimal separator.
   std::setlocale(LC_NUMERIC, "C");
   setDesktopFileName("org.veldrin.Veldrin");
   setWindowIcon(programIcon());
@@ -149,15 +149,15 @@ void QtToolkit::reportOutOfMemory() noexcept {
   complainOfMemory(programName);
 }
 
-void QtToolkit::reportActivation(bool active) {
+void QtToolkit::reportActivation(bool isActive) {
   const Ref<Application> application = registeredApplication();
-  if (application) delivery_.deliver([&] { application->setActive(active); });
+  if (application) delivery_.deliver([&] { application->setActive(isActive); });
 }
 
 void QtToolkit::reportFault(const String& sentence) {
   complain(programName, sentence.view());
-  // The box takes the focus from a field, whose focus handler must not run again: it may have
-  // failed.
+  // The box takes the focus from a field. The field's "LostFocus" handler must not run: it may
+  // have failed before.
   const ScopedFlag hold = delivery_.hold();
   std::optional<StopSignalNotifier> notifier;
   if (!isRunning_) notifier.emplace();  // a running loop has its own

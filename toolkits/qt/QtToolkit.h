@@ -37,15 +37,15 @@ class QtToolkit final : public Toolkit {
   void reportOutOfMemory() noexcept override;
 
  private:
-  /// Keeps the C library's numeric locale "C", which `QApplication` changes.
+  /// Sets the properties of the application, and restores the C library's numeric locale "C".
   class QtApplication : public QApplication {
    public:
-    explicit QtApplication(const DisplayErrorGuard& watch);
+    explicit QtApplication(const DisplayErrorGuard& guard);
   };
 
   /// The widget that shows the window, or nullptr.
   [[nodiscard]] QWidget* widgetOf(const Window* window) const;
-  void reportActivation(bool active);
+  void reportActivation(bool isActive);
 
   std::span<const SpokenName> names_;
   QtApplication application_;

@@ -100,10 +100,10 @@ void QtWindow::fitFont() {
     return std::ranges::all_of(controls_, [&](const auto& c) { return c.second->fits(font); });
   };
   const double points = QFontInfo(font).pointSizeF();
-  const double pointsAPixel = points / pixels;
+  const double pointsPerPixel = points / pixels;
   while (pixels > Smallest && !allFit()) {
     pixels -= Step;
-    font.setPointSizeF(pixels * pointsAPixel);
+    font.setPointSizeF(pixels * pointsPerPixel);
   }
   for (const auto& [control, made] : controls_) made->applyFont(font);
 }
@@ -162,9 +162,9 @@ void QtWindow::reportFocusLoss(const QObject& widget) {
 
 bool QtWindow::event(QEvent* event) {
   const QEvent::Type type = event->type();
-  const bool done = QMainWindow::event(event);
+  const bool isHandled = QMainWindow::event(event);
   // After DeferredDelete this object no longer exists.
-  if (type == QEvent::DeferredDelete || window_ == nullptr) return done;
+  if (type == QEvent::DeferredDelete || window_ == nullptr) return isHandled;
   switch (type) {
     case QEvent::WindowActivate:
     case QEvent::WindowDeactivate:
@@ -174,8 +174,8 @@ bool QtWindow::event(QEvent* event) {
       if (isVisible()) raiseEvent(Window::Events::Moved);
       break;
     case QEvent::WindowStateChange: {
-      const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
-      if (isMinimized() == before.testFlag(Qt::WindowMinimized)) break;
+      const auto oldState = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+      if (isMinimized() == oldState.testFlag(Qt::WindowMinimized)) break;
       raiseEvent(isMinimized() ? Window::Events::Minimize : Window::Events::Restore);
       break;
     }
@@ -189,17 +189,17 @@ bool QtWindow::event(QEvent* event) {
     default:
       break;
   }
-  return done;
+  return isHandled;
 }
 
 void QtWindow::keyPressEvent(QKeyEvent* event) {
   // Only keys that no control has handled arrive here.
   const String letters = fromQt(event->text());
-  bool taken = false;
+  bool isTaken = false;
   if (window_ != nullptr && !letters.isEmpty()) {
-    delivery_.deliver([&] { taken = callHandler(*window_, Window::Events::KeyDown, letters); });
+    delivery_.deliver([&] { isTaken = callHandler(*window_, Window::Events::KeyDown, letters); });
   }
-  if (!taken) QMainWindow::keyPressEvent(event);
+  if (!isTaken) QMainWindow::keyPressEvent(event);
 }
 
 void QtWindow::raiseEvent(const Event<void()>& event) {

@@ -19,8 +19,8 @@ SaveDialog::SaveDialog(QWidget* parent, const QStringList& filters, const QStrin
   selectFile(fileName);
   nameField_ = findChild<QLineEdit*>("fileNameEdit");
   if (nameField_ == nullptr) return;
-  // Runs after Qt's own connection, which disables the button for a bad name. Keep it enabled, so
-  // that accept() can tell the user what is wrong.
+  // Runs after Qt's own connection, which disables the button for a bad name. Keeps the button
+  // enabled, so that accept() can tell the user what is wrong.
   auto* const buttons = findChild<QDialogButtonBox*>("buttonBox");
   connect(nameField_, &QLineEdit::textChanged, this,
           [buttons] { buttons->button(QDialogButtonBox::Save)->setEnabled(true); });
@@ -42,11 +42,10 @@ void SaveDialog::accept() {
     nameField_->clear();
     return;
   }
-  const bool asks = !testOption(DontConfirmOverwrite) && QFileInfo::exists(path);
-  if (asks && !mayReplace(path)) return;
+  const bool hasToAsk = !testOption(DontConfirmOverwrite) && QFileInfo::exists(path);
+  if (hasToAsk && !mayReplace(path)) return;
   chosen_ = path;
-  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): QFileDialog would parse the name
-                      // again
+  QDialog::accept();  // NOLINT(bugprone-parent-virtual-call): QFileDialog parses the name
 }
 
 QString SaveDialog::typedPath() const {

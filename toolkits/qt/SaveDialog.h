@@ -5,9 +5,9 @@
 
 namespace veldrin {
 
-/// A save dialog that takes the typed file name literally. Qt's dialog ends names at quotation
-/// marks, drops spaces and does not report names that are too long. If the desktop provides a
-/// native dialog, that one is used unchanged.
+/// A save dialog that takes the typed file name literally, except a leading "~". Qt's own dialog
+/// ends names at quotation marks, drops spaces and does not report names that are too long. If the
+/// desktop provides a native dialog, Veldrin uses it unchanged.
 class SaveDialog final : public QFileDialog {
  public:
   SaveDialog(QWidget* parent, const QStringList& filters, const QString& fileName);
