@@ -24,24 +24,24 @@ struct ClockYear {
   ClockRules clock;
 };
 
-/// A twilight. Its value is the degrees of the Sun's centre below the horizon at its darker end.
+/// A twilight. The value is its darker limit: degrees of the Sun's centre below the horizon.
 enum class Twilight : std::uint8_t { Civil = 6, Nautical = 12, Astronomical = 18 };
 
 /// The optional content of the calendar.
 struct AlmanacOptions {
   std::set<Twilight> twilights;
   std::optional<std::int32_t> reminder;  ///< minutes before a sunrise or sunset
-  std::int64_t stamp = 0;  ///< time of creation, seconds since 1970-01-01 00:00 UTC, years to 9999
+  std::int64_t stamp = 0;  ///< time of creation: seconds since 1970, UTC, up to the year 9999
 };
 
 /// The calendar of a place for some years as an iCalendar text (RFC 5545), for today's calendar
 /// programs.
 ///
-/// The calendar has each event of the local days from January 1 to December 31 of each year, in
-/// Universal Time rounded to the minute. The clock decides only to which local day an event
-/// belongs. A day with neither sunrise nor sunset has an all-day event that says whether the Sun is
-/// up or down. A day that the clock skips has no event. An identifier depends only on place, kind
-/// and day, so a repeated import replaces events, and the years of one place can be joined.
+/// The calendar has each sunrise and sunset and the chosen twilights of each local day of a year,
+/// in Universal Time rounded to the minute. The clock assigns each event to a local day. A day with
+/// neither sunrise nor sunset has an all-day event that says whether the Sun is up or down. A day
+/// that the clock skips has no event. The UID of an event depends on place, kind, day and ordinal
+/// only. So a repeated import replaces events, and years of a place can be imported separately.
 ///
 /// A time may differ by a minute from the window's: see `crossings`. `yield()` is called once for
 /// each day; its exceptions pass through.

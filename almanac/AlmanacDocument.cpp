@@ -15,9 +15,9 @@ namespace {
 template <std::size_t Count>
 void appendTwoDigits(std::string& text, const std::int64_t (&numbers)[Count]) {
   std::array<char, 2 * Count> digits;
-  for (std::size_t number = 0; number < Count; ++number) {
-    digits[2 * number] = static_cast<char>('0' + numbers[number] / 10);
-    digits[2 * number + 1] = static_cast<char>('0' + numbers[number] % 10);
+  for (std::size_t index = 0; index < Count; ++index) {
+    digits[2 * index] = static_cast<char>('0' + numbers[index] / 10);
+    digits[2 * index + 1] = static_cast<char>('0' + numbers[index] % 10);
   }
   text.append(digits.data(), digits.size());
 }
@@ -28,29 +28,30 @@ void appendDay(std::string& text, std::int64_t day) {
   appendTwoDigits(text, {civil.year / 100, civil.year % 100, civil.month, civil.day});
 }
 
-/// Appends a minute since 1970-01-01 00:00 UTC and a second of it, as in "20260101T120000Z".
+/// Appends a UTC time, as in "20260101T120000Z". `minute` counts from 1970-01-01 00:00.
 void appendMoment(std::string& text, std::int64_t minute, std::int64_t second = 0) {
   std::int64_t day = minute / MinutesOfDay;
   if (day * MinutesOfDay > minute) --day;
-  const std::int64_t rest = minute - day * MinutesOfDay;
+  const std::int64_t minuteOfDay = minute - day * MinutesOfDay;
   appendDay(text, day);
   text += 'T';
-  appendTwoDigits(text, {rest / 60, rest % 60, second});
+  appendTwoDigits(text, {minuteOfDay / 60, minuteOfDay % 60, second});
   text += 'Z';
 }
 
 }  // namespace
 
 AlmanacDocument::AlmanacDocument(const Place& place, const AlmanacOptions& options) {
-  const Coordinate north(place.latitude);
-  const Coordinate east(place.longitude);
-  const std::string name = escapedText(
-      place.name.empty() ? north.words('N', 'S') + ", " + east.words('E', 'W') : place.name);
-  suffix_ = placeCode(north, east) + "@veldrin";
+  const Coordinate latitude(place.latitude);
+  const Coordinate longitude(place.longitude);
+  const std::string name =
+      escapedText(place.name.empty() ? latitude.words('N', 'S') + ", " + longitude.words('E', 'W')
+                                     : place.name);
+  suffix_ = placeCode(latitude, longitude) + "@veldrin";
   stamp_ = "DTSTAMP:";
   appendMoment(stamp_, options.stamp / 60, options.stamp % 60);
   appendLine(common_, "LOCATION:" + name);
-  appendLine(common_, "GEO:" + north.number() + ";" + east.number());
+  appendLine(common_, "GEO:" + latitude.number() + ";" + longitude.number());
   appendLine(common_, "TRANSP:TRANSPARENT");
   if (options.reminder) trigger_ = "TRIGGER:-PT" + std::to_string(*options.reminder) + "M";
 
@@ -69,11 +70,11 @@ void AlmanacDocument::addDay(const EventKind& kind, std::int64_t day) {
 }
 
 void AlmanacDocument::addMoment(const EventKind& kind, std::int64_t day, std::int64_t ordinal,
-                                std::int64_t minute, bool reminds) {
+                                std::int64_t minute, bool hasReminder) {
   begin(kind, day, ordinal);
   momentLine("DTSTART:", minute);
   momentLine("DTEND:", minute + 1);
-  end(kind, reminds);
+  end(kind, hasReminder);
 }
 
 std::string AlmanacDocument::finish() && {
@@ -108,10 +109,10 @@ void AlmanacDocument::begin(const EventKind& kind, std::int64_t day, std::int64_
   appendLine(text_, stamp_);
 }
 
-void AlmanacDocument::end(const EventKind& kind, bool reminds) {
+void AlmanacDocument::end(const EventKind& kind, bool hasReminder) {
   line("SUMMARY:", kind.summary);
   text_ += common_;
-  if (reminds && !trigger_.empty()) {
+  if (hasReminder && !trigger_.empty()) {
     appendLine(text_, "BEGIN:VALARM");
     appendLine(text_, "ACTION:DISPLAY");
     line("DESCRIPTION:", kind.summary);

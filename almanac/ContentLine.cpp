@@ -14,10 +14,10 @@ constexpr std::string_view Fold = "\r\n ";
 
 std::string escapedText(std::string_view text) {
   std::string escaped;
-  for (std::size_t place = 0; place < text.size(); ++place) {
-    const char byte = text[place];
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const char byte = text[index];
     if (byte == '\r' || byte == '\n') {
-      if (byte == '\r' && text.substr(place + 1).starts_with('\n')) ++place;
+      if (byte == '\r' && text.substr(index + 1).starts_with('\n')) ++index;
       escaped += "\\n";
       continue;
     }
@@ -34,7 +34,7 @@ void appendLine(std::string& document, std::string_view line) {
     while (length > 1 && continuesCharacter(line[length])) --length;
     document.append(line.substr(0, length)).append(Fold);
     line.remove_prefix(length);
-    room = MostBytes - 1;  // the blank of the fold counts
+    room = MostBytes - 1;  // the space that begins a folded line counts
   }
   document.append(line).append("\r\n");
 }

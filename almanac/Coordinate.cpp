@@ -18,20 +18,18 @@ std::string fixed(double magnitude) {
 }  // namespace
 
 Coordinate::Coordinate(double degrees)
-    : digits_(fixed(std::fabs(degrees))), negative_(degrees < 0.0 && digits_ != "0.0000") {}
+    : digits_(fixed(std::fabs(degrees))), isNegative_(degrees < 0.0 && digits_ != "0.0000") {}
 
 std::string Coordinate::signedDigits(std::size_t wholeDigits) const {
   const std::size_t before = digits_.size() - 1 - DigitsOfFraction;
   const std::string zeros(before < wholeDigits ? wholeDigits - before : 0, '0');
-  return (negative_ ? "-" : "+") + zeros + digits_;
+  return (isNegative_ ? "-" : "+") + zeros + digits_;
 }
 
 std::string placeCode(const Coordinate& latitude, const Coordinate& longitude) {
   const bool isPole = latitude == Coordinate(90.0) || latitude == Coordinate(-90.0);
-  const bool isOtherSign = longitude == Coordinate(-180.0);
-  const Coordinate meridian = isPole        ? Coordinate(0.0)
-                              : isOtherSign ? Coordinate(180.0)
-                                            : longitude;
+  const bool isMinus180 = longitude == Coordinate(-180.0);
+  const Coordinate meridian = isPole ? Coordinate(0.0) : isMinus180 ? Coordinate(180.0) : longitude;
   return latitude.signedDigits(2) + meridian.signedDigits(3);
 }
 

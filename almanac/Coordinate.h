@@ -5,30 +5,30 @@
 
 namespace veldrin {
 
-/// A latitude or a longitude as the texts of a document, in degrees with four digits after the
-/// point (about ten metres). Zero has no sign.
+/// A latitude or a longitude as text: degrees with four digits after the point (about ten metres).
+/// A value that rounds to zero counts as positive.
 class Coordinate {
  public:
   explicit Coordinate(double degrees);
 
   /// "-122.3321"
-  [[nodiscard]] std::string number() const { return (negative_ ? "-" : "") + digits_; }
+  [[nodiscard]] std::string number() const { return (isNegative_ ? "-" : "") + digits_; }
   /// With a sign and at least `wholeDigits` digits before the point: "+47.6062", "-122.3321".
   [[nodiscard]] std::string signedDigits(std::size_t wholeDigits) const;
-  /// With the letter of its half of the Earth: "122.3321 W".
+  /// With one of the two letters instead of a sign: "122.3321 W".
   [[nodiscard]] std::string words(char positive, char negative) const {
-    return digits_ + ' ' + (negative_ ? negative : positive);
+    return digits_ + ' ' + (isNegative_ ? negative : positive);
   }
 
   bool operator==(const Coordinate&) const = default;
 
  private:
   std::string digits_;
-  bool negative_;
+  bool isNegative_;
 };
 
-/// A place by ISO 6709: "+47.6062-122.3321". Each place has one text: the longitude of a pole is 0,
-/// and -180 is 180.
+/// A place as text by ISO 6709: "+47.6062-122.3321". Each place has only one text: the longitude of
+/// a pole becomes 0, and -180 becomes 180.
 std::string placeCode(const Coordinate& latitude, const Coordinate& longitude);
 
 }  // namespace veldrin

@@ -19,8 +19,8 @@ double Sky::sineAltitude(double midnight, double hour) const {
 }
 
 double Sky::mostInAnHour() const {
-  constexpr double MostByTurning = 0.263;       // of the Earth: a turn in a sidereal day
-  constexpr double MostByDeclination = 0.0003;  // 24 minutes of arc in a day
+  constexpr double MostByTurning = 0.263;       // the Earth's rotation: one turn in a sidereal day
+  constexpr double MostByDeclination = 0.0003;  // the Sun's declination: 24 minutes of arc in a day
   return MostByTurning * observer_.cphi + MostByDeclination;
 }
 

@@ -6,9 +6,9 @@
 
 namespace veldrin {
 
-/// The Sun's altitude at a place, computed by the same engine as the window's. Days are days of
-/// Universal Time after 1582, numbered as in shell/host/Civil.h. Hours count from the midnight that
-/// begins the day.
+/// The Sun's altitude at a place, computed by the same formulas as for the window. Days are days of
+/// Universal Time from 1582-10-15 on, numbered as in shell/host/Civil.h. Hours count from the
+/// midnight that begins the day.
 class Sky {
  public:
   /// Takes degrees, north and east positive.
@@ -17,8 +17,8 @@ class Sky {
   /// The Modified Julian Date of the midnight that begins a day.
   [[nodiscard]] static double midnightOf(std::int64_t day);
 
-  /// The sine of the true altitude of the Sun's centre, `hour` hours after a midnight of
-  /// `midnightOf`. The hour may be outside [0:24].
+  /// The sine of the altitude of the Sun's centre, without refraction, `hour` hours after
+  /// `midnight`, a result of `midnightOf`. The hour may be outside [0:24].
   [[nodiscard]] double sineAltitude(double midnight, double hour) const;
 
   /// An upper bound of the change of `sineAltitude` in an hour.
