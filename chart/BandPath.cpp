@@ -15,7 +15,7 @@ struct Interval {
   std::int32_t bottom;
 };
 
-/// Intervals of consecutive columns; each touches the next.
+/// Intervals of consecutive columns; each overlaps the next.
 struct Ribbon {
   std::size_t firstColumn;
   std::vector<Interval> intervals;
@@ -53,22 +53,22 @@ std::vector<Ribbon> ribbonsOf(std::span<const DayColumn> columns, Band band) {
   return ribbons;
 }
 
-/// Appends one side of a ribbon: its heights in drawing order, each `step` columns wide.
-void appendSide(std::string& path, const std::vector<std::int32_t>& heights, int step) {
+/// Appends the y coordinates of one side of a ribbon. `step` is 1 to the right, -1 to the left.
+void appendSide(std::string& path, const std::vector<std::int32_t>& ys, int step) {
   int run = 0;
-  std::int32_t height = heights.front();
-  for (const std::int32_t next : heights) {
-    if (next != height) {
-      path += 'h' + std::to_string(run) + 'v' + std::to_string(next - height);
+  std::int32_t y = ys.front();
+  for (const std::int32_t next : ys) {
+    if (next != y) {
+      path += 'h' + std::to_string(run) + 'v' + std::to_string(next - y);
       run = 0;
-      height = next;
+      y = next;
     }
     run += step;
   }
   path += 'h' + std::to_string(run);
 }
 
-/// Appends the tops of a ribbon, then its bottoms backwards.
+/// Appends the tops of a ribbon from left to right, then its bottoms from right to left.
 void appendOutline(std::string& path, const Ribbon& ribbon) {
   std::vector<std::int32_t> tops;
   std::vector<std::int32_t> bottoms;

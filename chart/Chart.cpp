@@ -17,7 +17,7 @@ std::string chart(const Place& place, std::string_view zoneName, const ClockYear
                   const std::function<void()>& yield) {
   const std::int64_t first = dayNumber(year.year, 1, 1);
   const std::int64_t last = dayNumber(year.year, 12, 31);
-  // Local clocks differ from Greenwich by up to 25 hours.
+  // Local time differs from Universal Time by up to 25 hours.
   const Light light(place, first - 2, last + 2, yield);
   std::vector<DayColumn> columns;
   for (std::int64_t day = first; day <= last; ++day) {

@@ -37,9 +37,9 @@ constexpr std::array<BandName, BandCount> BandNames{{{"night", "Night"},
                                                      {"civil", "Civil twilight"},
                                                      {"day", "Day"}}};
 
-/// The font size in which a name leaves room for the year beside it. Assumes wide letters: 0.65 of
-/// the size in ASCII, the whole size otherwise.
-double sizeOfName(std::string_view name) {
+/// The font size, 34 or smaller, at which a name leaves room for the year beside it. Assumes wide
+/// letters: 0.65 of the font size for ASCII, the whole font size for others.
+double fontSizeOf(std::string_view name) {
   constexpr double Largest = 34.0;
   constexpr double Room = 960.0;
   double width = 0.0;
@@ -64,7 +64,7 @@ Fact lengthFact(std::string_view label, const DayMinutes& length) {
   return {label, lengthWords(length.minutes), dateWords(length.day)};
 }
 
-/// The number of days on which the Sun is up or down all day.
+/// A fact that has the number of days instead of a date.
 Fact allDayFact(std::string_view label, std::string_view words, std::int64_t days) {
   return {label, std::string(words), std::to_string(days) + (days == 1 ? " day" : " days")};
 }
@@ -119,7 +119,7 @@ double ChartPage::columnAt(std::size_t index) const {
 
 void ChartPage::drawHeading(std::string_view name, std::string_view where) {
   svg_.add("text",
-           {{"class", "name"}, {"x", left()}, {"y", HeadingY}, {"font-size", sizeOfName(name)}},
+           {{"class", "name"}, {"x", left()}, {"y", HeadingY}, {"font-size", fontSizeOf(name)}},
            name);
   drawText("year", right(), HeadingY, std::to_string(year_));
   drawText("where", left(), WhereY, where);

@@ -13,25 +13,25 @@
 
 namespace veldrin {
 
-/// The page of the picture. Draw its sections from top to bottom, then call `finish()`.
+/// The page of the picture. Call the public functions once each, in their order.
 class ChartPage {
  public:
-  /// `name` is the place; `where` are its coordinates and zone.
+  /// `name` is the heading. `where` is the line below the heading.
   ChartPage(std::int32_t year, std::string_view name, std::string_view where);
 
-  /// The bands, a column for each day of the year.
+  /// Draws the bands, with one column for each day of the year.
   void drawBands(std::span<const DayColumn> columns);
 
-  /// The lines and labels of months and hours.
+  /// Draws the frame, and the lines and labels of months and hours.
   void drawAxes();
 
-  /// The text of each day, which a browser shows under the mouse pointer.
+  /// Adds the text of each day. A browser shows it while the mouse pointer is on the day.
   void drawDays(const std::vector<SunDay>& days);
 
   void drawKey();
   void drawExtremes(const YearExtremes& extremes);
 
-  /// The whole SVG text.
+  /// Returns the whole SVG text.
   std::string finish() &&;
 
  private:
@@ -43,7 +43,7 @@ class ChartPage {
   void openPlot(std::string_view id, std::string_view kind);
   [[nodiscard]] double left() const;
   [[nodiscard]] double right() const;
-  /// The left side of a column below the plot.
+  /// The left edge of one of the six columns of text below the plot.
   [[nodiscard]] double columnAt(std::size_t index) const;
 
   std::int32_t year_;

@@ -4,9 +4,9 @@
 
 namespace veldrin {
 
-/// Colours and fonts of the picture, on light and on dark pages. The bands differ in brightness
-/// too, for people who cannot tell colours apart, and are not smoothed, which would leave seams
-/// between them. The contrast of texts against the page exceeds 4.5 : 1.
+/// Colours and fonts of the picture, for light and dark pages. The bands also differ in brightness,
+/// for people who cannot tell colours apart. Anti-aliasing of the bands is off, because it would
+/// leave seams between them. The contrast of texts against the page exceeds 4.5 : 1.
 inline constexpr std::string_view ChartStyle = R"(
 text { font-family: sans-serif; fill: #262b3a }
 .page { fill: #fbfaf6 }

@@ -11,7 +11,7 @@ void add(DayColumn& column, std::int32_t minute, Band band) {
   if (column.empty() || column.back().band != band) column.push_back({minute, band});
 }
 
-/// The column of a day without a change of the clock. `begin` is its first moment.
+/// The column of a day on which the clock does not change. `begin` is the first minute of the day.
 DayColumn evenColumn(const Light& light, double begin) {
   DayColumn column{{0, light.bandAt(begin)}};
   for (auto change = light.firstAfter(begin); change != light.changes().end(); ++change) {

@@ -18,7 +18,7 @@ double sineOf(Twilight twilight) {
   return Sin((-solar::Rads) * static_cast<double>(twilight));
 }
 
-/// The sines of the altitudes between the bands, from the brightest.
+/// The sines of the altitudes that separate the bands, highest altitude first.
 std::array<double, AltitudeCount> sinesOfAltitudes() {
   return {solar::sineAtHorizon(solar::Rads), sineOf(Twilight::Civil), sineOf(Twilight::Nautical),
           sineOf(Twilight::Astronomical)};

@@ -10,7 +10,7 @@
 namespace veldrin {
 namespace {
 
-/// The days with `minutesUp`, without sunrises and sunsets.
+/// The days that the clock does not skip, still without their sunrises and sunsets.
 std::vector<SunDay> daysWithLengths(const Light& light, const ClockYear& year) {
   std::vector<SunDay> days;
   const std::int64_t last = dayNumber(year.year, 12, 31);
@@ -24,7 +24,7 @@ std::vector<SunDay> daysWithLengths(const Light& light, const ClockYear& year) {
   return days;
 }
 
-/// The minute that the clock shows at a moment of the day.
+/// The minute of the day that the clock shows at a moment of that day.
 std::int32_t shownMinute(const ClockRules& clock, std::int64_t day, double moment) {
   const double shown = moment + clock.offsetAt(moment) - static_cast<double>(day * MinutesOfDay);
   return static_cast<std::int32_t>(std::floor(shown));
@@ -47,7 +47,7 @@ Times lengthsOf(const std::vector<SunDay>& days) {
   return lengths;
 }
 
-/// The first time in `order`; if several are equal, the middle one of them.
+/// The time that is first in `order`; if several days have that time, the middle one of them.
 template <class Order>
 std::optional<DayMinutes> middleOfFirst(Times times, const Order& order) {
   if (times.empty()) return std::nullopt;

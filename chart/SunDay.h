@@ -24,22 +24,22 @@ struct SunDay {
 /// The days of a year, without those that the clock skips.
 std::vector<SunDay> sunDays(const Light& light, const ClockYear& year);
 
-/// Minutes of a day: a time of its clock, or its length.
+/// A day with a number of minutes: a time on that day, or how long the Sun is up.
 struct DayMinutes {
   std::int64_t day;
   std::int32_t minutes;
 };
 
-/// The extremes of a year. If several days share one, this is the middle one of them. A time is
-/// missing if the year has no such event.
+/// The extremes of a year. If several days share an extreme, the middle one of them is given. A
+/// time is missing if the year has no such event.
 struct YearExtremes {
   DayMinutes longest, shortest;
   std::optional<DayMinutes> earliestSunrise, latestSunrise, earliestSunset, latestSunset;
-  std::int64_t daysUp;    ///< on which the Sun is up all day
-  std::int64_t daysDown;  ///< on which it is down all day
+  std::int64_t daysUp;    ///< number of days on which the Sun is up all day
+  std::int64_t daysDown;  ///< number of days on which the Sun is down all day
 };
 
-/// `days` is not empty.
+/// `days` must not be empty.
 YearExtremes yearExtremes(const std::vector<SunDay>& days);
 
 }  // namespace veldrin
