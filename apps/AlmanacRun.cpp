@@ -23,9 +23,9 @@
 namespace veldrin {
 namespace {
 
-/// The time stamp of a document: SOURCE_DATE_EPOCH in whole seconds, which makes builds
-/// reproducible, else the present moment. A value that is invalid or after the year 9999 is
-/// ignored.
+/// The time stamp of a document, in seconds since 1970: the environment variable SOURCE_DATE_EPOCH,
+/// for reproducible builds, else the current time. A value of the variable that is invalid or after
+/// the year 9999 is ignored.
 std::int64_t stampOf(const Host& host) {
   constexpr std::int64_t LastSecond = 253402300799;
   const char* const setting = std::getenv("SOURCE_DATE_EPOCH");
@@ -33,13 +33,13 @@ std::int64_t stampOf(const Host& host) {
   return seconds.value_or(host.now());
 }
 
-/// A number of the request; by default, that of the control in the form.
+/// A number of the request; by default, the number that `FormTable` gives the control.
 double numberOr(const std::optional<std::string>& text, std::string_view control) {
   const auto* const row = std::ranges::find(FormTable, control, &ControlRow::name);
   return Val(String(text ? std::string_view(*text) : row->text));
 }
 
-/// The zone of the request; by default, that of the window when it opens.
+/// The standard time of the request in hours; by default, as a new window shows it.
 double zoneOf(const Host& host, const CalendarRequest& request) {
   if (request.timeZone) return Val(String(*request.timeZone));
   const Ref<Date> today = New<Date>();
@@ -64,7 +64,7 @@ std::optional<civiltime::SavingDays> periodOf(const Host& host, const CalendarRe
   return period;
 }
 
-/// The clock in each year of the request: by the rules of the zone, else by the numbers.
+/// The clock in each year of the request: from the rules of its zone if any, else from its numbers.
 std::vector<ClockYear> clockYears(const Host& host, const CalendarRequest& request,
                                   const PlaceOfRequest& place) {
   std::vector<ClockYear> years;
@@ -82,7 +82,7 @@ void yieldToStopSignal() {
   if (isStopPending()) raiseStop();
 }
 
-/// The zone for people: its name, or its hours such as "UTC-8".
+/// The zone as text for the user: its name, or its hours such as "UTC-8".
 std::string zoneInWords(const Host& host, const CalendarRequest& request,
                         const PlaceOfRequest& found) {
   if (!found.zone.empty()) return found.zone;
@@ -107,7 +107,7 @@ std::string documentOf(const Host& host, const CalendarRequest& request,
   return almanac(place, years, options, yieldToStopSignal);
 }
 
-/// Writes the document to a file or to standard output. If this fails, an old file stays complete.
+/// Writes the document to a file or to standard output. If that fails, an old file is unchanged.
 void write(const std::string& document, const std::string& output, RunOutcome& outcome) {
   if (output == "-") {
     const Ref<StandardOutput> item = New<StandardOutput>();
@@ -121,7 +121,7 @@ void write(const std::string& document, const std::string& output, RunOutcome& o
 }  // namespace
 
 RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfRequest& place) {
-  constexpr int OfSignals = 128;  // as shells count
+  constexpr int SignalBase = 128;  // as in shells
   const InForce<Host> scope(host);
   const FilesRoom files;
   const StopSignalGuard stopSignals;
@@ -130,7 +130,7 @@ RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfR
     write(documentOf(host, request, place), request.chart.value_or(request.output), outcome);
   } catch (const Raised& raised) {
     if (!RuntimeObjectIsa(raised.exception.get(), EndException::__Lookup())) throw;
-    outcome.status = OfSignals + stopSignal();
+    outcome.status = SignalBase + stopSignal();
   }
   return outcome;
 }

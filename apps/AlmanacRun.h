@@ -7,8 +7,8 @@
 
 namespace veldrin {
 
-/// Writes the calendar of `--standard` or the picture of `--chart`, without a window. A stop signal
-/// ends this before anything is written; the status is then 128 + the number of the signal.
+/// Writes the calendar of `--standard` or the picture of `--chart`, without a window. After a stop
+/// signal during the calculation, writes nothing and returns the status 128 + the signal number.
 RunOutcome runAlmanac(Host& host, const CalendarRequest& request, const PlaceOfRequest& place);
 
 }  // namespace veldrin

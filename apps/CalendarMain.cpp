@@ -36,7 +36,7 @@ int tell(RunOutcome outcome) {
   return outcome.status;
 }
 
-/// Adds a sentence about the file and its town, if the user named a town.
+/// If a file was written for a town, adds a sentence that names the town and the file.
 void noteTown(RunOutcome& outcome, const std::string& town, const std::string& file) {
   if (town.empty() || file == "-" || outcome.status != 0) return;
   outcome.output += "The sunrises and sunsets of " + town + " are in " + onOneLine(file) + ".\n";
@@ -58,7 +58,7 @@ RunOutcome carryOut(Host& host, CalendarRequest request) {
 int runCalendar(int count, const char* const* arguments) {
   SystemHost host;
   auto read = readCommandLine(count, arguments, host.shortDateForm());
-  if (auto* const refused = std::get_if<RunOutcome>(&read)) return tell(std::move(*refused));
+  if (auto* const outcome = std::get_if<RunOutcome>(&read)) return tell(std::move(*outcome));
   return tell(carryOut(host, std::get<CalendarRequest>(std::move(read))));
 }
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int32_t FirstYear = 1;
 constexpr std::int32_t LastYear = 9999;
-// The Gregorian calendar began in 1582. The year after the last still has four digits.
+// The Gregorian calendar began in 1582. In UTC, the last local day may reach into the year 9999.
 constexpr std::int32_t FirstStandardYear = 1583;
 constexpr std::int32_t LastStandardYear = 9998;
 constexpr std::int32_t MostMinutes = 24 * 60;
@@ -46,8 +46,8 @@ the coordinates are elsewhere. A FILE named - is standard output. A DATE is 2024
 date as this computer writes it. Exit status: 0 for success, 1 if the output could not be written or
 --towns found none, 2 for invalid options or an unknown town or zone.)";
 
-/// Prints the name and the type of an option, without CLI11's notes on excluded options and on the
-/// values of flags.
+/// Formats the name and the type of an option for the help. Leaves out CLI11's notes on excluded
+/// options and on the values of flags.
 class PlainFormatter final : public CLI::Formatter {
  public:
   std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
@@ -62,7 +62,7 @@ class PlainFormatter final : public CLI::Formatter {
   }
 };
 
-/// Throws one sentence about the value of an option; `readCommandLine` catches it.
+/// Throws an error with one sentence about the value of an option. `readCommandLine` catches it.
 [[noreturn]] void refuse(const std::string& option, const std::string& needs,
                          const std::string& given) {
   constexpr std::size_t Shown = 60;
@@ -73,9 +73,10 @@ class PlainFormatter final : public CLI::Formatter {
 void checkNumber(const std::string& option, const std::optional<std::string>& text, double bound) {
   if (!text) return;
   const auto number = readNumber(*text);
-  const bool sound = number && number->length == text->size() && std::fabs(number->value) <= bound;
+  const bool isValid =
+      number && number->length == text->size() && std::fabs(number->value) <= bound;
   const std::string limit = std::to_string(static_cast<int>(bound));
-  if (!sound) refuse(option, "a number from -" + limit + " to " + limit, *text);
+  if (!isValid) refuse(option, "a number from -" + limit + " to " + limit, *text);
 }
 
 std::optional<std::int32_t> checkedWhole(const std::string& option,
@@ -120,7 +121,7 @@ std::string checkedPlace(const std::optional<std::string>& text) {
   return *text;
 }
 
-/// Refuses "--option=" with no value, for which CLI11 would take the next argument.
+/// Refuses "--option=" without a value: CLI11 would take the next argument as the value.
 void refuseEmptyValues(int count, const char* const* arguments) {
   for (int index = 1; index < count; ++index) {
     const std::string_view argument = arguments[index];
@@ -129,7 +130,7 @@ void refuseEmptyValues(int count, const char* const* arguments) {
   }
 }
 
-/// The options as given, before they are checked.
+/// Reads the options as texts, then checks them and completes the request.
 class CommandLine {
  public:
   explicit CommandLine(CalendarRequest& request) : request_(request) {

@@ -11,8 +11,8 @@
 namespace veldrin {
 namespace {
 
-/// Chooses a year; the handler of "Change" then writes the bounds of that year. A row that is
-/// already selected must raise "Change" too: the form opens with the bounds of this year.
+/// Chooses a year; the handler of "Change" then writes the bounds of that year. Raises "Change"
+/// even if the row is already selected, because the form may open with the bounds of another year.
 void chooseYear(const Ref<PopupMenu>& chooser, const String& year) {
   std::int32_t row = 0;
   while (row < chooser->ListCount() && !(chooser->List(row) == year)) ++row;
@@ -30,8 +30,8 @@ void fill(const Ref<TextField>& field, const std::optional<std::string>& text) {
   field->userLeft();
 }
 
-void tick(const Ref<CheckBox>& box, bool ticked) {
-  if (box->Value() != ticked) box->userTicked(ticked);
+void tick(const Ref<CheckBox>& box, bool isTicked) {
+  if (box->Value() != isTicked) box->userTicked(isTicked);
 }
 
 /// Sets the controls of the window.
@@ -47,7 +47,7 @@ void fillIn(const Ref<Veldrin>& window, const CalendarRequest& request) {
   tick(window->DownUnderFlag(), request.downUnder);
 }
 
-/// The three lines of the status panel for a day, with line feeds.
+/// The three lines of the status panel for a day, each ended by a line feed.
 std::string statusOf(const Ref<Veldrin>& window, const std::string& day) {
   ParseDate(String(day), window->statusDate);
   window->Latitude()->userLeft();

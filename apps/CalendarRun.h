@@ -6,8 +6,8 @@
 
 namespace veldrin {
 
-/// Opens the window without a screen, sets its controls like a user, and presses the button or
-/// reads the status panel.
+/// Opens the window without a display and sets its controls as a user would. Then presses the
+/// button or, for `statusDate`, reads the status panel.
 RunOutcome runWindow(Host& host, const CalendarRequest& request);
 
 }  // namespace veldrin

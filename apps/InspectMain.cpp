@@ -60,7 +60,7 @@ void addLine(std::string& text, std::string_view first, std::string_view second 
   text.append("\n");
 }
 
-/// All classes, oldest first.
+/// All classes, in the order in which they were built.
 std::vector<const ClassRecord*> allClasses() {
   std::vector<const ClassRecord*> classes;
   for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;
@@ -71,13 +71,13 @@ std::vector<const ClassRecord*> allClasses() {
   return classes;
 }
 
-/// Whether the class has a handler for the event that it did not inherit.
-bool bindsEvent(const ClassRecord& record, std::size_t index) {
+/// Whether the class handles the event with another handler than its base class.
+bool hasOwnHandler(const ClassRecord& record, std::size_t index) {
   const Function handler = record.eventRows[index].handler;
   if (handler == nullptr) return false;
   const ClassRecord* const base = record.baseClass;
-  const bool inherited = base != nullptr && index < base->eventRows.size();
-  return !inherited || base->eventRows[index].handler != handler;
+  const bool isInherited = base != nullptr && index < base->eventRows.size();
+  return !isInherited || base->eventRows[index].handler != handler;
 }
 
 Answer showClasses(std::span<const std::string_view> /*arguments*/) {
@@ -95,7 +95,7 @@ std::string describe(const ClassRecord& record) {
   }
   text += "events:\n";
   for (std::size_t index = 0; index < record.eventRows.size(); ++index) {
-    if (bindsEvent(record, index)) addLine(text, record.eventRows[index].name.view());
+    if (hasOwnHandler(record, index)) addLine(text, record.eventRows[index].name.view());
   }
   text += "properties:\n";
   for (const PropertyRow& row : record.ownProperties()) {

@@ -9,9 +9,9 @@ inline constexpr int Failed = 1;
 /// The exit status for invalid options or arguments.
 inline constexpr int Misused = 2;
 
-/// The body of `main` of every program: opens the standard descriptors that are closed and runs
-/// `body`. Returns the exit status of `body`, or `Failed` after an exception, which it reports in
-/// one sentence on standard error.
+/// The body of `main` of every program: opens the standard descriptors that are closed, runs `body`
+/// and returns the exit status of `body`. Reports an exception in one line on standard error and
+/// then returns `Failed`.
 int runProgram(const char* program, const std::function<int()>& body);
 
 }  // namespace veldrin

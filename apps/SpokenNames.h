@@ -7,7 +7,7 @@
 
 namespace veldrin {
 
-/// What a screen reader says of the controls whose own text says too little, from the form's table.
+/// The names in `FormTable` that a screen reader speaks for controls whose own text is not enough.
 inline std::vector<SpokenName> spokenNames() {
   std::vector<SpokenName> names;
   for (const ControlRow& row : FormTable) {

@@ -4,15 +4,15 @@
 
 namespace veldrin {
 
-/// The application that both programs start.
+/// The callbacks of the application, for veldrin and for veldrin-calendar.
 extern const ApplicationParts VeldrinParts;
 
-/// `% initialize`: builds all classes in their fixed order. A class follows those that it needs;
-/// `DragItem` and `Window` are first, `Veldrin`, `App` and `MenuBar1` last.
+/// `% initialize`: builds all classes in their fixed order. A class follows the classes that it
+/// needs; `DragItem` and `Window` are first, `Veldrin`, `App` and `MenuBar1` last.
 void initializeClasses();
 
-/// `% finalize`: releases the eight globals of the program in their fixed order. After the three of
-/// reflection it also releases the other maps of reflection.
+/// `% finalize`: releases the eight globals of the program in their fixed order. Three of them are
+/// maps of reflection; the other maps of reflection are released after these three.
 void finalizeGlobals();
 
 }  // namespace veldrin
