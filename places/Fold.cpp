@@ -30,8 +30,8 @@ std::string_view plainForm(CodePoint letter) {
   return found != PlainForms.end() && found->first == letter ? found->second : std::string_view();
 }
 
-/// The code points in lower case: letters and accents separate, ligatures and full-width forms
-/// resolved, joiners and direction marks removed.
+/// The code points of a text in lower case. Separates letters from accents, resolves ligatures and
+/// full-width forms, and removes joiners and direction marks.
 std::vector<CodePoint> decomposed(std::string_view text) {
   constexpr auto Options = static_cast<utf8proc_option_t>(
       UTF8PROC_STABLE | UTF8PROC_DECOMPOSE | UTF8PROC_COMPAT | UTF8PROC_CASEFOLD | UTF8PROC_IGNORE);
@@ -59,7 +59,7 @@ bool isBetweenWords(CodePoint point) {
          (category >= UTF8PROC_CATEGORY_ZS && category <= UTF8PROC_CATEGORY_ZP);
 }
 
-/// Appends a code point in the form of keys.
+/// Appends a code point or its plain form to a key. Drops accents and apostrophes.
 void append(std::vector<CodePoint>& key, CodePoint point) {
   if (utf8proc_category(point) == UTF8PROC_CATEGORY_CC) {
     throw PlaceFault("The name of a town must be text without control characters.");
@@ -90,7 +90,7 @@ std::string fold(std::string_view text) {
   std::vector<CodePoint> key;
   for (const CodePoint point : decomposed(text)) append(key, point);
   if (!key.empty() && key.back() == ' ') key.pop_back();
-  // Compose the syllables of Hangul and the voiced kana again.
+  // `decomposed` also split Hangul syllables and voiced kana; compose them again.
   const auto count = static_cast<utf8proc_ssize_t>(key.size());
   const utf8proc_ssize_t composed = utf8proc_normalize_utf32(
       key.data(), count, static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE));

@@ -5,15 +5,15 @@
 
 namespace veldrin {
 
-/// The key of a name, for comparison. Names that differ only in case, accents, hyphens, apostrophes
-/// or blanks have the same key:
+/// The key of a name, for comparison. Names have the same key if they differ only in case, accents
+/// or apostrophes, or in a hyphen instead of a blank:
 ///
 ///     fold("Aix-en-Provence");  // "aix en provence"
 ///     fold("Łódź");             // "lodz"
 ///     fold("L’Aquila");         // "laquila"
 ///
-/// Apostrophes are dropped; hyphens and other punctuation become blanks. A letter that Unicode does
-/// not decompose gets its plain form: ø is o, ł is l, ß is ss. A key folds to itself.
+/// Apostrophes are dropped; hyphens and other punctuation become blanks. Letters that Unicode does
+/// not decompose get plain forms: ø becomes o, ß becomes ss. A key folds to itself.
 ///
 /// Throws `PlaceFault` if the text is not UTF-8 or has a control character. A program that was
 /// built without utf8proc throws for every text.

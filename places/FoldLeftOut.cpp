@@ -1,7 +1,7 @@
 #include "places/Fold.h"
 #include "places/PlaceFault.h"
 
-// Replaces Fold.cpp if the build has no utf8proc. Each look-up of a town folds its text first.
+// Replaces Fold.cpp if the build has no utf8proc. Each look-up of a town calls `fold`, so it fails.
 
 namespace veldrin {
 

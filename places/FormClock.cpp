@@ -14,7 +14,7 @@ namespace {
 /// Consecutive days with the same offset at noon.
 struct Run {
   std::int64_t firstDay;
-  std::int64_t seconds;  ///< ahead of Universal Time
+  std::int64_t seconds;  ///< the UTC offset, positive if ahead
 };
 
 std::int64_t noonOffset(const ClockRules& rules, std::int64_t day) {
@@ -24,7 +24,7 @@ std::int64_t noonOffset(const ClockRules& rules, std::int64_t day) {
 std::vector<Run> runsOf(const ClockRules& rules, std::int64_t year) {
   std::vector<Run> runs;
   for (std::int64_t day = dayNumber(year, 1, 1); day < dayNumber(year + 1, 1, 1); ++day) {
-    if (!rules.spanOf(day)) continue;  // the clocks skipped it
+    if (!rules.spanOf(day)) continue;  // the clock skips this day
     const std::int64_t seconds = noonOffset(rules, day);
     if (runs.empty() || runs.back().seconds != seconds) runs.push_back({day, seconds});
   }
@@ -32,7 +32,7 @@ std::vector<Run> runsOf(const ClockRules& rules, std::int64_t year) {
 }
 
 /// Whether the runs alternate between standard time and one hour more.
-bool isOneHour(const std::vector<Run>& runs) {
+bool areOneHourApart(const std::vector<Run>& runs) {
   constexpr std::int64_t Hour = 3600;
   return std::abs(runs[0].seconds - runs[1].seconds) == Hour &&
          (runs.size() == 2 || runs[0].seconds == runs[2].seconds);
@@ -40,13 +40,13 @@ bool isOneHour(const std::vector<Run>& runs) {
 
 SavingDates periodOf(const std::vector<Run>& runs, std::int64_t year) {
   const CivilDay second = civilDay(runs[1].firstDay);
-  const bool beginsSaving = runs[0].seconds > runs[1].seconds;
-  if (runs.size() == 3) return {second, civilDay(runs[2].firstDay), beginsSaving};
-  if (beginsSaving) return {civilDay(runs[0].firstDay), second, false};
+  const bool isSavingAtStart = runs[0].seconds > runs[1].seconds;
+  if (runs.size() == 3) return {second, civilDay(runs[2].firstDay), isSavingAtStart};
+  if (isSavingAtStart) return {civilDay(runs[0].firstDay), second, false};
   return {second, {year + 1, 1, 1}, false};
 }
 
-/// Hours, as the shortest text that reads back as the same number.
+/// Seconds as a number of hours: the shortest text that reads back as the same number.
 std::string hoursText(std::int64_t seconds) {
   std::array<char, 32> text;
   char* const end =
@@ -60,7 +60,7 @@ std::string hoursText(std::int64_t seconds) {
 FormClock formClock(std::string_view zoneName, const ClockRules& rules, std::int64_t year) {
   const std::vector<Run> runs = runsOf(rules, year);
   if (runs.size() == 1) return {hoursText(runs[0].seconds), std::nullopt};
-  if (runs.size() > 3 || !isOneHour(runs)) {
+  if (runs.size() > 3 || !areOneHourApart(runs)) {
     throw PlaceFault("Two dates and one hour cannot describe the clocks of " +
                      std::string(zoneName) + " in " + std::to_string(year) + "; use --standard.");
   }

@@ -57,7 +57,7 @@ std::vector<Town> townsNear(std::string_view key, std::size_t most) {
   std::u32string letters;
   std::string_view rows = townTable();
   while (const auto row = takeRow(rows)) {
-    // Each letter has at least one byte.
+    // A key has no more letters than bytes, so this key is too short.
     if (row->key.size() + limit < wanted.size()) continue;
     readLetters(row->key, letters);
     const std::size_t distance = editDistance(wanted, letters, limit);

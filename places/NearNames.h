@@ -13,8 +13,8 @@ namespace veldrin {
 /// correcting deletions, insertions and reversals, Soviet Physics Doklady 10 (1966).
 std::size_t editDistance(std::u32string_view one, std::u32string_view other, std::size_t limit);
 
-/// Up to `most` towns whose key is similar to `key`: at most one letter in three differs, and at
-/// most two in all. Nearest first, then in the order of `sortTowns`; without twins.
+/// Up to `most` towns with a key similar to `key`: one letter in three may differ, two at most.
+/// They are sorted by edit distance, then as `sortTowns` does, and without twins (`dropTwins`).
 std::vector<Town> townsNear(std::string_view key, std::size_t most);
 
 }  // namespace veldrin

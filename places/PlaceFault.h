@@ -4,7 +4,7 @@
 
 namespace veldrin {
 
-/// The user named a place that cannot be used. `what()` is one sentence for the user, with a full
+/// The place that the user named cannot be used. `what()` is one sentence for the user, with a full
 /// stop.
 class PlaceFault : public std::runtime_error {
   using std::runtime_error::runtime_error;

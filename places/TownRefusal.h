@@ -7,11 +7,11 @@
 
 namespace veldrin {
 
-/// Throws `PlaceFault` for a text without a town. The sentence has up to three towns whose names
-/// are spelled similarly.
+/// Throws `PlaceFault` for a text that names no town. The message suggests up to three towns with
+/// similar names.
 [[noreturn]] void refuseUnknownTown(std::string_view text);
 
-/// Throws `PlaceFault` for a text with several towns, of which the sentence has up to five.
+/// Throws `PlaceFault` for a text that may mean several towns. The message lists up to five.
 [[noreturn]] void refuseAmbiguousTown(std::string_view text, const std::vector<Town>& towns);
 
 }  // namespace veldrin

@@ -8,7 +8,7 @@
 
 #include "places/Fold.h"
 
-// The assembler copies the file into the program; compiling a literal of this size takes seconds.
+// The assembler copies the file into the program; to compile it as a literal would take seconds.
 asm(".pushsection .rodata\n"
     "veldrin_towns:\n"
     ".incbin \"" VELDRIN_TOWNS
@@ -26,7 +26,7 @@ extern const char veldrin_towns_end[];
 namespace veldrin {
 namespace {
 
-/// Removes the text before a separator, and the separator; returns the text before.
+/// Removes the text up to a separator, and the separator. Returns that text.
 std::string_view takeField(std::string_view& text, char separator) {
   const std::size_t end = std::min(text.find(separator), text.size());
   const std::string_view field = text.substr(0, end);
@@ -42,13 +42,13 @@ Number takeNumber(std::string_view& text) {
   return number;
 }
 
-/// Removes the key from a row and returns it. A name that is also the key stays.
+/// Removes the key from a row and returns it. If it is empty, returns the name, which stays.
 std::string_view takeKey(std::string_view& row) {
   const std::string_view key = takeField(row, '\t');
   return key.empty() ? row.substr(0, row.find('\t')) : key;
 }
 
-/// Compares keys by the values of their bytes.
+/// Whether a key sorts before another, by the bytes that `keyLetter` returns.
 bool isBefore(std::string_view one, std::string_view other) {
   const auto value = [](char letter) { return static_cast<unsigned char>(keyLetter(letter)); };
   return std::ranges::lexicographical_compare(one, other, {}, value, value);
@@ -57,20 +57,20 @@ bool isBefore(std::string_view one, std::string_view other) {
 /// The town of a row; requires `row.isTown()`.
 Town townOf(const TownRow& row) {
   std::string_view rows = rowsFrom("@" + std::string(row.region));
-  std::string_view region = takeField(rows, '\n');
-  takeField(region, '\t');
+  std::string_view regionRow = takeField(rows, '\n');
+  takeField(regionRow, '\t');
   std::string_view codes = row.region;
   std::string_view numbers = row.numbers;
   Town town{};
   town.name = row.name;
-  town.region = takeField(region, '\t');
+  town.region = takeField(regionRow, '\t');
   town.countryCode = takeField(codes, '.');
   town.regionCode = codes;
-  town.country = takeField(region, '\t');
+  town.country = takeField(regionRow, '\t');
   town.people = takeNumber<std::uint32_t>(numbers);
   town.latitude = takeNumber<double>(numbers);
   town.longitude = takeNumber<double>(numbers);
-  town.zone = numbers.empty() ? region : numbers;
+  town.zone = numbers.empty() ? regionRow : numbers;
   return town;
 }
 
@@ -126,7 +126,7 @@ std::vector<Town> townsOf(const TownRow& row) {
 }
 
 void sortTowns(std::vector<Town>& towns) {
-  // The address of the name distinguishes towns that are equal in all else.
+  // Different towns may be equal in all else, but not in the address of the name.
   const auto order = [](const Town& town) {
     return std::tuple(~town.people, town.name, town.region, town.countryCode, town.name.data());
   };

@@ -13,20 +13,20 @@
 namespace veldrin {
 namespace {
 
-/// Keys of the name of a town and of the region or country that follows it, which may be empty.
+/// The keys of a wanted town: its name, and its region, country or both (may be empty).
 struct Wanted {
   std::string name;
   std::string where;
 };
 
-/// The towns found: those whose name begins with the wanted words, and those whose name is these.
+/// The towns found: in `whole` with exactly the wanted name, in `begins` with more words after it.
 struct Found {
   std::vector<Town> begins;
   std::vector<Town> whole;
-  bool isEnglish = false;  ///< the wanted name is the English one of a town in `whole`
+  bool isEnglish = false;  ///< whether a town in `whole` has the wanted name in English
 };
 
-/// How a name fits a key: not at all, as its first letters, as its first words, or as a whole.
+/// Which part of a key a name matches: none, its first letters, its first words, or the whole key.
 enum class Fit { None, Letters, Words, Whole };
 
 Fit fitOf(std::string_view key, std::string_view name) {
@@ -37,7 +37,7 @@ Fit fitOf(std::string_view key, std::string_view name) {
   return keyLetter(key[name.size()]) == ' ' ? Fit::Words : Fit::Letters;
 }
 
-/// Whether the key is that of the region, of the country, or of both in this order.
+/// Whether `where` is the key of the region, of the country, or of both in this order.
 bool liesIn(const Town& town, std::string_view where) {
   const std::array regions{fold(town.region), fold(town.regionCode)};
   const std::array countries{fold(town.country), fold(town.countryCode)};
@@ -52,7 +52,7 @@ bool liesIn(const Town& town, std::string_view where) {
 Found search(const Wanted& wanted) {
   Found found;
   std::string_view rows = rowsFrom(wanted.name);
-  // A blank sorts before any letter, so the keys that begin with these words come first.
+  // A blank sorts before any letter: "new", "new york", "newark". So stop at the first `Letters`.
   while (const auto row = takeRow(rows)) {
     const Fit fit = fitOf(row->key, wanted.name);
     if (fit < Fit::Words || (fit == Fit::Words && found.isEnglish)) break;
@@ -78,8 +78,8 @@ std::vector<Town> townsBeginning(std::string_view letters) {
   return towns;
 }
 
-/// The possible meanings of a text: the name ends at the first, second or third comma, because a
-/// name may contain commas.
+/// The possible meanings of a text, three at most. A name may contain commas, so it may end at each
+/// comma, or at the end of the text.
 std::vector<Wanted> readingsOf(std::string_view text) {
   constexpr std::size_t MostBytes = 300;
   constexpr std::size_t MostReadings = 3;
@@ -119,9 +119,10 @@ std::vector<Town> townsNamed(std::string_view text) {
   sortTowns(found.whole);
   sortTowns(found.begins);
   std::vector<Town> towns = std::move(found.whole);
-  const bool joins = !found.begins.empty() &&
-                     (towns.empty() || (!found.isEnglish && outweighs(found.begins[0], towns[0])));
-  if (joins) {
+  const bool hasBegins =
+      !found.begins.empty() &&
+      (towns.empty() || (!found.isEnglish && outweighs(found.begins[0], towns[0])));
+  if (hasBegins) {
     towns.insert(towns.end(), found.begins.begin(), found.begins.end());
     sortTowns(towns);
   }

@@ -19,8 +19,8 @@ struct Zone {
   ClockRules rules;
 };
 
-/// The zone that a user means by `text`: a text for `ZoneFolder::find`, or "here" for the zone of
-/// this computer. Throws `PlaceFault` if there is no such zone or its file is damaged.
+/// The zone that a user names: `text` is a text for `ZoneFolder::find`, or "here" for the zone of
+/// this computer. Throws `PlaceFault` if there is no such zone or its file cannot be used.
 Zone zoneNamed(const ZoneFolder& folder, std::string_view text, std::int64_t firstYear,
                std::int64_t lastYear);
 

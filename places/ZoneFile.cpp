@@ -11,26 +11,26 @@ constexpr std::size_t HeaderSize = 44;
 constexpr std::size_t VersionAt = 4;
 constexpr std::size_t CountsAt = 20;
 
-std::uint64_t count(std::string_view header, std::size_t place) {
+std::uint64_t count(std::string_view header, std::size_t index) {
   std::uint64_t value = 0;
-  for (const char byte : header.substr(CountsAt + 4 * place, 4)) {
+  for (const char byte : header.substr(CountsAt + 4 * index, 4)) {
     value = value << 8U | static_cast<unsigned char>(byte);
   }
   return value;
 }
 
-/// The bytes of the block behind a header whose times have so many bytes. 64 bits hold the sum of
-/// any counts.
+/// The size of the block after a header, in bytes; `timeSize` is the bytes of each time. The sum
+/// cannot overflow, because each count has 32 bits.
 std::uint64_t blockSize(std::string_view header, std::uint64_t timeSize) {
   const std::array<std::uint64_t, 6> sizes = {1, 1, timeSize + 4, timeSize + 1, 6, 1};
   std::uint64_t sum = 0;
-  for (std::size_t place = 0; place < sizes.size(); ++place) {
-    sum += count(header, place) * sizes[place];
+  for (std::size_t index = 0; index < sizes.size(); ++index) {
+    sum += count(header, index) * sizes[index];
   }
   return sum;
 }
 
-/// Takes a header and its block off the bytes; false if they are not all there.
+/// Removes a header and its block from the bytes. Returns false if any are missing or not "TZif".
 bool takeBlock(std::string_view& bytes, std::uint64_t timeSize) {
   if (bytes.size() < HeaderSize || !bytes.starts_with("TZif")) return false;
   const std::uint64_t size = HeaderSize + blockSize(bytes, timeSize);

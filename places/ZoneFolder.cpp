@@ -42,7 +42,7 @@ std::optional<std::string> contents(const fs::path& path) {
 }
 
 [[noreturn]] void failOfNoZone(std::string_view text) {
-  // Do not repeat other texts: they may be long or have any bytes.
+  // Do not repeat a text with a wrong spelling: it may be long or have any bytes.
   if (!isZoneSpelling(text)) throw PlaceFault("There is no time zone of that name.");
   throw PlaceFault("There is no time zone " + std::string(text) + ".");
 }
@@ -102,22 +102,22 @@ std::string ZoneFolder::find(std::string_view text) const {
   if (has(exact)) return exact;
 
   const std::string folded = foldedZone(text);
-  std::vector<std::string> endSo;
+  std::vector<std::string> withLastPart;
   for (std::string& name : names()) {
     const std::string candidate = foldedZone(name);
     if (candidate == folded && has(name)) return std::move(name);
-    if (lastPart(candidate) == folded && has(name)) endSo.push_back(std::move(name));
+    if (lastPart(candidate) == folded && has(name)) withLastPart.push_back(std::move(name));
   }
-  return oneOf(endSo, text);
+  return oneOf(withLastPart, text);
 }
 
 std::string ZoneFolder::oneOf(const std::vector<std::string>& zones, std::string_view text) const {
   if (zones.empty()) failOfNoZone(text);
   if (!areTheSame(zones)) failOfSeveral(zones);
-  // Databases keep the old names of a zone; only the present one has a town.
-  const auto present = std::ranges::find_if(
+  // Databases keep the old names of a zone; only its current name has a town.
+  const auto current = std::ranges::find_if(
       zones, [this](const std::string& name) { return placeOf(name).has_value(); });
-  return present == zones.end() ? zones.front() : *present;
+  return current == zones.end() ? zones.front() : *current;
 }
 
 bool ZoneFolder::areTheSame(const std::vector<std::string>& zones) const {
@@ -151,7 +151,7 @@ bool ZoneFolder::has(std::string_view name) const {
   return isZoneName(name) && inside(name).has_value();
 }
 
-/// The regular file of a name, with links resolved; nothing if it is outside the folder.
+/// The regular file of a name, with links resolved; nothing if the folder has no such file.
 std::optional<fs::path> ZoneFolder::inside(std::string_view name) const {
   std::error_code error;
   fs::path file = fs::canonical(root_ / name, error);

@@ -8,7 +8,7 @@
 
 namespace veldrin {
 
-/// The town that a zone is named after, from the table zone.tab of the database.
+/// The town that a zone is named after, from zone.tab or zone1970.tab of the database.
 struct ZonePlace {
   std::string name;  ///< the last part of the zone's name, with blanks: "New York"
   double latitude;   ///< degrees [-90:90], north positive, to four digits
@@ -24,15 +24,15 @@ class ZoneFolder {
   /// `folder` may be a link. Throws `PlaceFault` if it is not a folder.
   explicit ZoneFolder(const std::filesystem::path& folder);
 
-  /// The database of this computer: the folder in `TZDIR`, else the first usual one that exists.
+  /// The database of this computer: the folder in `TZDIR`, else the first usual folder found.
   /// Throws `PlaceFault` if there is none.
   static ZoneFolder ofMachine();
 
   /// The names of all zones, sorted. Opens no file.
   [[nodiscard]] std::vector<std::string> names() const;
 
-  /// The full name of the zone that a user means. `text` is the name of the zone or its last part,
-  /// in any case and with blanks for "_". Throws `PlaceFault` unless this is exactly one zone.
+  /// The full name of the zone that a user gives as its name or the last part of its name, in upper
+  /// or lower case, with "_" or blanks. Throws `PlaceFault` if no zone or different zones fit.
   [[nodiscard]] std::string find(std::string_view text) const;
 
   /// The bytes of the file of a zone. Throws `PlaceFault` if there is no such zone, or if the file

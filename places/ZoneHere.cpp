@@ -22,15 +22,15 @@ std::string nameInPath(std::string_view path) {
   return at == std::string_view::npos ? "" : std::string(path.substr(at + Folder.size()));
 }
 
-/// The forms of POSIX and of the C library: ":name", "name", a path, or empty for Universal Time.
+/// The name of the zone in a value of `TZ`, which is ":name", "name", a path, or empty for UTC.
 std::string nameInVariable(std::string_view value) {
   if (value.starts_with(':')) value.remove_prefix(1);
   if (value.empty()) return "UTC";
   return value.starts_with('/') ? nameInPath(value) : std::string(value);
 }
 
-/// The zone that a link leads to; empty if it leads to none. Follows links only up to a database,
-/// where the file of a zone may be a link to that of another.
+/// The zone that a link leads to; empty if it leads to none. Stops at the first path into a
+/// database, because the file of a zone may be a link to the file of another zone.
 std::string nameOfLink(fs::path link) {
   constexpr int MostLinks = 8;
   for (int count = 0; count < MostLinks; ++count) {

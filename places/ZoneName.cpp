@@ -6,7 +6,7 @@
 namespace veldrin {
 namespace {
 
-// ASCII only: the functions of <cctype> follow the C locale.
+// ASCII only: the functions of <cctype> depend on the locale of the process.
 bool isCapital(char character) {
   return character >= 'A' && character <= 'Z';
 }

@@ -12,10 +12,10 @@ namespace veldrin {
 /// the other files of a database ("posixrules", "zone.tab") and its copies ("posix/", "right/").
 bool isZoneName(std::string_view name);
 
-/// Whether the text may be a name of a zone or its last part, in any case and with blanks for "_".
+/// Whether the text may be a zone's name or its last part, in any letter case, with "_" or blanks.
 bool isZoneSpelling(std::string_view text);
 
-/// The text in lower case, with "_" for each blank. The same for all spellings of a zone.
+/// The text in lower case, with "_" for each blank. Equal for all spellings of a name.
 std::string foldedZone(std::string_view text);
 
 /// The part of a name after the last "/".

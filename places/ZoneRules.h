@@ -8,8 +8,8 @@
 
 namespace veldrin {
 
-/// The rules of a zone file from some weeks before the first of the years to some weeks after the
-/// last; nothing if the file is damaged. Years that the file does not reach follow its last rule.
+/// The rules of a zone file from 40 days before the first year to 40 days after the last year;
+/// nothing if the file is damaged. Times after the last change in the file follow its footer.
 /// Throws `PlaceFault` in a program that was built without the library that reads such files.
 std::optional<ClockRules> zoneRules(std::string_view file, std::int64_t firstYear,
                                     std::int64_t lastYear);

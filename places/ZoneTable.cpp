@@ -12,14 +12,14 @@
 namespace veldrin {
 namespace {
 
-/// Removes the text before a mark, and the mark; returns the text before.
+/// Removes the text up to a mark, and the mark. Returns that text.
 std::string_view take(std::string_view& text, char mark) {
   const std::string_view taken = text.substr(0, text.find(mark));
   text.remove_prefix(std::min(taken.size() + 1, text.size()));
   return taken;
 }
 
-/// The number of `count` digits at `from`; nothing if there is any other character.
+/// The number in the `count` digits at `from`; nothing if these characters are not a number.
 std::optional<int> digits(std::string_view text, std::size_t from, std::size_t count) {
   if (text.size() < from + count) return std::nullopt;
   int value = 0;
@@ -29,7 +29,7 @@ std::optional<int> digits(std::string_view text, std::size_t from, std::size_t c
   return value;
 }
 
-/// An angle of ISO 6709 in degrees, to four digits after the point.
+/// Reads an angle of ISO 6709. Returns degrees, rounded to four digits after the point.
 std::optional<double> angle(std::string_view text, std::size_t degreeDigits, double limit) {
   const bool hasSeconds = text.size() == 1 + degreeDigits + 4;
   if (!hasSeconds && text.size() != 1 + degreeDigits + 2) return std::nullopt;
@@ -37,16 +37,16 @@ std::optional<double> angle(std::string_view text, std::size_t degreeDigits, dou
   const auto minutes = digits(text, 1 + degreeDigits, 2);
   const auto seconds = hasSeconds ? digits(text, 1 + degreeDigits + 2, 2) : std::optional(0);
   if (!degrees || !minutes || !seconds || *minutes > 59 || *seconds > 59) return std::nullopt;
-  const double size = *degrees + (*minutes * 60 + *seconds) / 3600.0;
-  if (size > limit) return std::nullopt;
-  return std::round((text.front() == '-' ? -size : size) * 1e4) / 1e4;
+  const double magnitude = *degrees + (*minutes * 60 + *seconds) / 3600.0;
+  if (magnitude > limit) return std::nullopt;
+  return std::round((text.front() == '-' ? -magnitude : magnitude) * 1e4) / 1e4;
 }
 
 std::optional<ZonePlace> placeAt(std::string_view coordinates, std::string_view zone) {
-  const std::size_t second = coordinates.find_first_of("+-", 1);
-  if (second == std::string_view::npos || coordinates.find_first_of("+-") != 0) return std::nullopt;
-  const auto latitude = angle(coordinates.substr(0, second), 2, 90.0);
-  const auto longitude = angle(coordinates.substr(second), 3, 180.0);
+  const std::size_t split = coordinates.find_first_of("+-", 1);
+  if (split == std::string_view::npos || coordinates.find_first_of("+-") != 0) return std::nullopt;
+  const auto latitude = angle(coordinates.substr(0, split), 2, 90.0);
+  const auto longitude = angle(coordinates.substr(split), 3, 180.0);
   if (!latitude || !longitude) return std::nullopt;
   std::string name(lastPart(zone));
   std::ranges::replace(name, '_', ' ');

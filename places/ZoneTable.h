@@ -13,7 +13,7 @@ namespace veldrin {
 //   latitude = sign degrees(2) minutes(2) seconds(2)?      ISO 6709
 //   longitude = sign degrees(3) minutes(2) seconds(2)?
 
-/// The town of a zone in the rows of a table; nothing if no row has the zone or its row is damaged.
+/// The town of a zone in the rows of a table; nothing if no row has the zone or the row is damaged.
 std::optional<ZonePlace> placeInTable(std::string_view rows, std::string_view zone);
 
 }  // namespace veldrin

@@ -16,41 +16,41 @@
 #include "places/ZoneFile.h"
 #include "shell/host/Civil.h"
 
-// Debian has an archive of cctz as a part of Abseil alone.
+// Debian packages the static library of cctz only as a part of Abseil.
 namespace cctz = absl::time_internal::cctz;
 
 namespace veldrin {
 namespace {
 
-/// What the library reads: bytes in memory.
+/// A source of zone data for the library: bytes in memory.
 class Bytes final : public cctz::ZoneInfoSource {
  public:
-  explicit Bytes(std::string_view left) : left_(left) {}
+  explicit Bytes(std::string_view bytes) : remaining_(bytes) {}
 
   std::size_t Read(void* target, std::size_t size) override {
-    const std::size_t taken = std::min(size, left_.size());
-    std::memcpy(target, left_.data(), taken);
-    left_.remove_prefix(taken);
+    const std::size_t taken = std::min(size, remaining_.size());
+    std::memcpy(target, remaining_.data(), taken);
+    remaining_.remove_prefix(taken);
     return taken;
   }
 
   int Skip(std::size_t size) override {
-    if (size > left_.size()) return -1;
-    left_.remove_prefix(size);
+    if (size > remaining_.size()) return -1;
+    remaining_.remove_prefix(size);
     return 0;
   }
 
  private:
-  std::string_view left_;
+  std::string_view remaining_;
 };
 
-/// Seconds ahead of Universal Time.
+/// The UTC offset in seconds, positive if ahead of Universal Time.
 std::int64_t offsetAt(const cctz::time_zone& zone, std::int64_t second) {
   return zone.lookup(cctz::time_point<cctz::seconds>(cctz::seconds(second))).offset;
 }
 
-/// Appends the changes in (from, to] by halving. Two changes that cancel each other are missed, so
-/// the span is a day: no zone of the database has changed twice within three days.
+/// Appends the changes in (from, to], found by bisection. Misses two changes that cancel each
+/// other, so pass one day at most: no zone of the database has changed twice within three days.
 void appendChanges(const cctz::time_zone& zone, std::int64_t from, std::int64_t to,
                    std::vector<ClockChange>& changes) {
   const std::int64_t offset = offsetAt(zone, to);
@@ -64,8 +64,8 @@ void appendChanges(const cctz::time_zone& zone, std::int64_t from, std::int64_t 
   appendChanges(zone, middle, to, changes);
 }
 
-/// Gives the library the bytes of a zone. Its name for a zone is the bytes themselves, so that two
-/// files never share one: it keeps each zone that it has read.
+/// Gives the library the bytes of a zone. The library caches zones by name. Here, the name of a
+/// zone is its bytes, so different files never share a name.
 std::unique_ptr<cctz::ZoneInfoSource> sourceOf(
     const std::string& name,
     const std::function<std::unique_ptr<cctz::ZoneInfoSource>(const std::string&)>& /*usual*/) {
@@ -92,6 +92,6 @@ std::optional<ClockRules> zoneRules(std::string_view file, std::int64_t firstYea
 
 }  // namespace veldrin
 
-/// The library's own variable; it asks this function for the bytes of a zone.
+/// A variable of the library, which calls the function in it for the bytes of each zone.
 absl::time_internal::cctz_extension::ZoneInfoSourceFactory
     absl::time_internal::cctz_extension::zone_info_source_factory = veldrin::sourceOf;
