@@ -1,16 +1,16 @@
 cmake_minimum_required(VERSION 3.25)
 
-# Fails if a file of ROOM includes a room that Rooms.cmake does not list for it. Otherwise touches
-# STAMP.
+# Fails if a file of ROOM includes a room that Rooms.cmake does not list for ROOM. Otherwise touches
+# the file STAMP.
 include(${CMAKE_CURRENT_LIST_DIR}/Rooms.cmake)
 
 veldrin_uses(${ROOM} allowed)
 list(JOIN allowed ", " sentence)
 if(NOT sentence)
-  set(sentence "nothing of ours")
+  set(sentence "its own files and libraries")
 endif()
 
-# line_of(FILE TEXT RESULT): the number of the line on which the text begins.
+# line_of(FILE TEXT RESULT): sets RESULT to the number of the first line with the text.
 function(line_of file text result)
   file(READ ${file} content)
   string(FIND "${content}" "${text}" place)

@@ -1,5 +1,5 @@
-# Finds the libraries of places/. Only veldrin-calendar needs them. It also builds without them,
-# and its messages say what is missing. Archives are preferred: a shared library slows every start.
+# Finds the libraries of places/. veldrin-calendar also builds without them; its messages then say
+# what is missing. Static libraries are preferred, because loading a shared one slows every start.
 find_path(ABSL_INCLUDE absl/time/internal/cctz/include/cctz/time_zone.h)
 find_library(ABSL_TIME_ZONE_LIBRARY NAMES libabsl_time_zone.a absl_time_zone)
 find_path(UTF8PROC_INCLUDE utf8proc.h)
@@ -12,7 +12,7 @@ if(ABSL_INCLUDE AND ABSL_TIME_ZONE_LIBRARY)
   target_link_libraries(veldrin_cctz PRIVATE ${ABSL_TIME_ZONE_LIBRARY})
   target_link_libraries(veldrin_places PUBLIC veldrin_cctz)
 else()
-  message(STATUS "cctz is not at hand: veldrin-calendar will know no time zones")
+  message(STATUS "cctz was not found: veldrin-calendar will know no time zones")
   veldrin_room(places/nozones)
   target_link_libraries(veldrin_places PUBLIC veldrin_nozones)
 endif()
@@ -27,6 +27,6 @@ if(UTF8PROC_INCLUDE AND UTF8PROC_LIBRARY)
   target_include_directories(veldrin_places SYSTEM PRIVATE ${UTF8PROC_INCLUDE})
   target_link_libraries(veldrin_places PRIVATE ${UTF8PROC_LIBRARY})
 else()
-  message(STATUS "utf8proc is not at hand: veldrin-calendar will know no towns")
+  message(STATUS "utf8proc was not found: veldrin-calendar will know no towns")
   set_source_files_properties(places/Fold.cpp PROPERTIES HEADER_FILE_ONLY ON)
 endif()

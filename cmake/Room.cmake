@@ -1,7 +1,7 @@
 include(cmake/Rooms.cmake)
 
 # veldrin_room(ROOM): adds a library with the sources of the room, linked to the rooms that it may
-# include. The build fails if a file includes another room.
+# include. The build fails if a file of the room includes any other room.
 function(veldrin_room room)
   veldrin_target(${room} target)
   veldrin_uses(${room} uses)

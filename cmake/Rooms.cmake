@@ -1,5 +1,5 @@
-# The house: each room, and the rooms that its files may include. An include that breaks this table
-# fails the build.
+# The house: each room, and the other rooms that its files may include. Any other include fails the
+# build.
 #
 #    room               | may include
 set(VELDRIN_ROOMS
@@ -26,13 +26,13 @@ set(VELDRIN_ROOMS
 # These rooms define one class, Veldrin, so a program links all three.
 set(VELDRIN_LINKED_TOGETHER daystatus calendar ui)
 
-# veldrin_target(ROOM RESULT): the name of the room's library, such as veldrin_values.
+# veldrin_target(ROOM RESULT): sets RESULT to the name of the room's library, as in veldrin_values.
 function(veldrin_target room result)
   cmake_path(GET room FILENAME name)
   set(${result} veldrin_${name} PARENT_SCOPE)
 endfunction()
 
-# veldrin_uses(ROOM RESULT): the rooms that a room may include, as the table says.
+# veldrin_uses(ROOM RESULT): sets RESULT to the rooms that the table lists for the room.
 function(veldrin_uses room result)
   foreach(row IN LISTS VELDRIN_ROOMS)
     if(row MATCHES "^([^ |]+) *\\| *(.*)$" AND CMAKE_MATCH_1 STREQUAL room)
