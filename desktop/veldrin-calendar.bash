@@ -1,7 +1,7 @@
 # Completion of veldrin-calendar for bash.
 
-# _veldrin_calendar_offer TEXT WORD...: offers the words that begin with the text in any case, or else
-# all words. Bash puts the only word in place of the text.
+# _veldrin_calendar_offer TEXT WORD...: offers the words that begin with the text, ignoring case; if
+# there are none, offers all words. Bash replaces the text by a single offered word.
 _veldrin_calendar_offer() {
   local text=${1,,} word
   shift
@@ -11,19 +11,19 @@ _veldrin_calendar_offer() {
   [ ${#COMPREPLY[@]} -gt 0 ] || COMPREPLY=("$@")
 }
 
-# _veldrin_calendar_zones TEXT: the zones whose name, or its last part, begins with the text.
+# _veldrin_calendar_zones TEXT: offers the zones with a name or a part of it that begins with the text.
 _veldrin_calendar_zones() {
   local text=${1// /_} zone zones=(here)
   local folder=${TZDIR:-/usr/share/zoneinfo}
   mapfile -t -O 1 zones < <(cd "$folder" 2>/dev/null && find [A-Z]* -not -type d 2>/dev/null | sort)
-  local begun=()
+  local matching=()
   for zone in "${zones[@]}"; do
-    [[ ${zone,,} == "${text,,}"* || ${zone,,} == */"${text,,}"* ]] && begun+=("$zone")
+    [[ ${zone,,} == "${text,,}"* || ${zone,,} == */"${text,,}"* ]] && matching+=("$zone")
   done
-  _veldrin_calendar_offer "$text" "${begun[@]}"
+  _veldrin_calendar_offer "$text" "${matching[@]}"
 }
 
-# _veldrin_calendar_towns PROGRAM TEXT: the towns of the name before the first comma of the text.
+# _veldrin_calendar_towns PROGRAM TEXT: offers the towns that match the text before its first comma.
 _veldrin_calendar_towns() {
   local towns
   [ -n "${2%%,*}" ] || return
@@ -33,13 +33,13 @@ _veldrin_calendar_towns() {
 
 _veldrin_calendar() {
   local word=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]} text
-  # Bash splits an option from its value at "=", which is a word of its own.
+  # Bash makes three words of --option=value: the option, "=" and the value.
   if [ "$word" = = ]; then
     word=
   elif [ "$option" = = ]; then
     option=${COMP_WORDS[COMP_CWORD - 2]}
   fi
-  # The word without quotes and backslashes.
+  # The word without its opening quote and backslashes.
   text=${word#[\"\']}
   text=${text//\\/}
   case $option in
