@@ -9,7 +9,7 @@ fail() {
   exit 1
 }
 
-# need_packages PACKAGE...: installs the missing ones.
+# need_packages PACKAGE...: installs the missing packages.
 need_packages() {
   local package missing=()
   command -v dpkg-query >/dev/null && command -v apt-get >/dev/null ||
@@ -25,14 +25,13 @@ need_packages() {
     command -v sudo >/dev/null || fail "installing these packages needs root: ${missing[*]}"
     as_root=(sudo)
   fi
-  "${as_root[@]}" apt-get update -qq || say "The package lists could not be updated; using the present ones"
+  "${as_root[@]}" apt-get update -qq || say "The package lists could not be updated; using the old ones"
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null ||
     fail "could not install: ${missing[*]}"
 }
 
-# Packages for the core and veldrin-calendar, the window, tests with a display, other tests,
-# benchmarks.
+# Packages for veldrin-calendar, the window, tests with a display, other tests, benchmarks.
 BUILD_PACKAGES=(g++ cmake ninja-build libcli11-dev libabsl-dev libutf8proc-dev)
 WINDOW_PACKAGES=(qt6-base-dev)
 SCREEN_PACKAGES=(xvfb openbox xdotool imagemagick fonts-dejavu-core python3-gi gir1.2-atspi-2.0
@@ -43,14 +42,14 @@ BENCH_PACKAGES=(libbenchmark-dev valgrind time)
 # Clang, with its sanitizers and libFuzzer.
 CLANG_PACKAGES=(clang libclang-rt-dev)
 
-# Locales for the tests: one for each date format of the C library, the German one, in which all of
-# Veldrin is tested, and one that is not UTF-8.
+# Locales for the tests: German, which many tests use, one for each other date format of the C
+# library, and one that is not UTF-8.
 TEST_LOCALES=(de_DE.UTF-8 en_US.UTF-8 en_GB.UTF-8 hi_IN.UTF-8 bg_BG.UTF-8 fr_CH.UTF-8 sr_RS.UTF-8
   lv_LV.UTF-8 sv_SE.UTF-8 ne_NP.UTF-8 nl_NL.UTF-8 fo_FO.UTF-8 ce_RU.UTF-8 th_TH.UTF-8 nb_NO.UTF-8
   is_IS.UTF-8 ms_MY.UTF-8 mt_MT.UTF-8 ar_EG.UTF-8 ug_CN.UTF-8 kl_GL.UTF-8 en_HK.UTF-8 eu_ES.UTF-8
   ps_AF.UTF-8 my_MM.UTF-8 fa_IR.UTF-8 zh_CN.UTF-8 fr_FR.ISO-8859-1)
 
-# test_locales FOLDER: creates the missing locales in FOLDER, for tests with LOCPATH=FOLDER.
+# test_locales FOLDER: creates the missing locales in FOLDER. Run the tests with LOCPATH=FOLDER.
 test_locales() {
   local name missing=()
   for name in "${TEST_LOCALES[@]}"; do

@@ -1,12 +1,12 @@
-"""A private desktop for one program: a display, a window manager, a message bus and a home folder.
+"""A private desktop: a display, a window manager, a message bus and a home folder.
 
     with Desktop() as desktop:
         program = desktop.start("build/release/veldrin")
         desktop.key("ctrl+q")
         assert program.wait() == 0
 
-It shares nothing with the user's desktop. All its processes end with it, even if this process is
-killed.
+It shares nothing with the user's desktop. Its processes end with the `with` block, and also if this
+process is killed.
 """
 
 import os
@@ -22,12 +22,12 @@ POLL = 0.02  # seconds
 END_TIME_OUT = 1.0  # seconds between SIGTERM and SIGKILL
 QUIET = dict.fromkeys(("stdin", "stdout", "stderr"), subprocess.DEVNULL)
 
-# The environment variables that programs inherit. All others belong to the user's desktop.
+# Programs inherit only these environment variables, because others belong to the user's desktop.
 INHERITED = ("PATH", "LOCPATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS")
 
 
 def until(condition: Callable[[], Any], what: str) -> Any:
-    """Waits for a true result of the condition and returns it."""
+    """Waits until the condition returns a true value; returns the value."""
     end = time.monotonic() + TIME_OUT
     while not (result := condition()):
         if time.monotonic() > end:
@@ -75,8 +75,8 @@ class Desktop:
     def start(self, *command: str, **options: Any) -> subprocess.Popen:
         """Starts a program; the kernel terminates it when this process ends."""
         options = {"env": self.environment, "cwd": self.home, **QUIET} | options
-        held = ("setpriv", "--pdeathsig", "TERM", *command)
-        self._jobs.append(subprocess.Popen(held, **options))
+        bound = ("setpriv", "--pdeathsig", "TERM", *command)
+        self._jobs.append(subprocess.Popen(bound, **options))
         return self._jobs[-1]
 
     @staticmethod
@@ -99,8 +99,8 @@ class Desktop:
     def hold(self, modifier: str, key: str) -> None:
         """Presses the key while holding the modifier, at human speed.
 
-        If a screen reader is running, Qt delays keys by up to 100 ms, but not shortcuts. Pressed
-        faster, Alt would arrive after its own Alt+E and close the menu again.
+        If a screen reader is running, Qt delays keys by up to 100 ms, but not shortcuts. Without
+        the pause, the key Alt would arrive after the shortcut Alt+E and close the menu again.
         """
         self._xdotool("keydown", modifier, "sleep", "0.3", "key", key, "keyup", modifier)
 

@@ -25,18 +25,19 @@ from mutation.tree import Tree, TreeFault
 def arguments() -> argparse.Namespace:
     parser = argparse.ArgumentParser(prog="scripts/mutate", description=__doc__.split("\n")[0])
     parser.add_argument("--sample", type=int, default=100, metavar="N",
-                        help="try so many faults that compile (default: %(default)s)")
-    parser.add_argument("--seed", default="1", metavar="S", help="draw other faults")
-    parser.add_argument("--folder", default="", help="draw from this folder alone")
-    parser.add_argument("--only", type=int, metavar="K", help="try the fault of this number again")
-    parser.add_argument("--list", action="store_true", help="print the draw and try nothing")
-    parser.add_argument("--check", action="store_true", help="check the draw and the excuses alone")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="try so many at once")
+                        help="try N faults that compile (default: %(default)s)")
+    parser.add_argument("--seed", default="1", metavar="S", help="the seed of the draw")
+    parser.add_argument("--folder", default="", help="draw only from this folder")
+    parser.add_argument("--only", type=int, metavar="K", help="try only fault number K")
+    parser.add_argument("--list", action="store_true", help="print the faults and try none")
+    parser.add_argument("--check", action="store_true", help="only check the draw and the excuses")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), metavar="N",
+                        help="try N faults at once")
     return parser.parse_args()
 
 
 def check(seed: str) -> list[str]:
-    """Checks the draw and the excuses; returns complaints."""
+    """Checks the draw and the excuses; returns the complaints."""
     drawn, possible = draw(seed), list(all_faults())
     complaints = []
     if drawn != draw(seed):
@@ -66,7 +67,7 @@ class Result:
 
 
 class Log:
-    """The results of a seed on disk, so that an interrupted run resumes."""
+    """Keeps the results of a seed on disk, so that an interrupted run can resume."""
 
     def __init__(self, seed: str, mark: str):
         self._path = FOLDER / f"log-{seed}.jsonl"
@@ -78,7 +79,7 @@ class Log:
             try:
                 entry = json.loads(line)
             except ValueError:
-                continue  # The end of a run that was killed.
+                continue  # A killed run left an incomplete line.
             if entry["sources"] == mark:
                 self.results[entry["fault"]] = Result(entry["outcome"], entry["by"],
                                                       entry["seconds"])
@@ -91,7 +92,7 @@ class Log:
 
 
 class Trials:
-    """Tries the faults of a draw in order until so many have compiled."""
+    """Hands out the faults of a draw in order until `wanted` have compiled; counts the results."""
 
     def __init__(self, faults: list[tuple[int, Fault]], wanted: int, log: Log):
         self._todo = iter(faults)
@@ -99,31 +100,31 @@ class Trials:
         self._log = log
         self._changed = threading.Condition()
         self._compiled = 0
-        self._in_work = 0
+        self._running = 0
         self.excuses = read_excuses()
         self.table = Table()
         self.survivors: list[tuple[int, Fault]] = []
         self.failures: list[str] = []
 
     def next(self) -> tuple[int, Fault] | None:
-        """The next fault, or None. Waits while the running trials may complete the sample."""
+        """Returns the next fault, or None. Waits while the running trials may be enough."""
         with self._changed:
             while not self.failures and self._compiled < self._wanted:
-                if self._compiled + self._in_work >= self._wanted:
+                if self._compiled + self._running >= self._wanted:
                     self._changed.wait()
                     continue
                 number, fault = next(self._todo, (0, None))
                 if fault is None:
                     return None
                 if (known := self._log.results.get(fault.key())) is None:
-                    self._in_work += 1
+                    self._running += 1
                     return number, fault
                 self._count(number, fault, known)
             return None
 
     def finish(self, number: int, fault: Fault, result: Result) -> None:
         with self._changed:
-            self._in_work -= 1
+            self._running -= 1
             self._log.add(fault, result)
             self._count(number, fault, result)
             self._changed.notify_all()
@@ -140,8 +141,8 @@ class Trials:
         self.table.add(fault, outcome)
         if outcome == "survived":
             self.survivors.append((number, fault))
-        said = verdict(outcome, result.by, excuse.reason if excuse else "")
-        print(f"{heading(number, fault)}, {result.seconds:.0f} s: {said}\n{fault.diff()}",
+        sentence = verdict(outcome, result.by, excuse.reason if excuse else "")
+        print(f"{heading(number, fault)}, {result.seconds:.0f} s: {sentence}\n{fault.diff()}",
               flush=True)
 
 
@@ -154,7 +155,7 @@ def work(tree: Tree, mark: str, trials: Trials) -> None:
             outcome, by = tree.trial(drawn[1])
             trials.finish(*drawn, Result(outcome, by, round(time.monotonic() - begin, 1)))
     except KeyboardInterrupt:
-        pass  # The main thread knows.
+        pass  # The main thread reports the interruption.
     except (TreeFault, OSError) as failure:
         trials.fail(str(failure))
 
@@ -171,7 +172,7 @@ def run(trials: Trials, jobs: int, mark: str) -> None:
         for thread in threads:
             thread.join()
     except KeyboardInterrupt:
-        trials.fail("interrupted; the same command goes on from here")
+        trials.fail("interrupted; the same command resumes the run")
         runner.stop()
         for thread in threads:
             thread.join()
@@ -201,7 +202,7 @@ def main() -> int:
 
 
 def try_all(options: argparse.Namespace, faults: list[tuple[int, Fault]]) -> int:
-    """Tries the faults and reports; the exit status."""
+    """Tries the faults and reports; returns the exit status."""
     mark = fingerprint()
     log = Log(options.seed, mark)
     if options.only:

@@ -6,7 +6,7 @@ from pathlib import Path
 
 from desktop import Desktop, until
 
-# Makes Qt read the settings file kdeglobals, without any program of that desktop.
+# With these variables, Qt reads fonts and colours from the file kdeglobals. No KDE program runs.
 SETTINGS = {"XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5"}
 DARK = """
 [Colors:Window]

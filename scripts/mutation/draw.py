@@ -12,8 +12,8 @@ from pathlib import Path
 from mutation.edits import KINDS, Edit, edits_of
 
 ROOT = Path(__file__).resolve().parent.parent.parent
-FOLDER = ROOT / "build" / "mutate"  # of the copies and the results
-# Nearly every line can have an early return, and the tests notice most of them.
+FOLDER = ROOT / "build" / "mutate"  # has the copies of the sources and the results
+# Draws fewer early returns: nearly every line can have one, and the tests notice most.
 WEIGHTS = dict.fromkeys(KINDS, 1.0) | {"return": 0.3}
 NO_PRODUCT = ("tests/", "bench/", "fuzz/", "scripts/", "build/")
 WITHOUT_INFLUENCE = ("docs/", ".ci/", "scripts/mutat", "scripts/excuses")
@@ -28,7 +28,7 @@ class Fault:
     edit: Edit
     before: str  # the line without its indent
     after: str
-    order: float  # its place in the draw, from 0 to 1
+    order: float  # faults are drawn in ascending order, from 0 to 1
 
     @property
     def folder(self) -> str:
@@ -69,7 +69,7 @@ def product_files() -> list[str]:
 
 
 def faults_by_line(file: str) -> dict[int, list[Fault]]:
-    """Every fault of a file, by the line from 1. They have no order yet."""
+    """All faults of a file by line number, from 1. `order` is 0 for all."""
     text = (ROOT / file).read_text()
     lines = text.split("\n")
     found: dict[int, list[Fault]] = {}
@@ -84,10 +84,11 @@ def faults_by_line(file: str) -> dict[int, list[Fault]]:
 
 
 def draw(seed: str, folder: str = "") -> list[Fault]:
-    """One fault of every line that can have one, in the order of the seed.
+    """Draws one fault for each line that can have one. The seed decides the order.
 
-    The place of a line in the draw depends on its file and text alone, so that a change elsewhere
-    leaves most of the draw as it is. The kind is chosen first, by its weight, then one edit of it.
+    The order of a fault depends only on the seed, the file, the text of the line and the number of
+    equal lines above it. So a change elsewhere hardly changes the draw. Chooses a kind by weight,
+    then one of its edits.
     """
     drawn = []
     for file in product_files():

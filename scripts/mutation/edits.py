@@ -1,6 +1,6 @@
-"""The edits that make a fault of a file.
+"""The edits that put a fault into a file.
 
-Each kind of edit is a function that yields every edit of its kind in the file that was read.
+For each kind of edit, a function yields all edits of that kind in a file.
 """
 
 import re
@@ -16,15 +16,15 @@ OPERATORS = {"+": "-", "-": "+", "*": "/", "/": "*", "%": "*", "&&": "||", "||":
              "|": "&", "<<": ">>", ">>": "<<"}
 COMPACT_OPERATORS = {"+=": "-=", "-=": "+=", "*=": "/=", "/=": "*=", "|=": "&=", "&=": "|=",
                      "++": "--", "--": "++"}
-ESCAPED = ("'", "\\")  # characters that a literal does not hold as they are
+ESCAPED = ("'", "\\")  # characters that need an escape in a character literal
 ESCAPES = {"n": "r", "r": "n", "t": "n", "0": "1"}
 STRING = r'(\w*")(.*)("\w*)'
 RAW_STRING = r'(\w*R"[^(]*\()(.*)(\)[^("]*"\w*)'
-# Letters of an escape, and those that say the form of a number to print.
+# Escape sequences and conversions of printf; their letters are not changed.
 NO_LETTERS = r"\\.[0-9a-fA-F]*|%[-.0-9lzt]*\w"
 DEFAULTS = ("{}", "0", "0.0", "false", "nullptr", '""', "std::nullopt")
 
-# A statement that begins with one of these is not dropped: it declares or returns something.
+# A statement that begins with one of these words is never dropped.
 KEPT = CONTROL | {"return", "using", "typedef", "static_assert", "static", "const", "constexpr",
                   "constinit", "auto", "struct", "class", "enum", "union", "goto", "asm",
                   "template", "typename", "namespace", "else", "do", "try", "friend"}
@@ -33,7 +33,7 @@ NO_CALLS = CONTROL | {"return", "sizeof", "decltype", "noexcept", "alignof", "op
 
 @dataclass(frozen=True)
 class Edit:
-    """Text from `start` to before `end` that is replaced by `new`."""
+    """Replaces the text in [start, end) by `new`."""
 
     kind: str
     start: int
@@ -85,7 +85,7 @@ def _operators(reading: Reading) -> Edits:
 
 
 def _number_beside(text: str) -> tuple[str, ...]:
-    """A number's neighbours, as text: its last digit plus one and minus one."""
+    """The number plus and minus one unit of its last digit, as text."""
     parts = re.fullmatch(r"(0[xX])?([\da-fA-F']+?)(\.\d*)?([eE][+-]?\d+)?([uUlLzZfF]*)", text)
     if not parts or "'" in text:
         return ()
@@ -105,7 +105,7 @@ def _number_beside(text: str) -> tuple[str, ...]:
 
 
 def _character_beside(text: str) -> str:
-    """A character that differs from the literal's."""
+    """A character literal with another character."""
     before, inner = text.split("'", 1)
     inner = inner[:-1]
     if inner.startswith("\\"):
@@ -130,7 +130,7 @@ def _drops(reading: Reading) -> Edits:
             continue
         start, end = reading.tokens[statement.first].start, reading.tokens[statement.last].end
         rest = reading.text[end:].split("\n", 1)[0].strip()
-        # An emptied line loses its blanks too. The lines below keep their numbers.
+        # A line that becomes empty loses its indent too. The lines below keep their numbers.
         while not statement.is_controlled and not rest and reading.text[start - 1] == " ":
             start -= 1
         lines = reading.text.count("\n", start, end)
@@ -156,12 +156,12 @@ def _is_action(reading: Reading, statement: Statement) -> bool:
         at += 1
         if tokens[at].kind == "word" and tokens[at - 1].text == ">":
             return False
-    # In a declaration of a pointer or a reference, the sign stands at the type.
+    # clang-format puts the sign of a pointer or a reference right after the type.
     return tokens[at].text not in ("*", "&", "&&") or _spaced(reading, tokens[at])
 
 
 def _arguments(reading: Reading) -> Edits:
-    """Swaps neighbouring arguments that look alike."""
+    """Swaps neighbouring arguments of the same form."""
     for opening, kind in reading.kinds.items():
         before = reading.tokens[opening - 1]
         is_call = (kind == "group" and reading.tokens[opening].text == "("
@@ -213,7 +213,7 @@ def _form(reading: Reading, first: int, last: int) -> str:
 
 
 def _strings(reading: Reading) -> Edits:
-    """Empties texts, and changes a letter in the middle of them."""
+    """Empties strings, fills empty ones, and changes a character in the middle."""
     for token in reading.tokens:
         if token.kind != "string":
             continue
@@ -236,7 +236,7 @@ def _truths(reading: Reading) -> Edits:
 
 
 def _returns(reading: Reading) -> Edits:
-    """Inserts an early return, or returns a default in place of a value."""
+    """Inserts an early return, or replaces a returned value by a default one."""
     for at, routine in reading.starts:
         start = reading.tokens[at].start
         if routine.returns == "void" and not reading.is_at(at, "return"):

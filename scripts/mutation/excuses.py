@@ -1,4 +1,4 @@
-"""Faults that a person found to have no effect. scripts/excuses says how they are written."""
+"""Reads scripts/excuses, which lists faults without effect and describes its format."""
 
 from dataclasses import dataclass
 from pathlib import PurePath
@@ -14,10 +14,10 @@ class Excuse:
     """Excuses all edits of a kind, or the edit that turns the line into `after`."""
 
     before: str
-    kind: str  # or "" if `after` says which edit
+    kind: str  # or "" if `after` selects the edit
     after: str
     reason: str
-    name: str  # of the one file that it is for, or "" for any
+    name: str  # of its file, without folders; or "" for any file
 
     def fits(self, fault: Fault) -> bool:
         if fault.before != self.before or self.name not in ("", PurePath(fault.file).name):
@@ -26,7 +26,7 @@ class Excuse:
 
 
 def read_excuses() -> list[Excuse]:
-    """All excuses. Raises `ValueError` with a malformed paragraph."""
+    """All excuses. Raises `ValueError` if a paragraph is malformed."""
     found = []
     for paragraph in FILE.read_text().split("\n\n"):
         lines = [line for line in paragraph.split("\n") if line and not line.startswith("#")]
@@ -40,7 +40,7 @@ def _excuse(lines: list[str]) -> Excuse:
     marks = "".join(line[0] for line in lines).rstrip("=")
     kind = texts["~"]
     if marks not in ("-+", "-~", "@-+", "@-~") or not texts["="] or kind not in ("", *KINDS):
-        raise ValueError("scripts/excuses: this is no excuse:\n" + "\n".join(lines))
+        raise ValueError("scripts/excuses: this paragraph is malformed:\n" + "\n".join(lines))
     return Excuse(texts["-"], kind, texts["+"], texts["="], texts["@"])
 
 

@@ -1,4 +1,4 @@
-"""Runs programs that may hang because of a fault."""
+"""Runs programs that a fault may make hang."""
 
 import os
 import signal
@@ -8,7 +8,7 @@ from pathlib import Path
 
 # Limits in bytes: a fault may allocate all memory or fill the disk.
 LIMITS = ("prlimit", f"--as={8 << 30}", f"--fsize={1 << 30}", "--core=0")
-GRACE = 2.0  # seconds between asking and killing
+GRACE = 2.0  # seconds between SIGTERM and SIGKILL
 
 
 class Runner:
@@ -21,7 +21,7 @@ class Runner:
 
     def run(self, command: list[str], folder: Path, environment: dict[str, str], log: Path,
             seconds: float | None = None) -> int | None:
-        """The exit status, or None after the time limit. Writes all output to the log."""
+        """Returns the exit status, or None after the time limit. Writes all output to the log."""
         with open(log, "wb") as output:
             with self._lock:
                 if self.stopped:
@@ -53,7 +53,7 @@ class Runner:
 
 
 def _end_group(process: subprocess.Popen) -> None:
-    """Asks the group to end, because ninja then ends its compilers. Kills the rest."""
+    """Sends SIGTERM, so that ninja ends its compilers, then SIGKILL."""
     _signal(process, signal.SIGTERM)
     try:
         process.wait(GRACE)

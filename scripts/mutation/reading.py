@@ -1,8 +1,8 @@
 """Finds the statements and function bodies of C++ text.
 
-This is no parser of C++. It goes by brackets, keywords and the layout of clang-format, which is
-enough to tell a body from an initialiser, and a call from a declaration. An edit that rests on a
-wrong guess does not compile, and such edits are not counted.
+This is not a parser of C++. Brackets, keywords and the layout of clang-format are enough to tell a
+body from an initialiser, and a call from a declaration. A wrong guess mostly leads to an edit that
+does not compile, and such edits are not counted.
 """
 
 from dataclasses import dataclass, field
@@ -23,7 +23,7 @@ class Routine:
 
     opening: int
     returns: str
-    is_deduced: bool = False  # from the statements, which may still return a value
+    is_deduced: bool = False  # no return type is written; a later `return` may change `returns`
 
 
 @dataclass
@@ -32,10 +32,10 @@ class Scope:
 
     kind: str
     opening: int
-    begin: int  # the first token of the statement that is being read
+    begin: int  # the first token of the current statement
     routine: Routine | None = None
     is_lambda: bool = False
-    is_controlled: bool = False  # whether that statement is the body of an `if`, a `for`, …
+    is_controlled: bool = False  # whether that statement is the body of an `if`, a loop, …
 
 
 @dataclass(frozen=True)
@@ -54,18 +54,18 @@ class Reading:
 
     text: str
     tokens: list[Token]
-    partner: dict[int, int] = field(default_factory=dict)  # of each bracket
-    kinds: dict[int, str] = field(default_factory=dict)  # of the scope of each opening bracket
-    bodies: dict[int, Routine | None] = field(default_factory=dict)  # that a bracket stands in
+    partner: dict[int, int] = field(default_factory=dict)  # each bracket to its partner
+    kinds: dict[int, str] = field(default_factory=dict)  # opening bracket to scope kind
+    bodies: dict[int, Routine | None] = field(default_factory=dict)  # bracket to its function
     frozen: set[int] = field(default_factory=set)  # tokens that no edit touches
     statements: list[Statement] = field(default_factory=list)
-    starts: list[tuple[int, Routine]] = field(default_factory=list)  # of whole statements
+    starts: list[tuple[int, Routine]] = field(default_factory=list)  # an edit may insert here
 
     def is_at(self, index: int, *texts: str) -> bool:
         return 0 <= index < len(self.tokens) and self.tokens[index].text in texts
 
     def angle_end(self, index: int) -> int:
-        """The `>` that closes the `<` at the index, or the index itself if there is none."""
+        """The index of the `>` that closes the `<` at `index`; `index` if there is none."""
         depth = 0
         for at in range(index, min(index + 200, len(self.tokens))):
             text = self.tokens[at].text
@@ -171,7 +171,7 @@ class _Reader:
         top.begin, top.is_controlled = index + 1, False
 
     def _braced(self, index: int) -> Scope:
-        """The kind of the brace at the index."""
+        """The scope that the brace at the index opens."""
         top = self._stack[-1]
         scope = Scope("list", index, index + 1, top.routine)
         lambda_returns = self._lambda_returns(index)
@@ -215,7 +215,7 @@ class _Reader:
         return not initialised or texts[-1] in ("(", "{")
 
     def _after_prefixes(self, begin: int) -> int:
-        """The index of a function's type, after templates, attributes and specifiers."""
+        """The index of a function's return type, after templates, attributes and specifiers."""
         while True:
             if self._reading.is_at(begin, "template") and self._reading.is_at(begin + 1, "<"):
                 begin = self._reading.angle_end(begin + 1) + 1
@@ -227,7 +227,7 @@ class _Reader:
                 return begin
 
     def _top_level(self, first: int, end: int) -> list[int]:
-        """The tokens in [first, end), without the contents of brackets."""
+        """The indexes in [first, end), without closing brackets and what is inside brackets."""
         found = []
         while first < end:
             found.append(first)
@@ -249,13 +249,13 @@ class _Reader:
 
     @staticmethod
     def _name_start(texts: list[str]) -> int:
-        """The index at which the qualified name at the end of the texts begins."""
+        """The index where the qualified name at the end of the texts begins."""
         at = texts.index("operator") if "operator" in texts else len(texts) - 1
         if texts[at - 1: at] == ["~"]:
             at -= 1
         while at >= 2 and texts[at - 1] == "::":
             at -= 2
-            if texts[at] == ">":  # Arguments of a class template stand before the "::".
+            if texts[at] == ">":  # a class template with arguments
                 at -= texts[at::-1].index("<") + 1
         return at
 

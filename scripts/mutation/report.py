@@ -2,7 +2,7 @@
 
 from mutation.draw import Fault
 
-ALLOWED = 0.04  # of the faults that have an effect may survive
+ALLOWED = 0.04  # the largest share of survivors among the faults with an effect
 COLUMNS = ("drawn", "compiled", "without effect", "excused", "caught", "survived")
 
 

@@ -7,9 +7,10 @@ from pathlib import Path
 
 # Labels and folders of expensive tests, cheapest first. All other tests run before them.
 LATE = ("companion", "qt", "screen", "slow")
-UNSTEADY = "screen"  # Tests that a busy machine may fail run once more.
-SPARE = 20.0  # seconds that every step may take
-PATIENCE = 5  # times what it takes without a fault that it may take beyond those
+UNSTEADY = "screen"  # The label of tests that a busy machine may fail. If one fails, it runs again.
+# The time limit of a step: SPARE seconds plus PATIENCE times its time without a fault.
+SPARE = 20.0
+PATIENCE = 5
 
 
 @dataclass
@@ -20,9 +21,9 @@ class Step:
     command: list[str]
     folder: Path
     environment: dict[str, str]
-    words: set[str]  # its labels and the folders that its files are in
+    words: set[str]  # its labels, and the folders of its program and its working folder
     limit: float = 600.0  # seconds
-    must_say: list[str] = field(default_factory=list)  # patterns; one of them means success
+    must_say: list[str] = field(default_factory=list)  # success if the output has one of these
     targets: list[str] = field(default_factory=list)  # the built files that it needs
     seconds: float = 0.0  # without a fault
 
@@ -49,7 +50,7 @@ class Step:
 
 
 def steps_of(listed: dict, build: Path, outputs: set[str]) -> list[Step]:
-    """The steps of what `ctest --show-only=json-v1` says. `outputs` are the built files."""
+    """The steps for the output of `ctest --show-only=json-v1`. `outputs` are the built files."""
     groups: dict[tuple, list[dict]] = {}
     for test in listed["tests"]:
         if "command" not in test or _properties(test).get("DISABLED"):
@@ -88,7 +89,7 @@ def _step(tests: list[dict], build: Path, outputs: set[str], is_part: bool) -> S
     if filters:
         name = os.path.basename(command[0])
         command = [command[0], "--gtest_fail_fast"]
-        if is_part:  # of the cases of its program
+        if is_part:  # another step has the other cases of the program
             command.append("--gtest_filter=" + ":".join(filters))
     settings = properties.get("ENVIRONMENT", [])
     must_say = properties.get("PASS_REGULAR_EXPRESSION", [])
@@ -108,7 +109,7 @@ def _built(step: Step, build: Path, outputs: set[str]) -> set[str]:
 
 
 def failure_in(output: str) -> str:
-    """The failed test in the output of GoogleTest or unittest, or ""."""
+    """The failed test in the output of GoogleTest or unittest, else the last started one, or ""."""
     patterns = (r"^\[  FAILED  \] (\w\S*?)(?:,|\s|$)", r"^(?:FAIL|ERROR): (\w+)",
                 r"^\[ RUN      \] (\S+)")
     for pattern in patterns[:2]:

@@ -39,5 +39,5 @@ def tokens_of(text: str) -> list[Token]:
 
 
 def spelling(text: str) -> list[str]:
-    """The texts of the tokens. Equal for texts that differ only in layout."""
+    """The texts of the tokens. Equal for texts that differ only in layout and comments."""
     return [token.text for token in tokens_of(text)]

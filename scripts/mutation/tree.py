@@ -13,16 +13,16 @@ from mutation.draw import FOLDER, NO_PRODUCT, ROOT, Fault, tracked_files
 from mutation.processes import LIMITS, Runner
 from mutation.suite import Step, failure_in, steps_of
 
-OBJECT = 3.0  # seconds that compiling one takes, about
-COMPILING = 900.0  # seconds that a build with a fault may take
+OBJECT = 3.0  # seconds, about, to compile one object file
+COMPILING = 900.0  # time limit of a build with a fault, in seconds
 
 
 class TreeFault(Exception):
-    """The sources without a fault cannot be built, or fail a test."""
+    """The sources cannot be built even without a fault, or fail a test."""
 
 
 class Tree:
-    """A copy in build/mutate/NUMBER. It keeps a second build, without a fault."""
+    """A copy in build/mutate/NUMBER, with a second build that never has a fault."""
 
     def __init__(self, number: int, runner: Runner, jobs: int):
         self.folder = FOLDER / str(number)
@@ -64,9 +64,9 @@ class Tree:
     def _configure(self) -> None:
         options = ["-DVELDRIN_TESTS=ON", "-DCMAKE_BUILD_TYPE=Debug",
                    "-DCMAKE_CXX_FLAGS_DEBUG=-O0 -w", "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON",
-                   # A header is compiled once for a target, not once for each of its sources.
+                   # A unity build compiles a header once per target, not once per source.
                    "-DCMAKE_UNITY_BUILD=ON", "-DCMAKE_UNITY_BUILD_BATCH_SIZE=0",
-                   # No test program runs during the build; with a fault it may hang.
+                   # The build runs no test program, which may hang because of a fault.
                    "-DCMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE=PRE_TEST"]
         if shutil.which("ccache"):
             options.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
@@ -81,22 +81,22 @@ class Tree:
     def _run(self, command: list[str], limit: float | None) -> int | None:
         return self._runner.run(command, self.folder, self._environment, self._log, limit)
 
-    def _said(self, *command: str) -> str:
+    def _output_of(self, *command: str) -> str:
         return subprocess.run(command, cwd=self.build, env=self._environment, check=True,
                               capture_output=True, text=True).stdout
 
     def _learn(self) -> None:
-        """Reads the tests, their inputs, and the dependents of each file."""
+        """Learns the tests, the inputs of their targets, and what is built from each file."""
         outputs = {line.rsplit(":", 1)[0]
-                   for line in self._said("ninja", "-t", "targets", "all").splitlines()}
-        self.steps = steps_of(json.loads(self._said("ctest", "--show-only=json-v1")), self.build,
-                              outputs)
-        self._inputs = {target: {self._name(line.strip()) for line in self._said(
+                   for line in self._output_of("ninja", "-t", "targets", "all").splitlines()}
+        listed = json.loads(self._output_of("ctest", "--show-only=json-v1"))
+        self.steps = steps_of(listed, self.build, outputs)
+        self._inputs = {target: {self._name(line.strip()) for line in self._output_of(
                             "ninja", "-t", "inputs", target).splitlines()}
                         for step in self.steps for target in step.targets}
         self._dependents: dict[str, set[str]] = {}
         made = ""
-        for line in self._said("ninja", "-t", "deps").splitlines():
+        for line in self._output_of("ninja", "-t", "deps").splitlines():
             if line.startswith(" "):
                 self._dependents.setdefault(self._name(line.strip()), set()).add(made)
             else:
@@ -107,13 +107,13 @@ class Tree:
             self._commands[command[command.index("-o") + 1]] = command
 
     def _name(self, path: str) -> str:
-        """A path of the build, relative to the sources if it is inside them."""
-        whole = os.path.normpath(self.build / path)
-        inside = whole.startswith(str(self.source) + "/")
-        return os.path.relpath(whole, self.source) if inside else path
+        """The path relative to the sources if it is inside them, else as it is."""
+        full = os.path.normpath(self.build / path)
+        is_inside = full.startswith(str(self.source) + "/")
+        return os.path.relpath(full, self.source) if is_inside else path
 
     def _try_without_fault(self, mark: str) -> None:
-        """Measures the steps, unless the times of the same sources are stored."""
+        """Measures each step. Uses the stored times if they are of the same sources."""
         kept = self.folder / "seconds.json"
         known = json.loads(kept.read_text()) if kept.exists() else {}
         if known.get("mark") != mark:
@@ -130,7 +130,7 @@ class Tree:
         self.steps.sort(key=Step.order)
 
     def _blamed(self, step: Step) -> str:
-        """The test of the step that fails, or ""."""
+        """Runs the step and returns the failed test, or ""."""
         with tempfile.TemporaryDirectory(prefix="mutate-", ignore_cleanup_errors=True) as scratch:
             environment = os.environ | {"TMPDIR": scratch} | step.environment
             status = self._runner.run([*LIMITS, *step.command], step.folder, environment,
@@ -143,12 +143,12 @@ class Tree:
         return name if status is not None else f"{name} (time limit)"
 
     def _steps_for(self, fault: Fault) -> list[Step]:
-        """The steps that can see a fault of that file, the cheapest first."""
+        """The steps that a fault in that file can affect, cheapest first."""
         changed = self._dependents.get(fault.file, set()) | {fault.file}
         costs = []
         for step in self.steps:
             affected = set().union(*(changed & self._inputs[target] for target in step.targets))
-            # A test that only compiles reads headers.
+            # A test of compile errors reads the headers itself.
             reads = "-fsyntax-only" in step.command and fault.file.endswith(".h")
             if affected or reads:
                 late, seconds = step.order()
@@ -156,7 +156,7 @@ class Tree:
         return [step for *_, step in sorted(costs, key=lambda cost: cost[:2])]
 
     def trial(self, fault: Fault) -> tuple[str, str]:
-        """The outcome ("uncompiled", "caught", "idle" or "survived") and the test that noticed."""
+        """Returns "uncompiled", "caught", "idle" or "survived", and the test that noticed."""
         path = self.source / fault.file
         times, sound = path.stat(), path.read_text()
         path.write_text(fault.applied(sound))
@@ -213,7 +213,7 @@ class Tree:
 
 
 def _write(path: Path, text: str, times: os.stat_result) -> None:
-    """Writes a file and restores its time, so that ninja does not rebuild."""
+    """Writes a file and sets its times to those given, so that ninja does not rebuild."""
     path.write_text(text)
     os.utime(path, ns=(times.st_atime_ns, times.st_mtime_ns))
 
