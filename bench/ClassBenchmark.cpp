@@ -1,4 +1,4 @@
-// The cost of the class tables: building all records, finding a record, calling a method by
+// Measures the class tables: building all records, finding a record, calling a method by
 // reflection, decoding the form. Exits with 1 if a limit is exceeded.
 
 #include <malloc.h>
@@ -23,10 +23,10 @@ using Clock = std::chrono::steady_clock;
 
 constexpr double LargestBuildTime = 1000.0;    // microseconds
 constexpr double LargestBuildMemory = 512.0;   // KiB
-constexpr double LargestInvokeRatio = 20.0;    // times a direct call
+constexpr double LargestInvokeRatio = 20.0;    // time of a call by reflection / direct call
 constexpr double LargestDecodingTime = 200.0;  // microseconds
 
-/// Classes are built once per process, so this cannot be a repeated benchmark. Call it first.
+/// Measures the building of all classes. It happens once per process, so call this first.
 void reportBuilding() {
   const std::size_t before = mallinfo2().uordblks;
   const auto start = Clock::now();

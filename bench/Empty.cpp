@@ -1,4 +1,4 @@
-// Does nothing. Linked like veldrin-calendar; its instructions are the baseline for a process.
+// Does nothing. Its instructions are the baseline for veldrin-calendar --status.
 int main() {
   return 0;
 }

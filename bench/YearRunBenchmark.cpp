@@ -1,7 +1,7 @@
 // Compares the year run with the reference in bench/bare. Each benchmark alternates the two, so
 // that other load affects both equally, and reports medians:
 //
-//   ratio        median of Veldrin time / reference time of each pair
+//   ratio        median of the ratios Veldrin time / reference time, one per pair of runs
 //   bare_us      median CPU time of the reference, in microseconds
 //   veldrin_us   median CPU time of pressing the button in a headless window
 //
@@ -41,7 +41,7 @@ constexpr int Repetitions = 1000;
 /// The default daylight-saving dates of the year.
 const bare::Saving Saving{true, false, bare::firstBound(Year), bare::lastBound(Year)};
 
-/// A file that discards all lines.
+/// A folder item whose file discards all lines.
 class DiscardingItem final : public Described<DiscardingItem, FolderItem> {
  public:
   static constexpr FixedString FullName = "DiscardingItem";
@@ -142,11 +142,11 @@ void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldr
   std::vector<double> bareTimes;
   std::vector<double> veldrinTimes;
   for ([[maybe_unused]] auto iteration : state) {
-    // Alternate the order, so that cache effects of the other side affect both.
-    const bool bareFirst = ratios.size() % 2 == 0;
-    if (bareFirst) bareTimes.push_back(microseconds(bareYear));
+    // Alternates the order, because each side runs with the caches that the other left.
+    const bool isBareFirst = ratios.size() % 2 == 0;
+    if (isBareFirst) bareTimes.push_back(microseconds(bareYear));
     veldrinTimes.push_back(microseconds(veldrinYear));
-    if (!bareFirst) bareTimes.push_back(microseconds(bareYear));
+    if (!isBareFirst) bareTimes.push_back(microseconds(bareYear));
     ratios.push_back(veldrinTimes.back() / bareTimes.back());
   }
   const double ratio = median(ratios);
@@ -157,7 +157,7 @@ void alternate(benchmark::State& state, const Bare& bareYear, const Press& veldr
   checkLimit(state, ratio, Limit);
 }
 
-/// The full run with all text, but without a file, against the arithmetic only.
+/// Compares the year run, its output discarded, with the arithmetic alone.
 void againstArithmetic(benchmark::State& state) {
   const Ref<FolderItem> item = New<DiscardingItem>();
   alternate(
@@ -165,7 +165,7 @@ void againstArithmetic(benchmark::State& state) {
       [&] { press(item); });
 }
 
-/// The run with its file against a loop that writes the same lines, one write() per line.
+/// Compares the year run, into a file, with a loop that writes the same lines, one write() each.
 void againstWrites(benchmark::State& state) {
   const TemporaryFolder folder;
   const std::string bareFile = folder.file("bare.ics");

@@ -1,4 +1,4 @@
-# Sourced by the scripts of this folder. `work` is a temporary folder, deleted at exit.
+# Sourced by the other scripts of bench/. `work` is a temporary folder, deleted at exit.
 
 set -euo pipefail
 

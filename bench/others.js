@@ -1,4 +1,4 @@
-// Writes sunrises and sunsets of 2030 at 47.5 north, 122.5 west as calendar events, by suncalc.
+// Writes the sunrises and sunsets of 2030 at 47.5 north, 122.5 west, from the library suncalc.
 const { getTimes } = require("suncalc");
 
 const lines = [];

@@ -4,7 +4,7 @@
 # Compares veldrin-calendar with other programs that calculate the sun times of a year: hdate,
 # remind, and a Node script with the library suncalc. Each writes its own format. BUILD is the folder
 # of a release build. Programs that are not installed are skipped. Exits with 1 if --standard is
-# slower than remind.
+# slower than remind, 2 if it cannot measure.
 . "$(dirname "$0")/measure.sh"
 
 readonly runs=40
@@ -27,7 +27,7 @@ side() { sides+=(-n "$1" "$2"); }
 
 side veldrin-calendar "$veldrin --output=$work/veldrin.ics"
 if "$build/veldrin-calendar" --help | grep -q -- --standard; then
-  # To standard output, as the others do: replacing a file waits for the disk.
+  # Writes to standard output, like hdate and remind: replacing a file waits for the disk.
   side "veldrin-calendar --standard" "$veldrin --standard --output=-"
 fi
 if command -v hdate >/dev/null; then

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # places.sh BUILD
 #
-# Measures what a zone, a town and the picture cost in veldrin-calendar, each against a run of the
-# same process in the same minute: by numbers, or with --standard and three twilights. BUILD is the
-# folder of a release build. Exits with 1 if a limit is exceeded, 2 if it cannot measure.
+# Compares runs of veldrin-calendar: a zone and a town with coordinates and a clock by numbers, a
+# picture with a calendar of three twilights. BUILD is the folder of a release build. Exits with 1 if
+# a limit is exceeded, 2 if it cannot measure.
 . "$(dirname "$0")/measure.sh"
 
 readonly zone_limit=1.0 town_limit=2.0   # ms more than by numbers
@@ -35,7 +35,7 @@ print(f"{(zone - numbers) * 1000:.2f} {(town - numbers) * 1000:.2f} {picture / t
 PYTHON
 )
 
-# peak COMMAND...: the peak memory in KiB.
+# peak COMMAND...: prints the peak memory in KiB.
 peak() {
   "$gnu_time" -f %M -o "$work/time" "$@" >"$work/output"
   cat "$work/time"

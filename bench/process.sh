@@ -2,7 +2,7 @@
 # process.sh BUILD
 #
 # Measures whole processes: the instructions of veldrin-calendar and veldrin-bare-calendar for one
-# year, the instructions of --status and of an empty program, and the peak memory of
+# year, those of veldrin-calendar --status and of an empty program, and the peak memory of
 # veldrin-calendar. BUILD is the folder of a release build with VELDRIN_BENCH=ON. Exits with 1 if a
 # limit is exceeded, 2 if it cannot measure.
 . "$(dirname "$0")/measure.sh"

@@ -2,7 +2,7 @@
 # window.sh BUILD
 #
 # Measures the window on a virtual display: the time from the start to the first frame with a
-# status, the resident memory then, and a press of the year button. Start and memory are compared
+# status, the resident memory at that frame, and a press of the year button. Start and memory are compared
 # with a plain Qt window of the same size with one word, because drawing the first word loads the
 # fonts. An empty window is measured too, without a limit. BUILD is the folder of a release build
 # with VELDRIN_BENCH=ON. Exits with 1 if a limit is exceeded, 2 if it cannot measure.
@@ -11,7 +11,7 @@
 readonly start_limit=1.25    # times the window with a word
 readonly memory_limit=1.15   # times the window with a word
 readonly press_limit=20      # milliseconds
-readonly rounds=40           # two starts of each program per round
+readonly rounds=40
 
 [[ $# -eq 1 ]] || die "usage: window.sh BUILD"
 need Xvfb xvfb
@@ -25,7 +25,7 @@ readonly empty="$build/bench/veldrin-bare-window"
 readonly word="$build/bench/veldrin-bare-window Sunrise"
 readonly veldrin="$build/bench/veldrin-status-window"
 
-# The save dialog opens in the working folder.
+# The save dialog shows the working folder.
 cd "$work"
 
 # No user settings, and no message bus on which Qt would look for a screen reader.
@@ -42,7 +42,7 @@ trap 'kill "$screen" 2>/dev/null || true; wait; rm -rf "$work"' EXIT
 read -r -t 10 number <"$work/number" || die "Xvfb did not start: $(cat "$work/screen")"
 export DISPLAY=:$number
 
-# round NUMBER: reverses the order in odd rounds, so that no program always follows the same one.
+# round NUMBER: starts each program twice; odd rounds reverse the order, for a fair comparison.
 round() {
   local sides=(-n empty "$empty" -n word "$word" -n veldrin "$veldrin")
   ((${1} % 2 == 0)) || sides=(-n veldrin "$veldrin" -n word "$word" -n empty "$empty")
@@ -64,7 +64,7 @@ print()
 PYTHON
 ) || die "hyperfine printed no times"
 
-# Unquoted, so that the word becomes an argument.
+# Without quotes, so that the word becomes an argument.
 empty_memory=$($empty) word_memory=$($word) veldrin_memory=$($veldrin)
 empty_instructions=$(instructions $empty) word_instructions=$(instructions $word)
 veldrin_instructions=$(instructions $veldrin)

@@ -11,7 +11,7 @@ namespace {
 constexpr double kPi = 3.141592653589793;
 constexpr double kRads = kPi / 180.0;
 
-// Wraps a 64-bit result to 32 bits, like the overflow of the application.
+// Wraps a 64-bit result to 32 bits, as the application's arithmetic wraps on overflow.
 constexpr std::int32_t wrap(std::int64_t value) {
   return static_cast<std::int32_t>(value);
 }
@@ -24,7 +24,7 @@ bool isLeap(std::int32_t year) {
   return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
 }
 
-// March and November begin on the same day of the week. The calendar repeats every 400 years.
+// In March and in November, which begin on the same weekday. Weekdays repeat every 400 years.
 std::int32_t firstSunday(std::int32_t year) {
   const std::int32_t y = ((year % 400) + 400) % 400;
   const std::int32_t first = (y + y / 4 - y / 100 + 3) % 7;  // 0 is Sunday
@@ -36,8 +36,8 @@ bool isSavingTime(const Saving& saving, Civil day) {
   Civil start = *saving.start;
   Civil end = *saving.end;
   if (end < start) std::swap(start, end);
-  const bool inside = start <= day && day < end;
-  return inside != saving.downUnder;
+  const bool isInside = start <= day && day < end;
+  return isInside != saving.downUnder;
 }
 
 void adjust(const Saving& saving, Civil day, double& hours) {
@@ -58,7 +58,7 @@ void append(Line& line, std::int32_t number) {
       static_cast<std::size_t>(std::to_chars(line.text + line.size, end, number).ptr - line.text);
 }
 
-// A whole number with at least two digits.
+// Appends a whole number with at least two digits.
 void appendTwoDigits(Line& line, double number) {
   if (number >= 0.0 && number < 100.0) {
     const int whole = static_cast<int>(number);
@@ -71,7 +71,7 @@ void appendTwoDigits(Line& line, double number) {
   line.size = static_cast<std::size_t>(result.ptr - line.text);
 }
 
-// The second rounding makes the minutes exact, although a double holds no sixtieth exactly.
+// Rounds to a minute. The second rounding is needed because most sixtieths are inexact.
 void appendTime(Line& line, double hours, std::string_view separator) {
   const double rounded = std::floor((hours * 60.0) + 0.5) / 60.0;
   const double whole = std::floor(rounded);
@@ -160,7 +160,7 @@ void TheSun(double t, double& ra, double& dec) {
   if (ra < 0.0) ra = ra + 24.0;
 }
 
-// Greenwich mean sidereal time of the IAU 1982 expression, less the longitude.
+// Greenwich mean sidereal time (IAU 1982) minus the west longitude.
 double LocalSiderialTime(Engine& engine, double mjd, double lambda) {
   engine.mjd0 = iPart(mjd);
   const double ut = (mjd - engine.mjd0) * 24.0;
@@ -200,8 +200,8 @@ void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, doubl
   const double dx = (0.5 * std::sqrt(dis)) / std::abs(a);
   z1 = xe - dx;
   z2 = xe + dx;
-  // Written as `!(x > 1)` so that NaN counts as inside: the roots are NaN if the three samples lie
-  // on a line.
+  // Written as `!(x > 1)` so that NaN counts as inside: one root is NaN if the samples lie on a
+  // sloping line.
   if (!(std::abs(z1) > 1.0)) ++nz;
   if (!(std::abs(z2) > 1.0)) ++nz;
   if (z1 < -1.0) z1 = z2;

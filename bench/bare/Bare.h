@@ -1,7 +1,7 @@
 // The application's arithmetic and text in plain functions: no window, no controls, no counted
-// objects, and no code of the application. Benchmarks compare the speed of the application with it.
-// Tests compare the results: equal bits prove that the framework around the arithmetic changes
-// none, not that the arithmetic is right.
+// objects, and no code of the application. Benchmarks compare its speed with the application's.
+// Tests compare the results: equal bits show that the framework does not change a result, not that
+// the arithmetic is right.
 //
 //   bare::Saving off{false, false, std::nullopt, std::nullopt};
 //   bare::status({47.5, -122.5, -8.0}, off, {2024, 6, 21});
@@ -38,7 +38,7 @@ struct Civil {
 struct Saving {
   bool on;
   bool downUnder;                   // saving time is outside the period
-  std::optional<Civil> start, end;  // in any order; nullopt: the text is no date
+  std::optional<Civil> start, end;  // in any order; nullopt: the field has no date
 };
 
 // The second Sunday of March and the first Sunday of November.
@@ -50,7 +50,7 @@ Civil nextDay(Civil day);
 
 // --- Sun ---------------------------------------------------------------------------------------
 
-// The state of a search: the whole Modified Julian Date of its day.
+// The state of a search: the Modified Julian Date of the searched day, a whole number.
 struct Engine {
   double mjd0;
 };
@@ -65,12 +65,12 @@ void TheSun(double t, double& ra, double& dec);
 // Hours, not normalised. lambda in degrees, west positive. Moves engine.mjd0 to the day of mjd.
 double LocalSiderialTime(Engine& engine, double mjd, double lambda);
 
-// hour: since the start of day engine.mjd0; may change engine.mjd0.
+// hour: hours since the start of day engine.mjd0. Moves engine.mjd0 like LocalSiderialTime.
 double SineAltitude(Engine& engine, double hour, double lambda, double cphi, double sphi);
 
 // The parabola through (-1, ym), (0, y0), (+1, yp). Sets the vertex (xe, ye), the roots z1 and z2,
-// and nz, the number of roots in [-1:+1]. If there is no real root, z1 and z2 are unchanged. If one
-// root is inside, it is z1.
+// and nz, the number of roots in [-1:+1]. If there are not two real roots, z1 and z2 are unchanged.
+// If one root is in the range, it is z1.
 void QuadParabola(double ym, double y0, double yp, double& xe, double& ye, double& z1, double& z2,
                   std::int32_t& nz);
 
@@ -90,8 +90,8 @@ std::string status(Place place, const Saving& saving, Civil day);
 // The sum of all times from January 2 to December 31, including each -1.0.
 double computeYear(Place place, const Saving& saving, std::int32_t year);
 
-// A buffer for one line. Appending needs no bounds check: the longest line has 26 characters plus
-// the digits of a double, at most 309.
+// A buffer for one line. Appending needs no bounds check: a line has at most 30 characters plus the
+// digits of the hour, which is a double: at most 309.
 struct Line {
   char text[400];
   std::size_t size;

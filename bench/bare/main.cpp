@@ -65,9 +65,9 @@ int main(int argc, char** argv) {
 
   const int file = ::open(argv[5], O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
   if (file < 0) return fail("veldrin-bare-calendar: cannot open the file\n", 1);
-  bool good = true;
+  bool isWritten = true;
   bare::writeYear(place, saving, year,
-                  [&](std::string_view line) { good = good && writeAll(file, line); });
-  good = ::close(file) == 0 && good;
-  return good ? 0 : fail("veldrin-bare-calendar: cannot write the file\n", 1);
+                  [&](std::string_view line) { isWritten = isWritten && writeAll(file, line); });
+  isWritten = ::close(file) == 0 && isWritten;
+  return isWritten ? 0 : fail("veldrin-bare-calendar: cannot write the file\n", 1);
 }

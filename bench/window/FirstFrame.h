@@ -1,4 +1,4 @@
-// Shared by both measured programs.
+// Shared by BareWindow.cpp and VeldrinWindow.cpp.
 #pragma once
 
 #include <unistd.h>
@@ -18,11 +18,11 @@ class FirstFrame final : public QObject {
  public:
   using Awaited = bool (*)(const QWidget& painted);
 
-  explicit FirstFrame(Awaited awaited) : awaited_(awaited) { qApp->installEventFilter(this); }
+  explicit FirstFrame(Awaited isAwaited) : isAwaited_(isAwaited) { qApp->installEventFilter(this); }
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto* const painted = qobject_cast<QWidget*>(watched);
-    if (event->type() == QEvent::Paint && painted != nullptr && awaited_(*painted)) {
+    if (event->type() == QEvent::Paint && painted != nullptr && isAwaited_(*painted)) {
       // Qt sends the frame after its last paint event and before the next queued event.
       QMetaObject::invokeMethod(this, &FirstFrame::end, Qt::QueuedConnection);
     }
@@ -37,9 +37,9 @@ class FirstFrame final : public QObject {
     while (status >> key && key != "VmRSS:") status.ignore(1000, '\n');
     status >> resident;
     std::printf("%ld\n", resident);
-    const bool printed = status && std::fflush(stdout) == 0;
-    ::_exit(printed ? EXIT_SUCCESS : EXIT_FAILURE);
+    const bool isPrinted = status && std::fflush(stdout) == 0;
+    ::_exit(isPrinted ? EXIT_SUCCESS : EXIT_FAILURE);
   }
 
-  Awaited awaited_;
+  Awaited isAwaited_;
 };

@@ -1,4 +1,4 @@
-// Starts Veldrin and ends at the first frame with the status text.
+// Starts Veldrin and exits after the first frame with the status text.
 
 #include <QLabel>
 

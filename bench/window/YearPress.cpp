@@ -42,7 +42,7 @@ void answer(const QString& path) {
   static_cast<QDialog&>(dialog).accept();
 }
 
-/// The time of one press, from the answer on.
+/// Presses the button. Returns the time from the answer to the end of the handler.
 Milliseconds press(QPushButton& button, const QString& path) {
   QTimer::singleShot(0, &button, [&path] { answer(path); });
   button.click();
