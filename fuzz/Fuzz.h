@@ -17,7 +17,7 @@
 
 namespace veldrin::fuzz {
 
-/// Unless the rule holds, prints it and aborts.
+/// Unless `holds`, prints the rule and aborts.
 inline void require(bool holds, std::string_view rule) {
   if (holds) return;
   static_cast<void>(std::fprintf(stderr, "Rule violated: %s\n", std::string(rule).c_str()));
@@ -52,7 +52,7 @@ class World {
   }
 };
 
-/// The destructor requires the same number of objects as at construction.
+/// The destructor requires that as many objects exist as at construction.
 class ObjectLeakGuard {
  public:
   ObjectLeakGuard() = default;

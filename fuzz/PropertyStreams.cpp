@@ -30,7 +30,7 @@ Ref<Object> newObject(ClassRecord* record) {
   return object;
 }
 
-/// Applying a valid stream equals applying its entries one by one.
+/// Checks that a valid stream sets the same values as its entries one by one.
 void checkEntries(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   if (contents.fault) return;

@@ -21,8 +21,8 @@
 #include "shell/values/Text.h"
 #include "tests/support/MemoryItem.h"
 
-// Random user actions in the window. After each action, the panel and the fields must agree with
-// the reference in bench/bare. So must each file that an action writes.
+// Input: random user actions in the window. After each action, the panel and the fields must agree
+// with the reference in bench/bare, and so must each written file.
 
 namespace veldrin::fuzz {
 namespace {
@@ -68,7 +68,7 @@ struct Model {
     std::ranges::replace(text, '\n', '\r');
     return withPlainNan(std::move(text));
   }
-  /// The calendar of a year, cut after `lines` lines.
+  /// The calendar of a year, complete or cut after some lines.
   struct Document {
     std::string text;
     bool isComplete;
@@ -175,10 +175,10 @@ class Session {
   }
 
   void tick() {
-    const bool ticked = input_.ConsumeBool();
-    const bool first = input_.ConsumeBool();
-    (first ? model_.on : model_.downUnder) = ticked;
-    (first ? window()->DaylightSavings() : window()->DownUnderFlag())->userTicked(ticked);
+    const bool isTicked = input_.ConsumeBool();
+    const bool isSavings = input_.ConsumeBool();
+    (isSavings ? model_.on : model_.downUnder) = isTicked;
+    (isSavings ? window()->DaylightSavings() : window()->DownUnderFlag())->userTicked(isTicked);
     model_.panel = model_.shownPanel();
   }
 
@@ -187,12 +187,12 @@ class Session {
     if (input_.ConsumeBool()) years->AddRow(String(anyText()));
     const auto row = input_.ConsumeIntegralInRange<std::int32_t>(-2, years->ListCount() + 1);
     const bool isRow = row >= 0 && row < years->ListCount();
-    const bool moved = (isRow ? row : -1) != years->ListIndex();
+    const bool hasMoved = (isRow ? row : -1) != years->ListIndex();
     years->userChose(row);
     require(years->ListIndex() == (isRow ? row : -1), "an invalid row selects none");
     require(years->Text() == (isRow ? years->List(row) : String()),
             "the text equals the selected row");
-    if (!moved) return;
+    if (!hasMoved) return;
     if (isRow) {
       const std::int32_t chosen = year();
       model_.start = shortDate(bare::firstBound(chosen));
@@ -206,44 +206,45 @@ class Session {
   }
 
   void stepDay() {
-    const bool back = input_.ConsumeBool();
-    model_.day = back ? dayBefore(model_.day) : bare::nextDay(model_.day);
-    (back ? window()->BackOneDay() : window()->ForwardOneDay())->userPressed();
+    const bool isBack = input_.ConsumeBool();
+    model_.day = isBack ? dayBefore(model_.day) : bare::nextDay(model_.day);
+    (isBack ? window()->BackOneDay() : window()->ForwardOneDay())->userPressed();
     model_.panel = model_.shownPanel();
   }
 
-  /// Presses the button. The dialog is cancelled, or the file cannot be created, is full after some
-  /// lines, or is complete.
+  /// Presses the year button. The dialog is cancelled, or the file cannot be created, is full after
+  /// some lines, or becomes complete.
   void press() {
     constexpr std::int32_t LastYear = 9999;
     if (presses_++ == 4 || year() < 1 || year() > LastYear) return;
     auto& toolkit = World::instance().toolkit;
     const std::size_t messages = toolkit.messages().size();
     const Ref<test::MemoryItem> item = New<test::MemoryItem>();
-    const bool cancelled = input_.ConsumeIntegralInRange(0, 9) == 0;
-    const bool created = input_.ConsumeIntegralInRange(0, 9) != 0;
-    item->errorOfCreate = created ? 0 : EACCES;
+    const bool isCancelled = input_.ConsumeIntegralInRange(0, 9) == 0;
+    const bool isCreated = input_.ConsumeIntegralInRange(0, 9) != 0;
+    item->errorOfCreate = isCreated ? 0 : EACCES;
     item->linesUntilFull =
         input_.ConsumeIntegralInRange(0, input_.ConsumeIntegralInRange(0, 7) == 0 ? 3000 : 40);
-    toolkit.saveAnswers.emplace_back(cancelled ? Ref<test::MemoryItem>() : item);
-    bool raised = false;
+    toolkit.saveAnswers.emplace_back(isCancelled ? Ref<test::MemoryItem>() : item);
+    bool hasRaised = false;
     try {
       window()->GenerateButton()->userPressed();
     } catch (const Raised& failure) {
-      raised = true;
+      hasRaised = true;
       require(RuntimeObjectIsa(failure.exception.get(), IOException::__Lookup()),
               "only IOException is raised");
     }
     require(toolkit.saveAnswers.empty(), "a press shows one save dialog");
-    const bool told = toolkit.messages().size() == messages + 1;
-    require(told == (!cancelled && !created) && (told || toolkit.messages().size() == messages),
+    const bool hasTold = toolkit.messages().size() == messages + 1;
+    require(hasTold == (!isCancelled && !isCreated) &&
+                (hasTold || toolkit.messages().size() == messages),
             "one message if the file cannot be created, else none");
-    require(!told || toolkit.messages().back() == "Cannot write to /memory/item.ics",
+    require(!hasTold || toolkit.messages().back() == "Cannot write to /memory/item.ics",
             "the message contains the path");
-    const bool written = !cancelled && created;
-    const Model::Document expected = model_.document(year(), written ? item->linesUntilFull : 0);
+    const bool isWritten = !isCancelled && isCreated;
+    const Model::Document expected = model_.document(year(), isWritten ? item->linesUntilFull : 0);
     requireSame(*item->content, expected.text, "the file equals the reference");
-    require(raised == (written && !expected.isComplete), "an incomplete file raises");
+    require(hasRaised == (isWritten && !expected.isComplete), "an incomplete file raises");
   }
 
   void command() {

@@ -14,7 +14,7 @@
 namespace veldrin::fuzz {
 namespace {
 
-/// The error message is one short line that ends in a full stop, even for a long input.
+/// Checks that an error message is one short line with a full stop, even for a long input.
 void checkMessage(const PlaceFault& fault) {
   constexpr std::size_t MaximumLength = 1000;
   const std::string_view message = fault.what();

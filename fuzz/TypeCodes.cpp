@@ -39,7 +39,7 @@ void checkGrammar(std::string_view text) {
   }
 }
 
-/// Looks up the text as a type code, and the types in it as a signature and as a parameter list.
+/// Looks up the text as a type code, and the types in it, read as a signature and as parameters.
 void checkTypes(const String& text) {
   const bool isCode = readTypeCode(text.view()).has_value();
   require(isCode || !Introspection::GetInfoFromTypeCode(text), "a malformed code has no type");
@@ -61,7 +61,7 @@ std::string lowered(std::string_view text) {
   return all;
 }
 
-/// Lookup finds exactly the classes and properties of that name.
+/// Checks that FindProperty and Lookup find what has that name; else Lookup finds the root.
 void checkNames(const String& name) {
   bool isClass = false;
   for (const ClassRecord* record = RuntimeGetClassList(); record != nullptr;

@@ -25,7 +25,7 @@ void checkRules(const ClockRules& rules, std::int64_t year) {
   }
 }
 
-/// Checks the rules of a year and the form's settings for them; false for an invalid file.
+/// Checks the rules of a year and the form's settings for them. Returns false for an invalid file.
 bool tryRules(const std::string& file, std::int64_t year) {
   const auto rules = zoneRules(file, year, year);
   if (!rules) return false;
@@ -38,7 +38,7 @@ bool tryRules(const std::string& file, std::int64_t year) {
   return true;
 }
 
-/// Stops after `MaximumZones` files, because the library never frees a zone.
+/// Ignores files after `MaximumZones` valid ones, because the library never frees a zone.
 void tryZone(const std::string& file) {
   constexpr int MaximumZones = 20'000;
   static int zones = 0;
