@@ -1,4 +1,4 @@
-# The tests that take seconds, with the label of their room and the label slow.
+# Tests that take seconds have the label slow beside the label of their room.
 set_tests_properties(AlmanacTest.EachDayOfTwoYearsHasSunEventsOrOneMark
   PROPERTIES LABELS "almanac;slow")
 set_tests_properties(ZoneRulesTest.EveryZoneGoesByTheCLibrary PROPERTIES LABELS "places;slow")

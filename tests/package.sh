@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# package.sh BUILD: makes the Debian package of a build with both programs, checks it, installs it in
-# an empty root, runs it there and removes it. Works in a temporary folder, without root.
+# package.sh BUILD: makes the Debian package of a build with both programs and checks it. Installs it
+# in an empty folder, runs veldrin-calendar there and removes the package. Needs no superuser.
 set -euo pipefail
 
 fail() {
@@ -28,7 +28,7 @@ package=$work/veldrin_${version}_$(dpkg --print-architecture).deb
 fields='${Package} ${Version} ${Section} ${Priority}'
 same "the fields" "$(dpkg-deb -W --showformat="$fields" "$package")" "veldrin $version science optional"
 for needed in libc6 libstdc++6 libqt6widgets6; do
-  dpkg-deb -f "$package" Depends | grep -qF "$needed (>= " || fail "it does not depend on $needed"
+  dpkg-deb -f "$package" Depends | grep -qF "$needed (>= " || fail "the package does not depend on $needed"
 done
 dpkg-deb -f "$package" Description | awk 'length > 80 { exit 1 }' || fail "the description is too wide"
 
@@ -50,8 +50,8 @@ same "the files" "$(dpkg-deb -c "$package" | awk '$1 !~ /^d/ { print $1, $2, $6 
 same "the modes of the folders" \
   "$(dpkg-deb -c "$package" | awk '/^d/ { print $1, $2 }' | sort -u)" "drwxr-xr-x root/root"
 
-# in_root OPTION...: runs dpkg on an empty root. It installs all files, even those that this computer
-# excludes.
+# in_root OPTION...: runs dpkg with $root as its root folder. It installs all files, even if dpkg's
+# settings on this computer exclude some.
 root=$work/root
 in_root() {
   dpkg --root="$root" --log="$work/dpkg.log" --force-not-root --force-depends --path-include='*' \
@@ -61,11 +61,11 @@ mkdir -p "$root/var/lib/dpkg/"{info,updates}
 touch "$root/var/lib/dpkg/status"
 in_root --install "$package"
 in_root --verify veldrin
-same "what the verification says" "$(cat "$work/log")" ""
+same "the output of dpkg --verify" "$(cat "$work/log")" ""
 
 same "the installed version" "$("$root/usr/bin/veldrin-calendar" --version | grep -o '[0-9.]*$')" "$version"
 "$root/usr/bin/veldrin-calendar" --year=2030 --output=- | grep -q '^END:VCALENDAR' ||
-  fail "the installed companion writes no calendar"
+  fail "the installed veldrin-calendar writes no calendar"
 for manual in "$root"/usr/share/man/man1/*.gz; do
   same "the complaints about $manual" "$(man --warnings --local-file "$manual" 2>&1 >/dev/null)" ""
 done
@@ -73,5 +73,5 @@ zcat "$root/usr/share/doc/veldrin/changelog.gz" >"$work/changelog"
 same "the change log's version" "$(dpkg-parsechangelog -l "$work/changelog" -S Version)" "$version"
 
 in_root --purge veldrin
-same "what is left" "$(find "$root" -path "$root/var/lib/dpkg" -prune -o ! -type d -print)" ""
-[ ! -e "$root/usr" ] || fail "empty folders are left: $(find "$root/usr")"
+same "the files after the removal" "$(find "$root" -path "$root/var/lib/dpkg" -prune -o ! -type d -print)" ""
+[ ! -e "$root/usr" ] || fail "folders after the removal: $(find "$root/usr")"

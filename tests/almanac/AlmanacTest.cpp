@@ -37,7 +37,7 @@ class AlmanacTest : public ValuesTest {
  protected:
   enum class Saving { None, North, South };
 
-  /// The clock of a standard zone in a year, with the default days of daylight saving.
+  /// The clock of a year with this UTC offset. Daylight saving has the default days.
   static ClockYear clockYear(std::int32_t year, double zone, Saving saving) {
     std::optional<civiltime::SavingDays> days;
     if (saving != Saving::None) {
@@ -73,12 +73,11 @@ class AlmanacTest : public ValuesTest {
   }
 };
 
-/// Whether a byte is inside a character of UTF-8.
 bool continuesCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
 }
 
-/// A sum of errors, in seconds.
+/// The mean and the maximum of absolute errors, in seconds.
 struct Errors {
   double sum = 0.0, most = 0.0;
   int count = 0;
@@ -91,8 +90,8 @@ struct Errors {
   [[nodiscard]] double mean() const { return sum / count; }
 };
 
-// Near the poles the Sun crosses the horizon at a small angle, so a small error of the altitude is
-// a large error of time.
+// Near the poles the Sun crosses the horizon at a small angle, so a small error of its altitude
+// causes a large error of time.
 TEST_F(AlmanacTest, TimesMatchAnEphemeris) {
   const auto sineBelow = [](double degrees) { return std::sin(-degrees * solar::Rads); };
   const std::array sines{solar::sineAtHorizon(solar::Rads), sineBelow(6.0), sineBelow(12.0),
@@ -168,7 +167,7 @@ TEST_F(AlmanacTest, KnownYearsHaveTheirNumberOfEvents) {
        "\r\nUID:sunset-20260509+40.7128-074.0060@veldrin\r\n"},
       {69.6492, 18.9553, 1.0, Saving::North, 2026, 614,
        "\r\nUID:sunset-20260727-2+69.6492+018.9553@veldrin\r\n"},
-      // The local day begins 25 hours before that of Universal Time.
+      // The local day begins 25 hours before the UTC day.
       {-10.0, 94.0, 24.0, Saving::South, 2030, 730,
        "-20300101-10.0000+094.0000@veldrin\r\nDTSTAMP:"
        "19700101T000000Z\r\nDTSTART:20291230T2326"},
@@ -251,7 +250,7 @@ TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
                                            : Saving::North;
     std::vector<Entry> events;
     double longitude = upTo(180.0);
-    // Here the Sun rises exactly at a full hour, where two parabolas meet.
+    // The Sun rises exactly at a full hour, where two parabolas of the search meet.
     if (count == 1)
       std::tie(year, latitude, longitude) = std::tuple(2014, 47.5, 160.53117360097065);
     for (const std::int32_t each : {year, year + 1}) {
@@ -263,7 +262,7 @@ TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
     SCOPED_TRACE(std::to_string(year) + " " + textOf(latitude) + " " + textOf(longitude) + " " +
                  textOf(zone));
 
-    std::map<std::string, std::pair<int, int>> marksAndEvents;  // of a local day
+    std::map<std::string, std::pair<int, int>> marksAndEvents;  // by local day
     std::string lastStart;
     std::string lastKind;
     std::string lastDay;
@@ -274,7 +273,7 @@ TEST_F(AlmanacTest, EachDayOfTwoYearsHasSunEventsOrOneMark) {
       if (event.start.size() == 8) {
         ++marks;
         ASSERT_EQ(event.start, event.day);
-        // The last event decides whether the Sun is up.
+        // After a sunrise the Sun stays up, after a sunset it stays down.
         if (!lastKind.empty()) {
           ASSERT_EQ(event.kind, lastKind == "sunrise" ? "no-sunset" : "no-sunrise") << event.day;
         }

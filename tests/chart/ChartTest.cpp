@@ -59,13 +59,13 @@ std::vector<std::vector<Point>> ringsOf(const std::string& data) {
 
 /// Whether a ray from the point to the right crosses a ring an odd number of times.
 bool isInside(const std::vector<Point>& ring, const Point& point) {
-  bool inside = false;
+  bool isOdd = false;
   for (std::size_t i = 0; i < ring.size(); ++i) {
     const Point& from = ring[i];
     const Point& to = ring[(i + 1) % ring.size()];
-    if ((from.y > point.y) != (to.y > point.y) && from.x > point.x) inside = !inside;
+    if ((from.y > point.y) != (to.y > point.y) && from.x > point.x) isOdd = !isOdd;
   }
-  return inside;
+  return isOdd;
 }
 
 /// The bands of a picture, read from its SVG text.
@@ -120,7 +120,7 @@ const std::vector<Case> Cases{
 
 class ChartTest : public ValuesTest {};
 
-/// The number of altitudes of the calendar below the Sun.
+/// The number of altitudes below the Sun: -18, -12, -6 degrees and the altitude of sunrise.
 std::size_t bandBySky(const Place& place, double moment) {
   const Sky sky(place.latitude, place.longitude);
   const double day = std::floor(moment / MinutesOfDay);
@@ -133,7 +133,7 @@ std::size_t bandBySky(const Place& place, double moment) {
   return band;
 }
 
-// Random minutes of random days, more of them in the months of clock changes.
+// Random minutes of random days, a third of them in March or October, the months of `European`.
 TEST_F(ChartTest, EachPointHasTheLightOfItsMoment) {
   std::mt19937 source(1);  // NOLINT: the same days in each run
   const auto random = [&](std::int64_t end) {
@@ -192,7 +192,7 @@ TEST_F(ChartTest, NamesAreEscapedAndNothingIsFetched) {
   }
 }
 
-// Freiburg: the times of printed almanacs, to two minutes.
+// Freiburg: within a day and two minutes of printed almanacs.
 TEST_F(ChartTest, ExtremesAgreeWithPrintedAlmanacs) {
   const auto& [place, year] = Cases.front();
   const std::int64_t first = dayNumber(2026, 1, 1);

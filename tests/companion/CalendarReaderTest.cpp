@@ -26,17 +26,17 @@ TEST_F(CalendarReaderTest, AReaderFindsTwoEventsADayAtTheTimesOfTheirSummaries) 
   for (auto* event = icalcomponent_get_first_component(calendar.get(), ICAL_VEVENT_COMPONENT);
        event != nullptr;
        event = icalcomponent_get_next_component(calendar.get(), ICAL_VEVENT_COMPONENT)) {
-    const bool rises = count++ % 2 == 0;
-    if (rises) day += days(1);
+    const bool isSunrise = count++ % 2 == 0;
+    if (isSunrise) day += days(1);
     const icaltimetype start = icalcomponent_get_dtstart(event);
     char expected[64];
-    std::snprintf(expected, sizeof expected, "%s at %02d:%02d", rises ? "Sunrise" : "Sunset",
+    std::snprintf(expected, sizeof expected, "%s at %02d:%02d", isSunrise ? "Sunrise" : "Sunset",
                   start.hour, start.minute);
     // The reader drops the leading blank.
     ASSERT_STREQ(icalcomponent_get_summary(event), expected);
     ASSERT_EQ(sys_days(year(start.year) / start.month / start.day), day) << expected;
     ASSERT_EQ(start.second, 0);
-    // A floating time.
+    // A local time without a time zone.
     ASSERT_TRUE(!start.is_date && !icaltime_is_utc(start) && start.zone == nullptr);
   }
   EXPECT_EQ(count, 730);

@@ -61,12 +61,12 @@ constexpr bool Sanitized = __has_feature(address_sanitizer);
 constexpr bool Sanitized = false;
 #endif
 
-/// Makes system calls of the program fail as VELDRIN_FAULT says. Leak detection is off, because it
-/// reports memory that the loader takes through the preloaded library.
+/// Makes the call in VELDRIN_FAULT fail. Leak detection is off, because it reports memory that the
+/// loader allocates through the preloaded library.
 const std::string Faults =
     "ASAN_OPTIONS=verify_asan_link_order=0:detect_leaks=0 LD_PRELOAD=" VELDRIN_FAULTS;
 
-/// A script that runs the program with a failing system call.
+/// A script that runs the program with this fault.
 std::string under(const std::string& fault) {
   return "VELDRIN_FAULT='" + fault + "' timeout 20 env " + Faults + " \"$@\"";
 }
@@ -127,7 +127,7 @@ TEST_F(CompanionTest, StatusPrintsTheDayInThreeLines) {
   const struct {
     std::string options, expected;
   } rows[] = {{"--no-dst --status=2024-06-21", "6/21/2024\nSunrise = 04:13\nSunset = 20:11\n"},
-              // The bounds are those of the year of the day; --year has no effect.
+              // The bounds are of the year of the date; --year has no effect.
               {"--status 6/21/2024 --year=2012", "6/21/2024\nSunrise = 05:13\nSunset = 21:11\n"},
               {"--status=2008-06-21 --year=2012", "6/21/2008\nSunrise = 05:13\nSunset = 21:11\n"},
               {"--status=12/21/24 --down-under", "12/21/2024\nSunrise = 08:55\nSunset = 17:21\n"},
@@ -179,10 +179,10 @@ TEST_F(CompanionTest, BadOptionsGiveOneSentenceAndNoFile) {
 }
 
 TEST_F(CompanionTest, AFailedFileIsReportedAndKeepsTheLinesBeforeTheFailure) {
-  // The reader of the pipe has gone before the program starts.
+  // The reader closes the pipe before the program starts.
   const char* const toNobody =
       "rm -f ../gone; mkfifo ../gone; : <../gone & exec 4>../gone; wait; \"$@\" >&4";
-  // The reader leaves while the program waits for it: the document is larger than the pipe.
+  // The reader closes the pipe while the program waits, because zeros fill the pipe.
   const char* const leaving =
       "{ head -c 65536 /dev/zero; \"$@\"; echo $? >../status; } | "
       "{ sleep 0.2; head -c 9 >../head; }; exit $(cat ../status)";
@@ -243,7 +243,7 @@ TEST_F(CompanionTest, AFailedSystemCallIsRetriedOrReported) {
               {"write", "0", writing + "Input/output error (IOException, error 5)"},
               {"write", "EIO", writing + "Input/output error (IOException, error 5)"},
               {"write", "ENOSPC", writing + "No space left on device (IOException, error 28)"},
-              // The end of a stream ignores errors of close.
+              // A stream ignores errors of close at its end.
               {"close", "EINTR", ""},
               {"close", "EIO", ""},
               {"close", "ENOSPC", ""},
@@ -269,8 +269,8 @@ TEST_F(CompanionTest, AFailedSystemCallIsRetriedOrReported) {
 }
 
 TEST_F(CompanionTest, MemoryThatRunsOutIsReportedAtAnyBlock) {
-  if (Sanitized) GTEST_SKIP() << "the sanitizer hands out the memory";
-  // Run n refuses allocation n and all later ones, for each allocation before the file is opened.
+  if (Sanitized) GTEST_SKIP() << "the sanitizer replaces malloc";
+  // Run n fails from allocation n on, for each allocation before the file is opened.
   const Outcome outcome = run(In2008, "LC_ALL=C",
                               R"(
       VELDRIN_FAULT='memory 0 x' env )" +
@@ -307,7 +307,7 @@ TEST_F(CompanionTest, ADocumentIsCompleteWithSlowReadersClosedStreamsAndASmallSt
     EXPECT_EQ(firstDifference(made("Veldrin.ics"), golden("default-2008.ics")), "");
     std::filesystem::remove(folder / "Veldrin.ics");
   }
-  // Descriptor 2 is open before the file is opened, so the file cannot become the error stream.
+  // The program opens descriptor 2 before the file, so the file cannot become the error stream.
   EXPECT_EQ(run(In2008 + "--output=/proc/self/fd/2", "", rows[1].script).status, 0);
 }
 
@@ -337,8 +337,8 @@ TEST_F(CompanionTest, AStandardCalendarReplacesTheOldOneCompletelyOrNotAtAll) {
   EXPECT_TRUE(readFile(root / "far/real.ics") == whole &&
               readFile(root / "far/later.ics") == whole);
 
-  // A full disk leaves the old calendar and no other file. A read-only file does, too. The
-  // superuser drops the privilege to write to it first.
+  // A failure leaves the old calendar and no other file. The superuser first drops the privilege to
+  // write to a read-only file.
   std::ofstream(folder / "old.ics") << "old";
   const Names before = files();
   const struct {
@@ -464,7 +464,7 @@ TEST_F(CompanionTest, SeveralYearsAreTheEventsOfEach) {
 
 TEST_F(CompanionTest, AGermanLocaleChangesTheDateFormAndNotTheCalendar) {
   const char* const folders = std::getenv("LOCPATH");
-  // newlocale of the C library leaks its list of LOCPATH.
+  // newlocale() leaks the list of folders that it makes from LOCPATH.
   const std::string german = "LC_ALL=de_DE.UTF-8 LSAN_OPTIONS=detect_leaks=0" +
                              (folders == nullptr ? "" : std::string(" LOCPATH=") + folders);
   EXPECT_EQ(firstDifference(run(In2008 + "--output=-", german).output, golden("default-2008.ics")),
@@ -496,7 +496,7 @@ TEST_F(CompanionTest, TheComputerGivesZoneAndYear) {
   EXPECT_THAT(run("--output=-", "TZ=UTC0").output, AnyOf(before, thisYearStarts()));
 }
 
-/// This also keeps the picture of the README up to date.
+/// The README shows this picture.
 TEST_F(CompanionTest, ThePictureOfFreiburgIsThatOfTheDocs) {
   run("--chart=a.svg --town=Freiburg --year=2026");
   EXPECT_TRUE(made("a.svg") == readFile(VELDRIN_TEST_DATA "/../../docs/freiburg-2026.svg"));
@@ -514,7 +514,7 @@ TEST_F(CompanionTest, HelpIsTheGoldenTextAndItsExamplesWork) {
       . ../examples)");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.errors, "");
-  EXPECT_EQ(linesOf(outcome.output), 5);  // a status, and two places of files
+  EXPECT_EQ(linesOf(outcome.output), 5);  // 3 of a status, and 2 that name a file
   EXPECT_GE(files().size(), 3U);
 }
 

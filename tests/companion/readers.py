@@ -1,4 +1,4 @@
-"""readers.py VELDRIN-CALENDAR: reads its documents with two readers of calendars and one of XML."""
+"""readers.py VELDRIN-CALENDAR: reads the program's output with two calendar readers and an XML reader."""
 import subprocess
 import sys
 from xml.etree import ElementTree

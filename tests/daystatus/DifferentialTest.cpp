@@ -14,9 +14,9 @@
 #include "tests/support/Documents.h"
 #include "tests/support/RuntimeTest.h"
 
-// bench/bare repeats the arithmetic step by step in plain functions. Equal bits prove that the
-// framework changes none: controls, strings, `Date`, the stream. They do not prove that the
-// arithmetic is right; AlmanacTest does, with tests/data/sky.txt.
+// bench/bare repeats the arithmetic in plain functions. Equal bits prove that controls, strings,
+// `Date` and the file stream change no result. AlmanacTest checks the arithmetic itself, with
+// tests/data/sky.txt.
 
 namespace veldrin::test {
 namespace {
@@ -25,11 +25,11 @@ std::uint64_t bits(double value) {
   return std::bit_cast<std::uint64_t>(value);
 }
 
-/// A bound as the user types it, and its day if it is a date.
+/// A bound as the user types it, and its day if the text is a date.
 struct Bound {
   std::string text;
   std::optional<bare::Civil> day;
-  bool isUsual;  // the default of the year; `text` is unused
+  bool isUsual;  // it is the default of the year, and `text` is unused
 };
 
 /// The inputs of the window and of the bare functions.
@@ -37,10 +37,10 @@ struct Inputs {
   bare::Place place;
   std::int32_t year;
   Bound start, end;
-  bool on;
-  bool downUnder;
+  bool isOn;
+  bool isDownUnder;
 
-  [[nodiscard]] bare::Saving saving() const { return {on, downUnder, start.day, end.day}; }
+  [[nodiscard]] bare::Saving saving() const { return {isOn, isDownUnder, start.day, end.day}; }
 };
 
 /// Random inputs with a fixed seed: any place and zone, and often the limits.
@@ -70,8 +70,8 @@ class Source {
     const double zone = number(oneIn(4) ? 30.0 : 14.0);
     const std::int32_t year = oneIn(4) ? whole(1, 9999) : whole(1850, 2150);
     const Bound start = bound(year, bare::firstBound(year));
-    const bool equal = !start.isUsual && oneIn(8);
-    const Bound end = equal ? start : bound(year, bare::lastBound(year));
+    const bool isEqual = !start.isUsual && oneIn(8);
+    const Bound end = isEqual ? start : bound(year, bare::lastBound(year));
     return {{latitude, longitude, zone}, year, start, end, !oneIn(4), oneIn(2)};
   }
 
@@ -101,8 +101,8 @@ class DifferentialTest : public WindowTest {
                        textOf(zone));
     if (!inputs.start.isUsual) type("DSTStart", inputs.start.text);
     if (!inputs.end.isUsual) type("DSTEnd", inputs.end.text);
-    person->tick("DaylightSavings", inputs.on);
-    person->tick("DownUnderFlag", inputs.downUnder);
+    person->tick("DaylightSavings", inputs.isOn);
+    person->tick("DownUnderFlag", inputs.isDownUnder);
   }
 
   /// The inputs in the window, for failure messages.
@@ -128,13 +128,13 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
   for (int count = 0; count < 20000; ++count) {
     const auto number = [this] { return source.number(2.0); };
     std::vector<std::pair<double, double>> pairs;
-    // Years around 0, the year of the Gregorian reform, and any other years and integers.
-    const bool any = source.oneIn(4);
+    // Years around 0, the year of the Gregorian reform, other years, and any integers.
+    const bool isAny = source.oneIn(4);
     const std::array years{source.whole(-2, 1), 1582, source.whole(-20000, 20000), Smallest,
                            source.whole(Smallest, Largest)};
     const std::int32_t year = years.at(static_cast<std::size_t>(source.whole(0, 4)));
-    const std::int32_t month = any ? source.whole(Smallest, Largest) : source.whole(-1, 14);
-    const std::int32_t day = any ? source.whole(Smallest, Largest) : source.whole(-1, 33);
+    const std::int32_t month = isAny ? source.whole(Smallest, Largest) : source.whole(-1, 14);
+    const std::int32_t day = isAny ? source.whole(Smallest, Largest) : source.whole(-1, 33);
     const double x = number();
     pairs.emplace_back(window()->ModifiedJulianDate(year, month, day, x),
                        bare::ModifiedJulianDate(year, month, day, x));
@@ -173,8 +173,8 @@ TEST_F(DifferentialTest, EachStepOfTheSearchGivesTheSameBits) {
     for (std::size_t at = 0; at < pairs.size(); ++at) {
       const auto [actual, expected] = pairs[at];
       ASSERT_TRUE(bits(actual) == bits(expected) || (actual != actual && expected != expected))
-          << "number " << at << " of " << testing::PrintToString(y) << ", " << hour << "h, "
-          << lambda << ": " << actual << ", not " << expected;
+          << "pair " << at << " of " << testing::PrintToString(y) << ", " << hour << "h, " << lambda
+          << ": " << actual << ", not " << expected;
     }
   }
 }

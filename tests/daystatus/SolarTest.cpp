@@ -16,7 +16,7 @@ TEST_F(SolarTest, TheSearchEndsAfterBothEvents) {
   const struct {
     double latitude, longitude, zone;
     std::int32_t month;
-    int passes;  // the last of 12 moves `mjd0` to the next day
+    int passes;  // the 12th moves `mjd0` to the next day
   } rows[] = {{47.5, -122.5, -8.0, 6, 7}, {-33.87, 151.21, 10.0, 12, 10}, {70.0, 0.0, 0.0, 6, 12}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.latitude);
@@ -80,7 +80,7 @@ TEST_F(CivilTimeTest, BoundsReplaceEditsAndChangeNothingElse) {
   EXPECT_EQ(touched, (std::vector<std::string>{"DSTStart", "DSTEnd"}));
   EXPECT_EQ(text(window()->DSTStart()->Text()), "3/9/2008");
   EXPECT_EQ(status(), before);
-  // For March 1 to 8 and November 1. A pass that finds its Sunday does not yield.
+  // One for each of March 1 to 8 and November 1. A pass that finds its Sunday does not yield.
   EXPECT_EQ(toolkit.backgroundTasks - yields, 9);
 }
 

@@ -1,13 +1,12 @@
-// A library to preload. It makes one call to the OS fail. The environment variable VELDRIN_FAULT
-// holds the call, its number and the failure, such as "write 3 ENOSPC". The failure is an error,
-// the number of bytes that a write writes, or "onwards" if all later calls fail too.
+// A library to preload. It makes one call to the C library fail. The environment variable
+// VELDRIN_FAULT holds the call, its number from 1, and the failure, such as "write 3 ENOSPC". The
+// failure is an error, the number of bytes that a write writes, or "onwards" if all later calls
+// fail too. These calls count:
 //
-//   open     creates a file
-//   write    to a descriptor above 2
-//   close    the same
-//   fsync    the same
-//   memory   a block of memory; with number 0 no call fails, and the number of blocks taken before
-//            a file is created is written to descriptor 9
+//   open                  that may create a file
+//   write, close, fsync   on a descriptor above 2; writev counts as a write
+//   memory                malloc; with number 0 none fails, and their number so far is written to
+//                         descriptor 9 at each counted open
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -42,7 +41,7 @@ Function next(const char* name) {
   return reinterpret_cast<Function>(::dlsym(RTLD_NEXT, name));
 }
 
-/// Counts a call, and returns whether it must fail. Counting starts at `main`.
+/// Counts the call if it is wanted. Returns whether it must fail. Counting starts at `main`.
 bool fails(std::string_view call) {
   if (!wanted.isRead || call != wanted.call.data()) return false;
   ++count;
@@ -63,7 +62,7 @@ int errorNumber() {
   return 0;
 }
 
-/// Writes, unless this write must fail or be short.
+/// Calls `write`, unless this call must fail or write fewer bytes.
 template <class Write>
 ssize_t faulty(int descriptor, const char* first, Write write) {
   if (!isFile(descriptor) || !fails("write")) return write();
@@ -76,7 +75,7 @@ ssize_t faulty(int descriptor, const char* first, Write write) {
 
 }  // namespace
 
-// The C++ names differ from those of the C library, whose declarations are visible here.
+// Own C++ names, because the headers above declare the names of the C library.
 extern "C" {
 int startMain(Main main, int argc, char** argv, void (*init)(), void (*fini)(), void (*rtldFini)(),
               void* stackEnd) __asm__("__libc_start_main");
@@ -92,13 +91,13 @@ void* mallocFaulty(std::size_t size) __asm__("malloc");
 int startMain(Main main, int argc, char** argv, void (*init)(), void (*fini)(), void (*rtldFini)(),
               void* stackEnd) {
   realMain = main;
-  const auto start = [](int words, char** text, char** settings) {
+  const auto start = [](int number, char** words, char** variables) {
     const char* const fault = std::getenv("VELDRIN_FAULT");
     if (fault != nullptr) {
       std::sscanf(fault, "%15s %d %15s", wanted.call.data(), &wanted.number, wanted.failure.data());
       wanted.isRead = true;
     }
-    return realMain(words, text, settings);
+    return realMain(number, words, variables);
   };
   static const auto original = next<decltype(&startMain)>("__libc_start_main");
   return original(start, argc, argv, init, fini, rtldFini, stackEnd);

@@ -31,7 +31,6 @@ std::int32_t errorOf(Call&& call) {
   return 0;
 }
 
-/// Gives each test its own folder.
 class OutputStreamTest : public RuntimeTest {
  protected:
   [[nodiscard]] Ref<FolderItem> item(const std::string& name) const {
@@ -53,7 +52,7 @@ TEST_F(OutputStreamTest, LinesEndWithTheDelimiter) {
   stream->WriteLine(String());
   stream->Write("no "_s);
   stream->Write("end"_s);
-  EXPECT_EQ(contentOf("lines.ics"), "BEGIN:VCALENDAR\r\n\r\nno end");  // no buffer
+  EXPECT_EQ(contentOf("lines.ics"), "BEGIN:VCALENDAR\r\n\r\nno end");  // without a buffer
   stream->Delimiter = ""_s;
   stream->WriteLine(String());
   stream->Delimiter = String(std::string_view("\0|", 2));
@@ -89,7 +88,7 @@ TEST_F(OutputStreamTest, WritesWaitForAFullNonblockingPipe) {
   std::string arrived;
   std::thread reader([&] {
     // Starts reading when the pipe is full.
-    for (pollfd room{ends[1], POLLOUT, 0}; ::poll(&room, 1, 0) == 1;) std::this_thread::yield();
+    for (pollfd writer{ends[1], POLLOUT, 0}; ::poll(&writer, 1, 0) == 1;) std::this_thread::yield();
     std::array<char, 4096> piece{};
     for (ssize_t count; (count = ::read(ends[0], piece.data(), piece.size())) > 0;) {
       arrived.append(piece.data(), static_cast<std::size_t>(count));
@@ -171,7 +170,7 @@ TEST_F(OutputStreamTest, ExistingFileIsEmptiedInPlace) {
 TEST_F(OutputStreamTest, APartlyWrittenLineRaisesTheErrorOfTheRest) {
   for (const std::size_t length : {5U, 5000U}) {
     const std::string line(length, 'x');
-    // The limit is in the text, between text and delimiter, in the delimiter, after it.
+    // The limit lies in the text, before the delimiter, in the delimiter, or after it.
     for (const std::size_t limit : {length - 2, length, length + 1, length + 2}) {
       const Ref<TextOutputStream> stream = TextOutputStream::Create(item("part.ics"));
       rlimit before{};
@@ -179,7 +178,7 @@ TEST_F(OutputStreamTest, APartlyWrittenLineRaisesTheErrorOfTheRest) {
       const rlimit small{limit, before.rlim_max};
       ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
       const std::int32_t error = errorOf([&] { stream->WriteLine(String(line)); });
-      // Restored before any report, which may go to a file.
+      // Restored before a check fails, because its report may be written to a file.
       ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
       EXPECT_EQ(error, limit < length + 2 ? EFBIG : 0) << limit;
       EXPECT_EQ(contentOf("part.ics"), (line + "\r\n").substr(0, limit));

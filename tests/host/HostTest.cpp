@@ -18,7 +18,7 @@ namespace {
 
 using enum ShortDateForm::Order;
 
-/// Sets an environment variable during its lifetime.
+/// Sets an environment variable, and restores it at destruction.
 class EnvironmentGuard {
  public:
   EnvironmentGuard(const char* name, const char* value) : name_(name) {
@@ -53,13 +53,13 @@ TEST(SystemHostTest, ConvertsMomentsToLocalTimeInEachZone) {
       {"Australia/Lord_Howe", 1712415600, {2024, 4, 7, 1, 30, 0}, 10.5, 11.0},
       {"Pacific/Apia", 1325239199, {2011, 12, 29, 23, 59, 59}, -10.0, -10.0},
       {"Pacific/Apia", 1325239200, {2011, 12, 31, 0, 0, 0}, 14.0, 14.0},
-      // A zone with 27 leap seconds. A leap second is shown as the second before it.
+      // The zone counts 27 leap seconds. A leap second is shown as the second before it.
       {"right/America/Los_Angeles", 1730624427, {2024, 11, 3, 1, 0, 0}, -8.0, -7.0},
       {"right/America/Los_Angeles", 1483228826, {2016, 12, 31, 15, 59, 59}, -8.0, -8.0},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.zone) + " at " + std::to_string(row.moment));
-    // On newer systems these zones are in a separate package.
+    // Newer releases have this zone in a separate package.
     if (row.zone == std::string_view("right/America/Los_Angeles") &&
         !std::filesystem::exists(std::string("/usr/share/zoneinfo/") + row.zone)) {
       continue;
@@ -104,7 +104,7 @@ TEST_F(LocaleTest, ReadsItsOwnDatesAndThoseOfTheLocale) {
   const struct {
     const char* locale;
     const char* text;
-    bool ownIsRead;  // whether %x is in plain numbers
+    bool isNumeric;  // whether the locale writes %x in plain numbers
   } rows[] = {
       {"en_US", "6/1/2024", true},   {"hi_IN", "1/6/2024", true},  {"bg_BG", "1.6.2024", true},
       {"sr_RS", "1.6.2024", true},   {"lv_LV", "2024.6.1", true},  {"sv_SE", "2024-6-1", true},
@@ -124,15 +124,15 @@ TEST_F(LocaleTest, ReadsItsOwnDatesAndThoseOfTheLocale) {
     const Ref<Date> date = New<Date>();
     date->Constructor(2024, 6, 1, 0, 0, 0);
     EXPECT_EQ(text(date->ShortDate()), row.text)
-        << "LOCPATH names the folder of the locales that localedef made";
+        << "make the locale with localedef, and set LOCPATH to its folder";
     EXPECT_EQ(readDate(row.text, host.form), Day);
-    if (!row.ownIsRead) continue;
-    std::array<char, 100> own{};
+    if (!row.isNumeric) continue;
+    std::array<char, 100> localeDate{};
     const locale_t locale = ::newlocale(LC_TIME_MASK, "", nullptr);
     ASSERT_NE(locale, nullptr);
-    ::strftime_l(own.data(), own.size(), "%x", &day, locale);
+    ::strftime_l(localeDate.data(), localeDate.size(), "%x", &day, locale);
     ::freelocale(locale);
-    EXPECT_EQ(readDate(own.data(), host.form), Day) << own.data();
+    EXPECT_EQ(readDate(localeDate.data(), host.form), Day) << localeDate.data();
   }
 }
 
@@ -156,7 +156,7 @@ TEST(SystemHostTest, FormatsDatesAndTimesByTheLocale) {
        "16:05|16:05:09"},
       {"en_US.UTF-8", Autumn, "Sunday, November 22, 2026|Sun, Nov 22, 2026",
        "04:05 PM|04:05:09 PM"},
-      // Its pattern has %p, but it has no texts for AM and PM.
+      // The pattern has %p, but the locale has no texts for AM and PM.
       {"ms_MY.UTF-8", Autumn, "Ahad, 22 November 2026|Ahd, 22 Nov 2026", "04:05|04:05:09"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.locale);

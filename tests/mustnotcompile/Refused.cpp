@@ -2,8 +2,8 @@
 
 namespace veldrin::test {
 
-// Each macro tested below is a case of tests/CMakeLists.txt. With one of them defined, this file
-// must not compile; without any, it compiles.
+// tests/CMakeLists.txt defines one of the macros below at a time; then this file must not compile.
+// Without a macro it compiles.
 
 struct Interface : DescribedInterface<Interface> {
   static constexpr FixedString FullName = "Interface";

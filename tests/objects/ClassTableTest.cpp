@@ -43,16 +43,16 @@ void addEvents(Lines& lines, const ClassRecord& record) {
   std::string declared = "events";
   for (std::size_t place = 0; place < record.eventRows.size(); ++place) {
     const EventRow& row = record.eventRows[place];
-    const bool own = place >= inherited.size();
-    if (own) declared += " " + text(row.name);
-    if (row.handler == (own ? nullptr : inherited[place].handler)) continue;
+    const bool isOwn = place >= inherited.size();
+    if (isOwn) declared += " " + text(row.name);
+    if (row.handler == (isOwn ? nullptr : inherited[place].handler)) continue;
     lines.push_back("handler " + text(row.name) + namesOf(record, std::span(&row.handler, 1)));
   }
   lines.push_back(declared);
 }
 
-/// Adds the methods of the class, each with its index among the slots that the class adds; "over"
-/// for a slot of its base, "-" for none.
+/// Adds the methods of the class, each with its index among the slots that the class adds. "over"
+/// means a slot of the base, "-" no slot.
 void addMethods(Lines& lines, const ClassRecord& record) {
   const std::size_t inherited =
       record.baseClass == nullptr ? 0 : record.baseClass->virtualTable.size();
@@ -118,7 +118,7 @@ TEST_F(ClassTableTest, TablesMatchTheFile) {
   }
 }
 
-/// After a change, compare the class with `veldrin-inspect class NAME` of the older program.
+/// After a failure, compare `veldrin-inspect class NAME` of the old and the new program.
 TEST_F(ClassTableTest, EachTableHasItsChecksumAndItsPlaceInTheOrderOfBuilding) {
   Lines sums;
   for (const ClassRecord* each = RuntimeGetClassList(); each != nullptr; each = each->nextClass) {
@@ -132,7 +132,6 @@ TEST_F(ClassTableTest, EachTableHasItsChecksumAndItsPlaceInTheOrderOfBuilding) {
   EXPECT_EQ(all, golden("tables.txt"));
 }
 
-/// `Both` overrides two operations by one method, and the third, an assigning one, by its own.
 class Root : public Described<Root, Object> {
  public:
   static constexpr FixedString FullName = "ClassTableTest.Root";
@@ -146,18 +145,19 @@ class Root : public Described<Root, Object> {
   void assign(std::int32_t /*value*/) {}
 };
 
+/// Overrides `f` and `g` by one method.
 class Both : public Described<Both, Root> {
  public:
   static constexpr FixedString FullName = "ClassTableTest.Both";
   static void fillTable(ClassTable<Both>& table) {
-    if (std::exchange(fails, false)) throw std::bad_alloc();
+    if (std::exchange(isFirstCall, false)) throw std::bad_alloc();
     table.overriding<&Both::both>("f"_s);
     table.overriding<&Both::both>("g"_s);
     table.overriding<&Both::assign>("assign"_s);
   }
   void both() {}
   void assign(std::int32_t /*value*/) {}
-  static inline bool fails = true;
+  static inline bool isFirstCall = true;
 };
 
 class Last final : public Described<Last, Both> {
@@ -168,8 +168,7 @@ class Last final : public Described<Last, Both> {
 };
 
 TEST_F(ClassTableTest, AnOverrideKeepsSlotAndFlags) {
-  // The first call to `Both::fillTable` throws. Then the list of classes must not contain the
-  // class.
+  // The first call to `Both::fillTable` throws, so the list of classes must not contain `Both`.
   const ClassRecord* const newest = RuntimeGetClassList();
   EXPECT_THROW(Last::__ctblinit(), std::bad_alloc);
   EXPECT_EQ(RuntimeGetClassList()->baseClass, nullptr);
@@ -202,7 +201,6 @@ TEST_F(ClassTableTest, ARedeclaredEventIsAnotherEventForDerivedClasses) {
   EXPECT_EQ(rows[1].handler, functionOf<&OtherQuit::answer>());
 }
 
-/// Overrides operations of the framework.
 class Overriding final : public Described<Overriding, Window> {
  public:
   static constexpr FixedString FullName = "ClassTableTest.Overriding";

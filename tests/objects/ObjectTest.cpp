@@ -18,7 +18,7 @@
 
 namespace veldrin::test {
 
-/// Not in the anonymous namespace, because a stack trace shows exported names only.
+/// Not in the anonymous namespace, because the stack of an exception names exported functions only.
 void raiseFromHere() {
   Raise<IOException>(28);
 }
@@ -38,7 +38,6 @@ class Ancestor : public Described<Ancestor, Object> {
   void __Exit() { hooks.emplace_back("Ancestor.__Exit"); }
 };
 
-/// Inherits the hooks.
 class Parent : public Described<Parent, Ancestor> {
  public:
   static constexpr FixedString FullName = "ObjectTest.Parent";
@@ -99,7 +98,7 @@ TEST_F(ObjectTest, ACastAddsACountOrRaises) {
   EXPECT_FALSE(RuntimeObjectIsa(nullptr, Parent::__Lookup()));
 }
 
-/// A non-control in a window.
+/// An object in a window that is not a control.
 class PaneItem final : public Described<PaneItem, Object> {
  public:
   static constexpr FixedString FullName = "ObjectTest.PaneItem";
@@ -115,7 +114,7 @@ TEST_F(ObjectTest, SwapSetsMeToTheControlAndSelfToItsWindow) {
   const Ref<Window> window = New<Window>();
   const Ref<PushButton> button = New<PushButton>();
   window->_AddControl("Button"_s, button);
-  const Ref<PushButton> alone = New<PushButton>();  // outlives its window
+  const Ref<PushButton> alone = New<PushButton>();  // `alone` outlives its window
   New<Window>()->_AddControl("Alone"_s, alone);
   EXPECT_TRUE(alone->Window());
   _WindowSupport.Windows.clear();
@@ -180,7 +179,7 @@ TEST_F(ObjectTest, ALongChainIsReleasedWithoutOverflow) {
   EXPECT_EQ(liveObjectCount(), objects);
 }
 
-/// Stores a reference to itself during its destruction; both hooks throw.
+/// Stores a reference to itself during its destruction. Both hooks throw.
 class Resurrecting final : public Described<Resurrecting, Object> {
  public:
   static constexpr FixedString FullName = "ObjectTest.Resurrecting";

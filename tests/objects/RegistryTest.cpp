@@ -32,7 +32,7 @@ class RegistryTest : public RuntimeTest {
     }
   }
 
-  /// Whether the rows begin with the inherited ones.
+  /// Whether the rows begin with the names of the inherited rows.
   template <class Rows>
   static bool startWith(const Rows& rows, const Rows& inherited) {
     return rows.size() >= inherited.size() &&
@@ -96,8 +96,8 @@ TEST_F(RegistryTest, NamesAndFieldsAreUnique) {
     for (const MethodRow& row : record.ownMethods()) {
       EXPECT_TRUE(methods.insert(text(row.name) + text(row.signature)).second) << text(row.name);
     }
-    // Inherited ones count too: a property stream can set only one of two with the same name.
-    // Private ones may repeat.
+    // Inherited properties count too: a property stream sets only one of two with the same name.
+    // Private names may repeat.
     std::set<std::pair<std::int32_t, Function>> fields;
     for (const PropertyRow& row : record.propertyRows) {
       if ((row.flags & Flags::Public) == 0) continue;
@@ -115,7 +115,7 @@ TEST_F(RegistryTest, NamesAndFieldsAreUnique) {
   });
 }
 
-/// The scope is the first attribute, and the flags agree with the attributes.
+/// Checks that the scope is the first attribute, and that the flags agree with the attributes.
 template <class Row>
 void expectAttributesAgree(const Row& row) {
   ASSERT_FALSE(row.attributes.empty());
@@ -124,7 +124,7 @@ void expectAttributesAgree(const Row& row) {
   EXPECT_EQ((row.flags & Flags::Shared) != 0, row.attributes.back().name.view() == "__Shared");
 }
 
-/// The code has a type, with the name in its brackets if there is one.
+/// Checks that the code has a type. If the code has a name in brackets, the type has this name.
 void expectType(std::string_view code) {
   Ref<Introspection::TypeInfo> type = Introspection::GetInfoFromTypeCode(String(code));
   ASSERT_TRUE(type) << code;
@@ -157,16 +157,16 @@ TEST_F(RegistryTest, EveryRowIsComplete) {
       EXPECT_EQ(row.setter != nullptr, (row.flags & Flags::Writable) != 0);
       EXPECT_EQ(row.setter != nullptr, row.reflectionSet != nullptr);
       EXPECT_TRUE(row.fieldOffset >= 0 && row.fieldOffset < record.instanceSize);
-      // A computed property has its accessors as methods too.
+      // The accessors of a computed property are methods, too.
       for (const auto& [ending, function] : {std::pair(".Get", row.getter), {".Set", row.setter}}) {
         const auto method = std::ranges::find(record.methodRows, row.name + String(ending),
                                               [](const MethodRow& each) { return each.name; });
         if (method != record.methodRows.end()) {
           EXPECT_EQ(method->function, function);
         }
-        const bool stored =
+        const bool isStored =
             row.fieldOffset != 0 || (row.flags & Flags::Shared) != 0 || function == nullptr;
-        EXPECT_TRUE(stored || method != record.methodRows.end());
+        EXPECT_TRUE(isStored || method != record.methodRows.end());
       }
     }
     for (const EventRow& row : record.eventRows) {

@@ -9,7 +9,6 @@
 namespace veldrin::test {
 namespace {
 
-/// 300 bytes; every seventh is zero.
 constexpr auto LongText = [] {
   FixedString<300> text;
   for (std::size_t index = 0; index < 300; ++index) {
@@ -18,7 +17,7 @@ constexpr auto LongText = [] {
   return text;
 }();
 
-/// The string has this text, in a well-formed text block.
+/// Checks the text, and the layout of the text block.
 void expectText(const String& string, std::string_view expected) {
   ASSERT_EQ(string.view(), expected);
   ASSERT_NE(string.record(), nullptr);

@@ -26,7 +26,7 @@ void forEachType(const Function& function) {
   std::apply([&](const auto&... types) { (function(types), ...); }, Numbers());
 }
 
-/// Limits of the types and neighbours of powers of two, exact in a long double of 64 bits.
+/// Limits of the types and neighbours of powers of two, all exact in a 64-bit significand.
 std::vector<long double> edges() {
   constexpr long double Infinity = std::numeric_limits<long double>::infinity();
   std::vector<long double> all = {0.0L, -0.0L,    0.5L,  0.1, -1.5L,        Infinity,     -Infinity,

@@ -50,8 +50,8 @@ TEST(ClockRulesTest, ApiaHadNoDecember30) {
   EXPECT_EQ(apia.momentOf(dayNumber(2011, 12, 30), 720.0), change + 720.0);
 }
 
-/// Each time of a day is inside its span. Its moment shows this time or, if the clock skips it, a
-/// later one.
+/// At the moment of a local time, the clock shows this time, and the moment is in the span of the
+/// day. If the clock skips the time, it shows a later one.
 TEST(ClockRulesTest, DaysAndMomentsAgree) {
   const struct {
     const char* zone;

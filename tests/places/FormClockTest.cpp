@@ -15,7 +15,7 @@ std::string text(const CivilDay& day) {
   return std::to_string(day.year) + '-' + std::to_string(day.month) + '-' + std::to_string(day.day);
 }
 
-/// "zone", "zone: first second" or "zone: first second down under"; the sentence of a refusal.
+/// "zone", "zone: first second" or "zone: first second down under", or the message of the fault.
 std::string formOf(const std::string& zone, std::int64_t year) {
   try {
     const Zone found = zoneNamed(ZoneFolder::ofMachine(), zone, year, year);

@@ -15,7 +15,7 @@
 namespace veldrin::test {
 namespace {
 
-/// The full name of the town, or the sentence that says why there is none.
+/// The full name of the town, or the message of the fault.
 std::string answerTo(std::string_view text) {
   try {
     return fullName(townNamed(text));
@@ -57,7 +57,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
       {"KØBENHAVN", "Copenhagen, Capital Region, DK"},
       {"Diyarbakır", "Diyarbakır, Diyarbakır, TR"},
       {"İSTANBUL", "Istanbul, Istanbul, TR"},
-      // A region or a country after the name.
+      // The name and a region or a country.
       {"Springfield, Illinois", "Springfield, Illinois, US"},
       {"springfield,IL,us", "Springfield, Illinois, US"},
       {"Cambridge, GB", "Cambridge, England, GB"},
@@ -72,7 +72,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
       {"Freiburg, CH", "Fribourg, Canton of Fribourg, CH"},
       {"San Sebastian, ES", "Donostia / San Sebastian, Basque Country, ES"},
       {"Frankfurt", "Frankfurt am Main, Hesse, DE"},
-      // Several towns.
+      // Several towns have the name.
       {"Paris", "Paris, Île-de-France Region, FR"},
       {"Athens", "Athens, Attica, GR"},
       {"Cambridge",
@@ -82,7 +82,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
        "\"Springfield, US\" may be one of these towns: Springfield, Missouri, US; Springfield, "
        "Massachusetts, US; Springfield, Illinois, US; Springfield, Oregon, US; Springfield, Ohio, "
        "US; and 3 more."},
-      // None.
+      // No town has the name.
       {"Munch",
        "No town is named \"Munch\"; similar names: Munich, Bavaria, DE; Pūnch, Jammu and "
        "Kashmir, IN; Much, North Rhine-Westphalia, DE."},
@@ -112,7 +112,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
 
 TEST(TownsTest, ATownHasItsCoordinatesAndThePresentNameOfItsZone) {
   EXPECT_EQ(townNamed("Kyiv").zone, "Europe/Kyiv");
-  EXPECT_EQ(townNamed("Pensacola").zone, "America/Chicago");  // its region has two zones
+  EXPECT_EQ(townNamed("Pensacola").zone, "America/Chicago");  // Florida has two zones
   const Town santiago = townNamed("Santiago, Chile");
   EXPECT_EQ(santiago.latitude, -33.4569);
   EXPECT_EQ(santiago.longitude, -70.6483);
@@ -132,7 +132,7 @@ TEST(TownsTest, TheListHasAllTownsOfANameLargestFirst) {
   EXPECT_EQ(list("Ho"), "Ho, Volta, GH\n");
   EXPECT_EQ(list("Ho Chi"), "Ho Chi Minh City, Ho Chi Minh City, VN\n");
   EXPECT_EQ(list("Freibu"), freiburg);
-  // The list has twins.
+  // Two towns have this full name.
   EXPECT_EQ(townsListed("Hayes, England, GB").size(), 2U);
   EXPECT_TRUE(townsListed("Atlantis on Sea").empty());
 }
@@ -152,7 +152,7 @@ TEST(TownsTest, TheTableIsSortedAndItsRowsAreWellFormed) {
   std::string before;
   std::size_t towns = 0;
   for (const TownRow& row : rowsOfTable()) {
-    // A key folds to itself, unless it is spelled like the name of its town.
+    // A key is folded, unless it is the name of the town itself.
     const std::string key = fold(row.key);
     EXPECT_TRUE(key == row.key || (row.key.data() == row.name.data() && row.isTown())) << row.key;
     EXPECT_LE(before, key);
@@ -175,12 +175,12 @@ TEST(TownsTest, TheTableIsSortedAndItsRowsAreWellFormed) {
   }
 }
 
-/// The UTF-8 of a code point from U+0080 on.
+/// A code point as UTF-8, from U+0080 on.
 std::string encoded(char32_t point) {
   const unsigned following = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
   std::string text(1, static_cast<char>((0xF0U << (3 - following)) | (point >> 6 * following)));
-  for (unsigned left = following; left-- > 0;) {
-    text += static_cast<char>(0x80U | ((point >> 6 * left) & 0x3FU));
+  for (unsigned byte = following; byte-- > 0;) {
+    text += static_cast<char>(0x80U | ((point >> 6 * byte) & 0x3FU));
   }
   return text;
 }

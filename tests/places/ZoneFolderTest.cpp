@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 
 const std::string NoName = "There is no time zone of that name.";
 
-/// Sets an environment variable during its lifetime.
+/// Sets an environment variable, and unsets it at destruction.
 class Variable {
  public:
   Variable(const char* name, const std::string& value) : name_(name) {
@@ -68,7 +68,7 @@ TEST(ZoneFolderTest, FindsNamesInTheSpellingOfUsers) {
       {"utc", "UTC"},
       {"etc/gmt+8", "Etc/GMT+8"},
       {"knox", "America/Indiana/Knox"},
-      // A zone with two names: the name with a town.
+      // Of two names of a zone, only the present one has a town.
       {"buenos aires", "America/Argentina/Buenos_Aires"},
       {"istanbul", "Europe/Istanbul"},
       {"Eastern", "Several time zones have that name: Canada/Eastern, US/Eastern."},

@@ -70,15 +70,15 @@ TEST_F(ActsOnDesktopTest, AShortcutChoosesItsMenuItem) {
   copy();
   EXPECT_EQ(chosen, 1);
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "before");
-  // The handler counts even without a selection to copy.
+  // The handler is called even without a selection to copy.
   field("Latitude").deselect();
   copy();
   EXPECT_EQ(chosen, 2);
-  // The shortcut of a disabled item does nothing.
   field("Latitude").selectAll();
   window()->_AddMenuHandler("EditCopy"_s, nullptr);
   copy();
   EXPECT_EQ(QGuiApplication::clipboard()->text(), "47.5");
+  // The shortcut of a disabled item does nothing.
   window()->EditSelectAll()->AutoEnable = false;
   field("Latitude").deselect();
   QTest::keyClick(&field("Latitude"), Qt::Key_A, Qt::ControlModifier);

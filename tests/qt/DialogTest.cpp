@@ -24,7 +24,6 @@ TEST(ReportTest, AFailureIsReportedOnStandardErrorAndByTheExitStatus) {
               {"fault click", 1, "veldrin: The form is damaged.\n"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.causeAndEnd);
-    // Without the messages of Qt.
     const Outcome run = runScript(
         "export QT_QPA_PLATFORM=offscreen LC_ALL=C QT_LOGGING_RULES='*=false'; "
         "exec '" VELDRIN_FAILING "' " +

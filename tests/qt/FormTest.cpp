@@ -42,7 +42,7 @@ TEST_F(FormOnDesktopTest, EveryTextFitsAtUsualFontSizes) {
   QApplication::setFont(before);
 }
 
-/// How a control differs from a plain text: alignment, font, colours, and kind of field.
+/// What differs from the defaults: alignment, font, colours, and kind of field.
 std::string look(std::string_view name) {
   const QWidget& shown = QtPerson::widget(name);
   const bool isField = qobject_cast<const QLineEdit*>(&shown) != nullptr;

@@ -62,9 +62,9 @@ void QtPerson::type(std::string_view field, std::string_view text) {
   QTest::keyClick(&edited, Qt::Key_Delete);
   const QString wanted = QString::fromStdString(std::string(text));
   constexpr std::size_t LongestTyped = 40;
-  const bool onTheKeyboard =
+  const bool isTypeable =
       std::ranges::all_of(text, [](char letter) { return letter >= ' ' && letter <= '~'; });
-  if (onTheKeyboard && text.size() <= LongestTyped) return QTest::keyClicks(&edited, wanted);
+  if (isTypeable && text.size() <= LongestTyped) return QTest::keyClicks(&edited, wanted);
   QApplication::clipboard()->setText(wanted);
   QTest::keyClick(&edited, Qt::Key_V, Qt::ControlModifier);
 }
@@ -133,8 +133,8 @@ QtPerson::Answer QtPerson::nextAnswer() {
   if (answers_.empty()) {
     return [](QDialog& unexpected) {
       const auto* const box = qobject_cast<QMessageBox*>(&unexpected);
-      const bool onlySays = box != nullptr && box->standardButtons() == QMessageBox::Ok;
-      EXPECT_TRUE(onlySays) << "an unexpected question";
+      const bool isMessage = box != nullptr && box->standardButtons() == QMessageBox::Ok;
+      EXPECT_TRUE(isMessage) << "an unexpected question";
       unexpected.reject();
     };
   }
@@ -145,12 +145,12 @@ QtPerson::Answer QtPerson::nextAnswer() {
 
 void QtPerson::attend() {
   auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-  if (dialog == nullptr || !dialog->isVisible() || scheduled_) return;
+  if (dialog == nullptr || !dialog->isVisible() || isScheduled_) return;
   if (std::ranges::find(attended_, dialog) != attended_.end()) return;
-  scheduled_ = true;
-  // After this call, since the answer may open another dialog.
+  isScheduled_ = true;
+  // Deferred, because the answer may open another dialog.
   QTimer::singleShot(0, dialog, [this, dialog, answer = nextAnswer()] {
-    scheduled_ = false;
+    isScheduled_ = false;
     attended_.push_back(dialog);
     answer(*dialog);
     attended_.pop_back();

@@ -20,7 +20,7 @@
 
 namespace veldrin::test {
 
-/// Uses the widgets with keys and mouse, on a platform without a screen.
+/// Uses the widgets with keys and mouse. Qt's platform "offscreen" needs no screen.
 class QtPerson final : public Person {
  public:
   using Answer = std::function<void(QDialog&)>;
@@ -38,8 +38,8 @@ class QtPerson final : public Person {
     return *window().findChild<Widget*>(QString::fromStdString(std::string(name)));
   }
 
-  /// Adds an answer; each dialog takes the next one. A dialog with a question and no answer left
-  /// fails the test.
+  /// Adds an answer; each dialog takes the next one. Without an answer left, a message is closed
+  /// and a question fails the test.
   void whenAsked(Answer answer) { answers_.push_back(std::move(answer)); }
 
   Toolkit& toolkit() override { return *theToolkit; }
@@ -63,8 +63,8 @@ class QtPerson final : public Person {
   Answer nextAnswer();
 
   std::deque<Answer> answers_;
-  bool scheduled_ = false;          ///< an answer is scheduled
-  std::vector<QDialog*> attended_;  ///< dialogs whose answers are running, nested
+  bool isScheduled_ = false;
+  std::vector<QDialog*> attended_;  ///< whose answers are running, the outermost first
   QTimer watch_;
 };
 

@@ -14,7 +14,6 @@ namespace {
 
 class SavingTest : public QtTest {
  protected:
-  /// Types the path into the save dialog and presses Return.
   static Answer saveAs(const std::string& path) {
     return [path](QDialog& dialog) {
       auto& name = *dialog.findChild<QLineEdit*>("fileNameEdit");
@@ -90,7 +89,7 @@ TEST_F(SavingTest, AMessageBoxFitsTheScreen) {
     EXPECT_EQ(box.findChild<QLabel*>("qt_msgbox_label")->accessibleName().toStdString(), told);
     sayOk(box);
   });
-  person->toolkit().quit();  // outside the loop: must not close the next box
+  person->toolkit().quit();  // outside the event loop it must not close the next box
   person->toolkit().messageBox(nullptr, String(told));
 }
 

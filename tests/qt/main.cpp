@@ -11,7 +11,7 @@ int main(int count, char** arguments) {
   qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   qputenv("LC_ALL", "de_DE.UTF-8");
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-  // Destroyed before the statics of Qt.
+  // Local, so that Qt's static objects are destroyed later.
   const auto names = veldrin::spokenNames();
   veldrin::QtToolkit toolkit(names);
   veldrin::test::QtPerson::theToolkit = &toolkit;

@@ -20,7 +20,7 @@ namespace {
 using namespace Introspection;
 using testing::ElementsAre;
 
-/// Has a property of each type that has a code; its name is the code.
+/// Has a property of most types, named by its type code.
 class Values final : public Described<Values, Object> {
  public:
   static constexpr FixedString FullName = "Invoke.Test.Values";
@@ -43,7 +43,6 @@ class Values final : public Described<Values, Object> {
     table.sharedProperty<std::int32_t, &Values::Computed, &Values::Computed>("computed"_s);
   }
 
-  /// Changes both references.
   String join(String& text, std::int32_t& number, const String& end) {
     ++calls;
     number += 1;
@@ -53,7 +52,7 @@ class Values final : public Described<Values, Object> {
   static std::int32_t twice(std::int32_t value) { return 2 * value; }
   /// Invokes itself by reflection.
   void again();
-  /// Releases the reference of the test and returns the number of the others.
+  /// Releases the test's reference and returns the number of the remaining ones.
   std::int32_t leave() {
     only = nullptr;
     return referenceCount();
@@ -297,7 +296,7 @@ TEST_F(InvokeTest, AConstructorCreatesAnObject) {
   EXPECT_EQ(view, window());
   EXPECT_TRUE(window()->isOpen());
 
-  // This class has a constructor without a row.
+  // This class has no row for a constructor.
   const Ref<Object> failure = constructor(IOException::__Lookup())->Invoke(arguments({}));
   EXPECT_EQ(failure->classRecord(), IOException::__Lookup());
 }

@@ -145,7 +145,7 @@ TEST_F(TypeInformationTest, CodesAreArraysClassesEnumerationsOrStructures) {
   EXPECT_FALSE(row->IsValueType() || typeOf("o<Date>")->IsValueType());
   EXPECT_EQ(text(units->Name()), "FontUnits");
   EXPECT_TRUE(RuntimeObjectIsa(typeOf("t<S>").get(), StructureInfo::__Lookup()));
-  // A registered name has its type after any letter.
+  // The name of a registered class is found after any letter.
   EXPECT_TRUE(typeOf("t<Date>")->IsClass());
 }
 
@@ -180,7 +180,7 @@ TEST_F(TypeInformationTest, AClassListsTheMembersThatAreNotHidden) {
   EXPECT_THAT(namesOf(node->GetMethods()), ElementsAre("step"));
   EXPECT_EQ(node->GetProperties()->elements[0]->PropertyType(), node);
 
-  // The only constructor is hidden, so the class has one without a row.
+  // The declared constructor is hidden, so the class has a nameless one.
   const Ref<Array<Ref<ConstructorInfo>>> constructors = node->GetConstructors();
   ASSERT_EQ(constructors->elements.size(), 1U);
   EXPECT_EQ(text(constructors->elements[0]->Name()), "");

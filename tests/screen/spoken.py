@@ -56,14 +56,14 @@ class Node:
             return
 
     def shown(self) -> Iterator["Node"]:
-        """It and all visible nodes inside it, except tables, which may still be filling."""
+        """It and all visible nodes inside it, except trees, which may still be filling."""
         yield self
         for part in self.parts():
             if part.is_("showing") and part.role != "tree":
                 yield from part.shown()
 
     def belongs_to(self, process: int) -> bool:
-        """Whether it belongs to the process with that number."""
+        """Whether it is in the process with that number."""
         try:
             return self._accessible.get_process_id() == process
         except GLib.GError:
@@ -87,7 +87,7 @@ class Listener:
         return next((each for each in self._desktop.parts() if each.belongs_to(process)), None)
 
     def listen(self) -> None:
-        """Starts to receive events. Do not read the tree before the first one."""
+        """Starts to receive events. Do not read the tree before the first event."""
         # An event that arrives during a request to the program can block Atspi.
         self._ear.register("object:property-change:accessible-name")
 
@@ -101,4 +101,4 @@ class Listener:
         try:
             self._heard.append((event.source.get_role_name(), event.source.get_name()))
         except GLib.GError:
-            pass  # already removed
+            pass  # the control is removed already

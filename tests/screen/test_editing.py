@@ -13,7 +13,7 @@ class EditingTest(ScreenTest):
         self.click("menu item", item)
 
     def open_by_keys(self, menu: str, item: str) -> None:
-        """Opens the menu with that letter; waits for the item."""
+        """Opens the menu by Alt and its letter, and waits for the item."""
         self.desktop.hold("alt", menu)
         self.find("menu item", item)
 

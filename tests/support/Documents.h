@@ -14,14 +14,14 @@
 
 namespace veldrin::test {
 
-/// The bytes of a file. Throws if it does not exist.
+/// The bytes of a file. Throws if it cannot be opened.
 inline std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) throw std::runtime_error("no file " + path);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// A file of tests/data.
+/// The bytes of a file in tests/data.
 inline std::string golden(const std::string& name) {
   return readFile(VELDRIN_TEST_DATA "/" + name);
 }
@@ -56,7 +56,7 @@ inline std::vector<std::string> daysOf(const std::string& document) {
   return days;
 }
 
-/// The document with these days, by the grammar of the format.
+/// The calendar document of these days, in the form of `daysOf`.
 inline std::string documentOf(const std::vector<std::string>& days) {
   std::string document =
       "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nX-WR-CALNAME;VALUE=TEXT:Sunrise and Sunset\r\n"
@@ -76,7 +76,7 @@ inline std::string documentOf(const std::vector<std::string>& days) {
   return document + "END:VCALENDAR\r\n";
 }
 
-/// The first line that differs, with its text in both documents; "" for equal documents.
+/// Describes the first line that differs, with its text in both documents; "" if they are equal.
 inline std::string firstDifference(std::string_view actual, std::string_view expected) {
   if (actual == expected) return "";
   const auto [end, other] =

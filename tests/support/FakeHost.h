@@ -6,10 +6,10 @@
 
 namespace veldrin::test {
 
-/// A host with a stopped clock, at any time and in any zone.
+/// A host whose time and zone a test sets. The clock does not run.
 class FakeHost final : public Host {
  public:
-  /// Seconds east of Greenwich at a moment of the clock (seconds since 1970-01-01 UTC).
+  /// The UTC offset in seconds at a moment, in seconds since 1970-01-01 UTC.
   using Zone = std::function<std::int64_t(std::int64_t)>;
 
   std::int64_t moment = 0;
@@ -39,12 +39,12 @@ class FakeHost final : public Host {
     return static_cast<double>(zone(at)) / 3600.0;
   }
   [[nodiscard]] double gmtOffset(const CivilMoment& local) const override {
-    // Exact except within hours of a change of the offset.
+    // Wrong at some times within hours of a change of the offset.
     const std::int64_t guess = secondsOf(local) - zone(secondsOf(local));
     return offsetAt(guess);
   }
   [[nodiscard]] ShortDateForm shortDateForm() const override { return form; }
-  /// The requested form as a number, and the day.
+  /// The number of the requested form, and the day: "0 of 21".
   [[nodiscard]] std::string text(DateText which, const CivilMoment& at) const override {
     return std::to_string(int(which)) + " of " + std::to_string(at.day);
   }

@@ -18,7 +18,7 @@ struct FormStream {
   std::string bytes;  ///< empty, except for one stream of each class
 };
 
-/// Reads tests/data/form.txt: the streams in creation order, the window's last.
+/// Reads tests/data/form.txt: the streams of the controls in creation order, then the window's.
 inline std::vector<FormStream> readForm() {
   std::vector<FormStream> streams;
   std::istringstream file(golden("form.txt"));

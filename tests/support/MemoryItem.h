@@ -30,17 +30,17 @@ class MemoryItem final : public Described<MemoryItem, FolderItem> {
  private:
   class File final : public WritableFile {
    public:
-    File(std::shared_ptr<std::string> content, int lines)
-        : content_(std::move(content)), lines_(lines) {}
+    File(std::shared_ptr<std::string> content, int linesUntilFull)
+        : content_(std::move(content)), linesUntilFull_(linesUntilFull) {}
     std::int32_t write(std::string_view text, std::string_view end) override {
-      if (lines_-- <= 0) return ENOSPC;
+      if (linesUntilFull_-- <= 0) return ENOSPC;
       content_->append(text).append(end);
       return 0;
     }
 
    private:
     std::shared_ptr<std::string> content_;
-    int lines_;
+    int linesUntilFull_;
   };
 };
 

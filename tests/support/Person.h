@@ -24,7 +24,7 @@ class Person {
   /// Activates the window.
   virtual void turnToWindow() = 0;
 
-  /// Runs the event loop until the job, which it runs first, returns.
+  /// Runs the job inside the event loop. The loop ends when the job ends.
   virtual void runLoop(const std::function<void()>& job) = 0;
 
   /// Replaces the text of the field. The focus stays in the field.
@@ -44,19 +44,19 @@ class Person {
   /// The text and place of a control: "Next @ 10 20 30 40". " hidden", " bold" and " off" (for
   /// disabled) follow if they apply.
   [[nodiscard]] virtual std::string looks(std::string_view control) = 0;
-  /// The text of a menu item, with " ticked" and " off" if they apply; "" without such an item.
+  /// The text of a menu item, with " ticked" and " off" if they apply; "" if there is none.
   [[nodiscard]] virtual std::string menuLooks(std::string_view item) = 0;
   [[nodiscard]] virtual std::string title() = 0;
 
   /// Formats the results of `looks` and `menuLooks`.
   static std::string described(const std::string& text, const std::array<int, 4>& place,
-                               bool visible, bool bold) {
+                               bool isVisible, bool isBold) {
     std::string all = text + " @";
     for (const int side : place) all += " " + std::to_string(side);
-    return all + (visible ? "" : " hidden") + (bold ? " bold" : "");
+    return all + (isVisible ? "" : " hidden") + (isBold ? " bold" : "");
   }
-  static std::string described(const std::string& text, bool enabled, bool ticked = false) {
-    return text + (ticked ? " ticked" : "") + (enabled ? "" : " off");
+  static std::string described(const std::string& text, bool isEnabled, bool isTicked = false) {
+    return text + (isTicked ? " ticked" : "") + (isEnabled ? "" : " off");
   }
 
  protected:

@@ -10,7 +10,7 @@
 
 namespace veldrin::test {
 
-/// Runs the whole process, with a job for its event loop.
+/// Runs the process from its start to its end. A job runs in its event loop.
 class ProcessTest : public PersonTest {
  protected:
   /// Returns the exit status. Checks that the run released all objects.

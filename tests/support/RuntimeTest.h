@@ -23,7 +23,7 @@
 
 namespace veldrin::test {
 
-/// A person, and a host at 2024-06-21 12:00 in daylight-saving time, 7 hours west of Greenwich.
+/// A person, and a host at 2024-06-21 12:00, daylight-saving time, UTC-7.
 class PersonTest : public testing::Test {
  protected:
   PersonTest() { host.setClock({2024, 6, 21, 12, 0, 0}, -7.0); }
@@ -33,14 +33,13 @@ class PersonTest : public testing::Test {
   WatchedToolkit toolkit{*person};
 };
 
-/// The same with a runtime.
+/// A `PersonTest` with a runtime.
 class RuntimeTest : public PersonTest {
  protected:
   Runtime runtime{host, toolkit};
 };
 
-/// The same with the window open, as at the start of the event loop. The end of a test releases all
-/// objects.
+/// A `RuntimeTest` with an open window, as at the start of the event loop.
 class WindowTest : public RuntimeTest {
  protected:
   void SetUp() override {
@@ -51,7 +50,7 @@ class WindowTest : public RuntimeTest {
 
   static Ref<Veldrin> window() { return implicit::Veldrin(); }
 
-  /// Opens a new window at the host's present time.
+  /// Replaces the window by a new one, which reads the host's present time.
   void reopen() {
     _WindowSupport.Windows.clear();
     static_cast<void>(window());
@@ -80,7 +79,7 @@ class WindowTest : public RuntimeTest {
 
   [[nodiscard]] std::string status() const { return person->shown("Status"); }
 
-  /// The calendar that a press of the button writes.
+  /// Presses `GenerateButton` and returns the calendar.
   std::string generate() {
     const Ref<MemoryItem> item = New<MemoryItem>();
     toolkit.saveAnswers.emplace_back(item);
@@ -89,7 +88,7 @@ class WindowTest : public RuntimeTest {
   }
 };
 
-/// The same with all classes built and none described. Checks that a test releases all objects.
+/// A `WindowTest` with all classes built and none described. Checks that all objects are released.
 class ReflectionTest : public WindowTest {
  protected:
   void SetUp() override {
@@ -108,14 +107,13 @@ class ReflectionTest : public WindowTest {
   std::int64_t before_ = 0;
 };
 
-/// The classes of the form's controls.
 inline std::vector<ClassRecord*> controlClasses() {
   return {Placard::__Lookup(),   StaticText::__Lookup(), PushButton::__Lookup(),
           PopupMenu::__Lookup(), TextField::__Lookup(),  CheckBox::__Lookup()};
 }
 
-/// Binds a handler to an event of a class during its lifetime. A control with its own handler does
-/// not call that of its class.
+/// Replaces the handler of an event in a class, and restores it at destruction. A control with its
+/// own handler calls only its own.
 class BoundEvent {
  public:
   template <class Handler>
@@ -133,7 +131,7 @@ class BoundEvent {
   Function before_;
 };
 
-/// Limits the stack of the process to a megabyte during its lifetime.
+/// While it exists, the stack of the process is limited to 1 MiB.
 class SmallStack {
  public:
   SmallStack() {
@@ -153,7 +151,7 @@ class SmallStack {
   rlimit before_{};
 };
 
-/// Reads and writes a property by name, through the class table.
+/// Read and write a property by name, through the class table.
 inline Variant valueOf(const Ref<Object>& object, std::string_view key) {
   const PropertyRow* const row = FindProperty(*object->classRecord(), key);
   if (row == nullptr) return {};

@@ -13,14 +13,14 @@
 
 namespace veldrin::test {
 
-/// An integer of a stream, big-endian.
+/// The bytes of an integer in a property stream, big-endian.
 inline std::string streamInteger(std::uint32_t value) {
   std::string bytes;
   for (const int shift : {24, 16, 8, 0}) bytes += static_cast<char>(value >> shift & 0xFFU);
   return bytes;
 }
 
-/// An entry of a stream.
+/// The bytes of an entry in a property stream.
 inline std::string entry(std::string_view key, const Variant& value) {
   std::string bytes = std::string(key) + ' ';
   if (const auto* number = std::get_if<std::int32_t>(&value.storage())) {
@@ -38,7 +38,7 @@ inline std::string entry(std::string_view key, const Variant& value) {
   return bytes;
 }
 
-/// Applies the stream to the object. Returns the message of the fault, "" for none.
+/// Applies the stream to the object. Returns the message of the fault, "" if there is none.
 inline std::string faultOf(const Ref<Object>& object, const std::string& stream) {
   try {
     _SetProperties(object, String(stream));
@@ -58,9 +58,9 @@ inline std::vector<Variant> valuesOf(const Ref<Object>& object) {
   return all;
 }
 
-/// Parses any bytes as a stream. Returns the broken rule, "" for none. The rules: the parsed
-/// entries are the beginning of the bytes; a fault follows them and names the key there; a stream
-/// with a fault is not applied.
+/// Parses and applies any bytes as a property stream. Returns a broken rule, or "". The rules: the
+/// stream begins with the bytes of the parsed entries; a fault lies after them and names the key
+/// there; a stream with a fault changes no property.
 inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   const StreamContents contents = readPropertyStream(*record, stream);
   std::string read;
@@ -73,18 +73,20 @@ inline std::string unsoundness(ClassRecord* record, const std::string& stream) {
   const std::string sentence = faultOf(object, stream);
   // Keys are not case-sensitive, so the whole stream is compared without case.
   const auto lower = [](unsigned char letter) { return std::tolower(letter); };
-  const bool same = std::ranges::equal(read, stream.substr(0, read.size()), {}, lower, lower);
-  if (!same) return "the entries are others";
-  if (contents.fault.has_value() == (read.size() == stream.size())) return "a fault or none";
-  if (contents.fault.has_value() == sentence.empty()) return "a sentence or none";
+  const bool isSame = std::ranges::equal(read, stream.substr(0, read.size()), {}, lower, lower);
+  if (!isSame) return "the stream does not begin with the entries";
+  if (contents.fault.has_value() == (read.size() == stream.size()))
+    return "a fault after the last byte, or unread bytes without a fault";
+  if (contents.fault.has_value() == sentence.empty())
+    return "a message without a fault, or a fault without a message";
   if (!contents.fault) return "";
   const auto& [key, offset, what] = *contents.fault;
-  if (offset < read.size() || offset > stream.size()) return "a fault outside of its entry";
+  if (offset < read.size() || offset > stream.size()) return "the offset " + std::to_string(offset);
   const std::string rest = stream.substr(read.size());
   std::string shown(rest.substr(0, std::min<std::size_t>(rest.find(' '), 40)));
   for (char& letter : shown) letter = letter > ' ' && letter <= '~' ? letter : '?';
   if (key != shown) return "the key " + key;
-  if (valuesOf(object) != before) return "applied in part";
+  if (valuesOf(object) != before) return "a stream with a fault changes properties";
   return sentence.starts_with("The form of " + std::string(record->name.view()) +
                               " is damaged at byte " + std::to_string(offset) + ", key \"" + key)
              ? ""

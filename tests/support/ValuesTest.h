@@ -16,7 +16,7 @@ namespace veldrin::test {
 inline constexpr std::int32_t Smallest = std::numeric_limits<std::int32_t>::min();
 inline constexpr std::int32_t Largest = std::numeric_limits<std::int32_t>::max();
 
-/// A host in force at 2024-06-21 12:00 in daylight-saving time, 7 hours west of Greenwich.
+/// Puts a host in force, at 2024-06-21 12:00, daylight-saving time, UTC-7.
 class ValuesTest : public testing::Test {
  protected:
   ValuesTest() { host.setClock({2024, 6, 21, 12, 0, 0}, -7.0); }
@@ -25,7 +25,7 @@ class ValuesTest : public testing::Test {
   const InForce<Host> hostInForce{host};
 };
 
-/// A day at the host's present time of day.
+/// A date with this day and the host's time of day.
 inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) {
   Ref<Date> date = New<Date>();
   date->Year(year);
@@ -34,7 +34,7 @@ inline Ref<Date> dayOf(std::int32_t year, std::int32_t month, std::int32_t day) 
   return date;
 }
 
-/// Runs the call. Returns the full class name of the exception that it raises, "" for none.
+/// Runs the call. Returns the full class name of the exception that it raises, or "".
 template <class Call>
 std::string raisedBy(Call&& call) {
   try {

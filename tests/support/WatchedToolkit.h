@@ -14,7 +14,7 @@
 
 namespace veldrin::test {
 
-/// Records all calls and passes them on to the toolkit of a person.
+/// Records calls and passes them on to the toolkit of a person.
 class WatchedToolkit final : public Toolkit {
  public:
   /// A reported exception.
@@ -28,11 +28,11 @@ class WatchedToolkit final : public Toolkit {
 
   /// Runs inside the event loop.
   std::function<void()> job;
-  /// The answers of the next save dialogs, nil for cancelled. An answered dialog is not shown.
+  /// The results of the next save dialogs; nil for a cancelled one. These dialogs are not shown.
   std::deque<Ref<FolderItem>> saveAnswers;
-  /// Called for every change of a control by the program, if set.
+  /// If set, called when the program changes a control.
   std::function<void(Control&)> onControlChanged;
-  /// Called at every yield, if set.
+  /// If set, called at every yield.
   std::function<void()> onBackgroundTask;
   /// Whether the desktop has a global menu bar.
   bool ownMenuBar = false;
@@ -43,7 +43,6 @@ class WatchedToolkit final : public Toolkit {
   std::vector<Report> reports;
   /// The number of yields.
   std::int64_t backgroundTasks = 0;
-  /// The numbers of calls of `menusChanged` and `windowChanged`.
   int menuChanges = 0;
   int windowChanges = 0;
   /// The calls of `windowOpened`, `windowClosed` and `quit`, in order.

@@ -94,7 +94,7 @@ TEST_F(PropertyStreamTest, EntriesAreAppliedInOrderWithKeysInAnyCase) {
   EXPECT_EQ(raisedBy([&] { static_cast<void>(chooser->List(4)); }), "OutOfBoundsException");
   chooser->ListIndex(4);
   EXPECT_EQ(chooser->ListIndex(), -1);
-  // In the other order the row does not exist yet, and new rows are not selected.
+  // A "ListIndex" before its rows exist selects none, and new rows are not selected.
   _SetProperties(chooser, String(entry("ListIndex", 7) + entry("InitialValue", "a\r"_s)));
   EXPECT_EQ(chooser->ListCount(), 1);
   EXPECT_EQ(chooser->ListIndex(), -1);

@@ -53,7 +53,7 @@ TEST_F(DateTest, AStepOfADayIsTheNextOrThePreviousDay) {
   using std::chrono::days, std::chrono::sys_days, std::chrono::year;
   constexpr sys_days First = year(-400) / 1 / 1;
   constexpr sys_days Last = year(2500) / 12 / 31;
-  // The host's clocks change at every noon.
+  // The UTC offset changes at every noon.
   host.zone = [](std::int64_t at) { return (at + 43200) / 86400 % 2 * 3600; };
   const Ref<Date> date = dateOf({-400, 1, 1, 23, 59, 58});
   for (sys_days day = First; day <= Last; day += days(1)) {
@@ -88,8 +88,8 @@ TEST_F(DateTest, FieldOutOfItsRangeCarriesOver) {
     std::int32_t value;
     Fields after;
   } rows[] = {
-      {"February of 31 days", {2008, 1, 31, 1, 2, 3}, Month, 2, {2008, 3, 2, 1, 2, 3}},
-      {"leap day of a common year", {2008, 2, 29, 1, 2, 3}, Year, 2009, {2009, 3, 1, 1, 2, 3}},
+      {"February 31", {2008, 1, 31, 1, 2, 3}, Month, 2, {2008, 3, 2, 1, 2, 3}},
+      {"February 29 of a common year", {2008, 2, 29, 1, 2, 3}, Year, 2009, {2009, 3, 1, 1, 2, 3}},
       {"month 13", {2008, 3, 9, 1, 2, 3}, Month, 13, {2009, 1, 9, 1, 2, 3}},
       {"minute 1440", {2008, 12, 31, 1, 2, 3}, &Date::Minute, 1440, {2009, 1, 1, 1, 0, 3}},
       {"hour -1", {2008, 3, 1, 1, 2, 3}, &Date::Hour, -1, {2008, 2, 29, 23, 2, 3}},
@@ -164,7 +164,7 @@ TEST_F(DateTest, ComparesMomentsAndNeverEqualsNil) {
 }
 
 TEST_F(DateTest, OffsetIsThatOfTheInstantUntilAFieldIsWritten) {
-  constexpr std::int64_t ClocksGoBack = 1730624400;  // 2024-11-03 09:00 UTC, 02:00 by the clocks
+  constexpr std::int64_t ClocksGoBack = 1730624400;  // 2024-11-03 09:00 UTC, from 02:00 to 01:00
   host.zone = [](std::int64_t at) { return (at >= ClocksGoBack ? -8 : -7) * std::int64_t{3600}; };
   const struct {
     std::int64_t moment;

@@ -11,7 +11,7 @@ namespace {
 using enum ShortDateForm::Order;
 using ParseDateTest = ValuesTest;
 
-/// The day that `readDate` finds, as in "2008-3-9", or "none".
+/// The day that `readDate` finds, such as "2008-3-9", or "none".
 std::string dayIn(std::string_view text, ShortDateForm::Order order) {
   const auto day = readDate(text, {order, '/'});
   if (!day) return "none";

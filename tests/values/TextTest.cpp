@@ -19,7 +19,7 @@ class TextTest : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
     ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr)
-        << GetParam() << " is missing; LOCPATH names the folder of a locale that localedef made";
+        << GetParam() << " is missing: make it with localedef, and set LOCPATH to its folder";
   }
   void TearDown() override { std::setlocale(LC_ALL, "C"); }
 };

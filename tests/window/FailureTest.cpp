@@ -73,7 +73,7 @@ TEST_F(FailureTest, AStopSignalClosesTheWindowAndEndsAYearRun) {
        {std::pair(SIGTERM, "/memory/item.ics is incomplete: stopped by SIGTERM"),
         {SIGINT, "/memory/item.ics is incomplete: stopped by SIGINT"},
         {SIGHUP, "/memory/item.ics is incomplete: stopped by SIGHUP"}}) {
-    std::signal(signal, SIG_DFL);  // the parent process may ignore it
+    std::signal(signal, SIG_DFL);  // the parent process may have ignored the signal
     for (const auto& row : rows) {
       SCOPED_TRACE(std::string(sentence) + " " + row.when);
       closed = 0;
@@ -103,7 +103,7 @@ TEST_F(FailureTest, AStopSignalClosesTheWindowAndEndsAYearRun) {
     EXPECT_EQ(raisedBy([] { raiseStop(); }), "EndException");
     EXPECT_FALSE(isStopPending());
   }
-  // A refused signal is forgotten.
+  // If "CancelClose" refuses, the signal has no effect.
   const BoundEvent refuses(App::__Lookup(), "CancelClose"_s, [](Object*) { return true; });
   EXPECT_EQ(run([] { std::raise(SIGTERM); }), 0);
 }
@@ -144,7 +144,7 @@ TEST_F(FailureTest, AnExceptionOfAHandlerIsReportedOnceAndEndsTheRun) {
     const std::size_t reportsBefore = toolkit.reports.size();
     testing::internal::CaptureStderr();
     EXPECT_EQ(run([&] {
-                person->press("ForwardOneDay");  // so that no later step leaves a field
+                person->press("ForwardOneDay");  // takes the focus from the field
                 window()->_AddMenuHandler(
                     "FileQuit"_s, RuntimeCreateDelegate(
                                       &Delegate::Invoke, [] {}, window(), DelegateSignature));
@@ -156,7 +156,7 @@ TEST_F(FailureTest, AnExceptionOfAHandlerIsReportedOnceAndEndsTheRun) {
                 row.event();
               }),
               1);
-    // The calls are printed for a fault of the program. A full disk is not one.
+    // The calls are printed only for a fault of the program, and a full disk is not one.
     const std::string told = testing::internal::GetCapturedStderr();
     EXPECT_EQ(told.find("  called from ") == std::string::npos, row.exception == "IOException");
     ASSERT_EQ(toolkit.reports.size(), reportsBefore + 1);
@@ -179,7 +179,6 @@ TEST_F(FailureTest, AFailureAtTheStartIsReportedAndFinalized) {
   const auto loop = [] { FAIL() << "the event loop was entered"; };
   initializeClasses();
   {
-    // The opening fails half way.
     const BoundEvent bound(TextField::__Lookup(), "Open"_s,
                            [](Object*) { Raise<OutOfBoundsException>(7); });
     EXPECT_EQ(run(loop, parts), 1);
@@ -189,7 +188,6 @@ TEST_F(FailureTest, AFailureAtTheStartIsReportedAndFinalized) {
   EXPECT_EQ(toolkit.reports[0].errorNumber, 7);
   EXPECT_THAT(toolkit.steps, IsEmpty());
 
-  // Other exceptions of a step are reported, too.
   const struct {
     void (*step)();
     std::string_view exception, sentence;

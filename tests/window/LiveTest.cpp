@@ -47,7 +47,7 @@ TEST_F(LiveTest, APropertySetThroughTheTableIsShown) {
     const Ref<Object> control = RuntimeWindowControlByName(*window(), String(row.control));
     const int before = changes;
     setValue(control, row.property, row.value);
-    setValue(control, row.property, row.value);  // no change, no call
+    setValue(control, row.property, row.value);  // the same value: no call
     EXPECT_EQ(changes, before + 1);
     EXPECT_EQ(person->looks(row.control), row.looks);
   }
@@ -119,7 +119,7 @@ TEST_F(LiveTest, MenusFollowTheirItems) {
   EXPECT_EQ(raisedBy([&] { menu->Append(nullptr); }), "NilObjectException");
   EXPECT_EQ(raisedBy([&] { menu->Append(view->FileMenu()); }), "RuntimeException");
   other->Append(menu);
-  EXPECT_EQ(toolkit.menuChanges, changes);  // that bar is not shown yet
+  EXPECT_EQ(toolkit.menuChanges, changes);  // the window does not show `other` yet
   view->MenuBar(other);
   EXPECT_EQ(person->menuLooks("Deep"), "");
   EXPECT_EQ(person->menuLooks("Deepest"), "Deepest");
@@ -151,7 +151,7 @@ TEST_F(LiveTest, DisabledControlsIgnoreTheUser) {
   EXPECT_NE(status(), before);
 }
 
-/// Records which receivers were offered a menu item, and which one handles it.
+/// The receivers that a command was offered to, in order. The receiver `taker` handles it.
 std::string asked;
 std::string_view taker;
 
@@ -175,7 +175,7 @@ TEST_F(CommandTest, ACommandIsOfferedToReceiversInOrder) {
   _RuntimeRegisterAppObject(New<AskedApplication>());
   const struct {
     std::string_view taker, asked;
-    bool bound, quits;
+    bool hasHandler, isClosed;
   } rows[] = {{"window", "window ", true, false},
               {"application", "window application ", true, false},
               {"", "window application handler ", true, false},
@@ -188,7 +188,7 @@ TEST_F(CommandTest, ACommandIsOfferedToReceiversInOrder) {
     view->MenuBar(implicit::MenuBar1());
     view->Constructor();
     person->turnToWindow();
-    if (row.bound) {
+    if (row.hasHandler) {
       const auto handler = [](Object* object) {
         EXPECT_TRUE(RuntimeObjectIsa(object, AskedWindow::__Lookup()));
         ask("handler");
@@ -202,7 +202,7 @@ TEST_F(CommandTest, ACommandIsOfferedToReceiversInOrder) {
     taker = row.taker;
     person->command("FileQuit");
     EXPECT_EQ(asked, row.asked);
-    EXPECT_EQ(view->isOpen(), !row.quits);
+    EXPECT_EQ(view->isOpen(), !row.isClosed);
     view->Close();
   }
   MenuBar1::_implicitInstance = nullptr;

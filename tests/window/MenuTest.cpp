@@ -9,7 +9,7 @@ namespace {
 
 using MenuTest = WindowTest;
 
-/// The accepted items below an item, such as "FileMenu(FileQuit)".
+/// The wanted items below an item, such as "FileMenu(FileQuit)".
 template <class Wanted>
 std::string tree(const MenuItem& item, const Wanted& wanted) {
   std::string all;
@@ -52,7 +52,7 @@ TEST_F(MenuTest, TheBarHasTheItemsThatTheAccessorsReturn) {
               item == view->FileQuit() ? "QuitMenuItem" : "MenuItem");
     EXPECT_EQ(text(item->Text()), row.text);
     EXPECT_TRUE(item->AutoEnable);
-    // Every item except a separator has a shortcut, even if it is empty.
+    // Every item except a separator has a shortcut string, which may be empty.
     EXPECT_EQ(item->isSeparator(), row.shortcut == nullptr);
     EXPECT_EQ(item->KeyboardShortcut().record() == nullptr, row.shortcut == nullptr);
     EXPECT_EQ(text(item->KeyboardShortcut()), row.shortcut == nullptr ? "" : row.shortcut);
@@ -94,7 +94,7 @@ TEST_F(MenuTest, ItemsAreEnabledByAutoEnableOrByAHandler) {
   EXPECT_EQ(toolkit.backgroundTasks - yields, 9);  // one per item, except separators
   EXPECT_TRUE(view->FileQuit()->Enabled());
   EXPECT_EQ(toolkit.menuChanges - times, 5);  // three refreshes, two changed items
-  // Without a bar or a window a refresh does nothing.
+  // Without a menu bar or a window, a refresh does nothing.
   view->MenuBar(nullptr);
   EnableMenuItems();
   view->Close();

@@ -24,7 +24,7 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsOffsetWithoutDaylightSaving) {
   } rows[] = {{January, -5.0, "-5"},
               {July, -4.0, "-5"},
               {January, 0.0, "0"},
-              // Southern hemisphere: one hour too many in summer, one too few in winter.
+              // Southern hemisphere: an hour too high in summer, an hour too low in winter.
               {January, 11.0, "11"},
               {July, 10.0, "9"},
               // The offset is truncated before the hour is subtracted.
@@ -32,7 +32,7 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsOffsetWithoutDaylightSaving) {
               {January, -3.5, "-3"},
               {July, -2.5, "-3"},
               {January, -0.5, "0"},
-              // The bounds begin and end at midnight, two hours before the host changes its clock.
+              // The period begins and ends at midnight, two hours before the host's clock changes.
               {{2024, 3, 9, 23, 59, 59}, -5.0, "-5"},
               {{2024, 3, 10, 0, 0, 0}, -5.0, "-6"},
               {{2024, 11, 2, 23, 59, 59}, -4.0, "-5"},
@@ -46,7 +46,7 @@ TEST_F(OpeningTest, TimeZoneIsTheHostsOffsetWithoutDaylightSaving) {
 }
 
 TEST_F(OpeningTest, TimeZoneFollowsTheHostsChangeOfOffset) {
-  // Central Europe: 2024-03-31 01:00 UTC, from one hour to two.
+  // Central Europe: at 2024-03-31 01:00 UTC the offset changes from one hour to two.
   constexpr std::int64_t Change = dayNumber(2024, 3, 31) * 86400 + 3600;
   host.zone = [](std::int64_t at) { return at < Change ? 3600 : 7200; };
   for (const auto& [moment, zone, hour] :
@@ -98,14 +98,14 @@ TEST_F(OpeningTest, AFailedOpeningLeavesNothing) {
     MenuBar1::_implicitInstance = nullptr;
     EXPECT_EQ(liveObjectCount(), before);
   }
-  EXPECT_EQ(toolkit.steps.size(), steps + 3);  // no window was shown, and three "quit"
+  EXPECT_EQ(toolkit.steps.size(), steps + 3);  // three "quit"; no window was shown
 }
 
 TEST_F(OpeningTest, TheChooserSelectsThePresentYearIfItHasIt) {
   const struct {
     std::int32_t year, row;
     std::string_view start, end;  // the bounds after `WhichYear_Open`
-    bool changed;
+    bool isChanged;
   } rows[] = {{2006, 0, "1/3/2000", "", false},
               {2008, 0, "3/9/2008", "11/2/2008", false},
               {2014, 6, "3/9/2014", "11/2/2014", true},
@@ -122,8 +122,8 @@ TEST_F(OpeningTest, TheChooserSelectsThePresentYearIfItHasIt) {
     EXPECT_EQ(text(unopened->DSTStart()->Text()), row.start);
     EXPECT_EQ(text(unopened->DSTEnd()->Text()), row.end);
     // "Change" updates the status, which creates a date.
-    EXPECT_EQ(static_cast<bool>(unopened->statusDate), row.changed);
-    // A yield after each row that does not match.
+    EXPECT_EQ(static_cast<bool>(unopened->statusDate), row.isChanged);
+    // One yield for each row that does not match.
     if (row.year > 2020) {
       EXPECT_EQ(toolkit.backgroundTasks - yields, 13);
     }
@@ -140,10 +140,10 @@ TEST_F(OpeningTest, AChosenYearSetsTheBoundsAndKeepsTheDay) {
   const struct {
     std::int32_t row;
     std::string_view start, times;
-  } rows[] = {{0, "1/1/2024", InSummerTime},  // "2008" is selected already
+  } rows[] = {{0, "1/1/2024", InSummerTime},  // row 0 is selected already
               {3, "3/13/2011", InStandardTime},
               {0, "3/9/2008", InStandardTime},
-              {-1, "1/1/2024", InStandardTime}};  // no row: the bounds stay, the status is updated
+              {-1, "1/1/2024", InStandardTime}};  // no row: only the status is updated
   for (const auto& row : rows) {
     type("DSTStart", "1/1/2024");
     row.row < 0 ? window()->WhichYear()->ListIndex(-1) : person->choose("WhichYear", row.row);

@@ -80,7 +80,7 @@ TEST_F(ProcessTest, StartAndEndRunTheirStepsInOrder) {
 /// The names of the destroyed sentinels, in order.
 std::string released;
 
-/// A key or item of a global. Notes its name when it is destroyed.
+/// A key, an item or an object in a global. Appends its name to `released` when it is destroyed.
 class Sentinel final : public Described<Sentinel, MenuItem> {
  public:
   static constexpr FixedString FullName = "Sentinel";
@@ -90,7 +90,7 @@ class Sentinel final : public Described<Sentinel, MenuItem> {
     return made;
   }
   void Destructor() {
-    EXPECT_TRUE(OutputFile::Calendar()) << text(Name);  // the last of the globals
+    EXPECT_TRUE(OutputFile::Calendar()) << text(Name);  // released last
     released += text(Name) + " ";
   }
 };
@@ -113,7 +113,7 @@ TEST_F(ProcessTest, FinalizeReleasesTheGlobalsInOrder) {
     Registry::sClassFQNToRefMap = map("class names"_s);
     Registry::sClassRefMap = map("classes"_s);
     MenuBar1::_implicitInstance->Append(Sentinel::named("menu bar"_s));
-    registeredApplication()->MenuBar(nullptr);  // keeps the bar, too
+    registeredApplication()->MenuBar(nullptr);  // the application also refers to the bar
   };
   EXPECT_EQ(run(fillGlobals), 0);
   EXPECT_EQ(released,
@@ -159,7 +159,7 @@ TEST_F(ProcessTest, OpeningRaisesTheEventsInOrder) {
   }
   host.setClock({2014, 6, 21, 12, 0, 0});
   EXPECT_EQ(run([] {}), 0);
-  // The controls open in the order of making. The handler of the chooser selects the current year.
+  // Controls open in the order of creation. "WhichYear" selects the current year when it opens.
   std::string expected = "CreateControls AddMenuHandlers(2008) SetupBindings(2008) ";
   std::string year = "(2008) ";
   for (const ControlRow& row : FormTable) {
@@ -189,9 +189,9 @@ TEST_F(ProcessTest, TheLastWindowEndsTheApplicationUnlessTheMenuBarStays) {
                   EXPECT_EQ(_mImplicitWindowList->Count(), 0);
                   EXPECT_EQ(view->referenceCount() + field->referenceCount(), 2);
                   EXPECT_TRUE(view->controls().empty() && _WindowSupport.Windows.empty());
-                  view->Close();  // has nothing left to do
-                  const bool ends = !ownMenuBar || autoQuit;
-                  EXPECT_EQ(toolkit.steps.back(), ends ? "quit" : "windowClosed");
+                  view->Close();  // does nothing
+                  const bool hasQuit = !ownMenuBar || autoQuit;
+                  EXPECT_EQ(toolkit.steps.back(), hasQuit ? "quit" : "windowClosed");
                   const Ref<MenuBar> bar = registeredApplication()->MenuBar();
                   EXPECT_TRUE(bar->_Lookup("FileQuit"_s)->userChose());
                   EXPECT_EQ(toolkit.steps.back(), "quit");
@@ -222,7 +222,7 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
       {view, "CancelClose"_s,
        [](Object* object, bool quitting) {
          heard += quitting ? "(asked) " : "(asked alone) ";
-         static_cast<Window&>(*object).Close();  // a window that is closing ignores it
+         static_cast<Window&>(*object).Close();  // ignored, because the window is closing
          return refusalsOfTheWindow-- > 0;
        }},
       {view, "Activate"_s, [](Object*) { heard += "(active) "; }},
@@ -234,7 +234,7 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
        }},
       {PushButton::__Lookup(), "Close"_s, [](Object* object) {
          auto& button = static_cast<Control&>(*object);
-         button.Close();  // a control that is closing ignores it
+         button.Close();  // ignored, because the control is closing
          heard += text(button.Name) + (button.Window()->isOpen() ? " is early " : " ");
        }}};
   EXPECT_EQ(run([&] {
@@ -245,7 +245,7 @@ TEST_F(ProcessTest, EventsOfApplicationAndWindowAreRaisedInOrder) {
               const Ref<MemoryItem> item = New<MemoryItem>();
               item->errorOfCreate = EACCES;
               toolkit.saveAnswers.emplace_back(item);
-              person->press("GenerateButton");  // shows the save dialog and a message box
+              person->press("GenerateButton");  // asks for a file and shows a message box
               MsgBox("outside of a handler"_s);
               person->closeWindow();
               person->command("FileQuit");
@@ -269,7 +269,7 @@ TEST_F(ProcessTest, PlacardValueIsTheOnlyPluginEntryFound) {
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
       EXPECT_EQ(entries[entry] != nullptr, entry == 25) << entry;
     }
-    // It takes an index, which is not an offset in the object.
+    // The second argument is an index, not an offset in the object.
     const Ref<Placard> panel = control<"Placard1">(*window());
     reinterpret_cast<void (*)(Object*, std::int32_t, bool)>(entries[25])(panel.get(), 0, true);
     EXPECT_TRUE(panel->Value() && panel->classRecord() == Placard::__Lookup());

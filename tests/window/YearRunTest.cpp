@@ -66,7 +66,7 @@ TEST_F(YearRunTest, ADocumentHasEveryDayAndTheReferenceBytes) {
 
 TEST_F(YearRunTest, TheTimeOfThePressDoesNotMatter) {
   fillIn("2008", "47.5", "-122.5", "-8");
-  // Central Europe, with two changes of the offset in that year.
+  // Central Europe: the offset changes twice in the year.
   const auto europe = [](std::int64_t at) {
     const std::int64_t day = at / 86400 - dayNumber(2008, 1, 1);
     return day >= 89 && day < 299 ? 7200 : 3600;
@@ -80,7 +80,7 @@ TEST_F(YearRunTest, TheTimeOfThePressDoesNotMatter) {
 }
 
 TEST_F(YearRunTest, ChangesNoControlOrDayAndYieldsInEachPass) {
-  // At the pole no day has both events: 12 passes of the search, and one of the day loop.
+  // At the pole no day has both events: 12 passes of the search each day, and one of the day loop.
   fillIn("2008", "90", "0", "0");
   // Takes the focus from the field before the button is pressed.
   person->tick("DownUnderFlag", true);

@@ -1,5 +1,5 @@
-// veldrin-failing CAUSE END: opens the window and presses a button, whose handler fails by the
-// cause: "nil", "disk" or "fault". END says what ends the report: "click" or "signal".
+// veldrin-failing CAUSE END: opens the window and presses a button whose handler fails. CAUSE is
+// the failure: "nil", "disk" or "fault". END closes its message box: "click" or "signal".
 
 #include <QAbstractButton>
 #include <QApplication>
