@@ -18,9 +18,10 @@ namespace veldrin {
 //   record = count data allocation length encoding     five 32-bit little-endian words, 20 bytes
 //   block  = prefix text terminator                    1 byte, `length` bytes, 4 zero bytes
 //
-// `count` is 1. `data` is the address of the block: the address of the image plus the block's
-// offset. `allocation` is length + 5. `prefix` is the length, or 255 if the length is greater.
-// `encoding` is 0x8000100 (UTF-8) or 0x600 (ASCII). The text "hi" in an image at address 0x1000:
+// `count`, the reference count, is 1. `data` is the address of the block: the address of the image
+// plus the block's offset. `allocation` is length + 5. `prefix` is the length, or 255 if the length
+// is greater. `encoding` is 0x8000100 (UTF-8) or 0x600 (ASCII). The text "hi" in an image at
+// address 0x1000:
 //
 //   01 00 00 00  14 10 00 00  07 00 00 00  02 00 00 00  00 01 00 08   02 68 69 00 00 00 00
 

@@ -110,15 +110,15 @@ void Window::_AddControl(const String& name, const Ref<Object>& control) {
   added->moveTo(this);
   added->Name = name;
   const auto same = std::ranges::find(_mControlNames, name);
-  places_ = {};
+  lookUpCache_ = {};
   _mControlNames.push_back(same == _mControlNames.end() ? name : String(*same));
   _mControlList.push_back(added);
 }
 
 void Window::_RemoveControl(const Ref<Control>& control) {
-  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `control` may be in the list.
+  // NOLINTNEXTLINE(performance-unnecessary-copy-initialization): `control` may refer into the list.
   const Ref<Control> removed = control;
-  places_ = {};
+  lookUpCache_ = {};
   if (removed && removed->Window().get() == this) removed->moveTo(nullptr);
   for (std::size_t index = _mControlList.size(); index-- > 0;) {
     if (_mControlList[index] != removed) continue;
@@ -161,7 +161,7 @@ bool Window::_UnifiedClose(bool quitting) {
   if (std::exchange(isOpen_, false)) InForce<Toolkit>::get().windowClosed(*this);
   for (const Ref<Control>& control : std::vector(_mControlList)) {
     control->Close();
-    yieldToToolkit();  // a stop signal must not interrupt the closing
+    yieldToToolkit();  // ignores a stop signal, so the closing continues
   }
   discard();
   if (!quitting) InForce<Session>::get().windowClosed();
@@ -234,9 +234,10 @@ Ref<Window> frontWindow() {
 
 Ref<Object> RuntimeWindowControlByName(const Window& window, const String& name) {
   const auto& names = window._mControlNames;
-  // Most names are constants, so the same record usually means the same control as before.
+  // Most names are constants: repeated look-ups usually pass the same `StringRecord`.
   const auto address = reinterpret_cast<std::uintptr_t>(name.record());
-  std::uint8_t& hint = window.places_[address / alignof(StringRecord) % window.places_.size()];
+  std::uint8_t& hint =
+      window.lookUpCache_[address / alignof(StringRecord) % window.lookUpCache_.size()];
   if (hint != 0 && names[hint - 1U].record() == name.record()) {
     return window._mControlList[hint - 1U];
   }

@@ -168,7 +168,7 @@ class Window : public Described<Window, Object> {
   std::vector<String> _mControlNames;
   /// A cache of `RuntimeWindowControlByName`, indexed by a hash of the name's address: 1 plus the
   /// control's index, or 0 for none. Cleared when controls are added or removed.
-  mutable std::array<std::uint8_t, 64> places_{};
+  mutable std::array<std::uint8_t, 64> lookUpCache_{};
   std::vector<Ref<Control>> _mControlList;  ///< parallel to `_mControlNames`
   Ref<Dictionary> _mMenuHandlers;
   bool isOpen_ = false;

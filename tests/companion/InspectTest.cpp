@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "tests/support/Programs.h"
 #include "ui/FormStreams.h"
@@ -50,9 +51,14 @@ TEST(InspectTest, WritesEachStreamOfTheFormToAFileWithItsName) {
 }
 
 TEST(InspectTest, InvalidArgumentsAreOneSentenceAndStatus2) {
-  for (const char* const arguments : {"", "nothing", "class", "class No.Such", "classes all"}) {
+  for (const auto& [arguments, named] : {std::pair("", "A command is missing"),
+                                         {"nothing", "There is no command \"nothing\""},
+                                         {"class", "The command \"class\" takes"},
+                                         {"class No.Such", "There is no class \"No.Such\""},
+                                         {"classes all", "The command \"classes\" takes"}}) {
     const Outcome run = inspect(arguments);
     EXPECT_EQ(run.status, 2) << arguments;
+    EXPECT_THAT(run.errors, StartsWith("veldrin-inspect: " + std::string(named)));
     EXPECT_EQ(std::ranges::count(run.errors, '\n'), 1) << run.errors;
   }
 }

@@ -41,7 +41,7 @@ TEST(SystemHostTest, ConvertsMomentsToLocalTimeInEachZone) {
     std::int64_t moment;  // seconds since 1970-01-01 UTC
     CivilMoment local;
     double hours;         // the UTC offset at the moment
-    double hoursOfLocal;  // the UTC offset of the local time, which may be repeated
+    double hoursOfLocal;  // the UTC offset of `local`; the first one if it is repeated
   } rows[] = {
       {"UTC", -1, {1969, 12, 31, 23, 59, 59}, 0.0, 0.0},
       {"Asia/Kolkata", 1205020800, {2008, 3, 9, 5, 30, 0}, 5.5, 5.5},
@@ -59,7 +59,7 @@ TEST(SystemHostTest, ConvertsMomentsToLocalTimeInEachZone) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.zone) + " at " + std::to_string(row.moment));
-    // Newer releases have this zone in a separate package.
+    // Newer Debian releases have this zone in a separate package.
     if (row.zone == std::string_view("right/America/Los_Angeles") &&
         !std::filesystem::exists(std::string("/usr/share/zoneinfo/") + row.zone)) {
       continue;
@@ -90,7 +90,7 @@ TEST(SystemHostTest, ExtremeAndSkippedTimesHaveAnOffset) {
   EXPECT_EQ(host.gmtOffset({2024, 3, 10, 2, 30, 0}), -8.0);
 }
 
-TEST(SystemHostTest, AnIncompletePatternGivesTheDefaultForm) {
+TEST(DatePatternTest, ReadsTheShortFormOfUnusualPatterns) {
   for (const char* const pattern : {"%%d.%%m.%%Y", "%d.%m", "%d.%m.%", ""}) {
     EXPECT_EQ(shortDateFormOf(pattern), (ShortDateForm{MonthDayYear, '/'})) << pattern;
   }
@@ -100,7 +100,7 @@ TEST(SystemHostTest, AnIncompletePatternGivesTheDefaultForm) {
 
 using LocaleTest = ValuesTest;
 
-TEST_F(LocaleTest, ReadsItsOwnDatesAndThoseOfTheLocale) {
+TEST_F(LocaleTest, ReadsDatesOfVeldrinAndOfTheLocale) {
   const struct {
     const char* locale;
     const char* text;
@@ -124,7 +124,7 @@ TEST_F(LocaleTest, ReadsItsOwnDatesAndThoseOfTheLocale) {
     const Ref<Date> date = New<Date>();
     date->Constructor(2024, 6, 1, 0, 0, 0);
     EXPECT_EQ(text(date->ShortDate()), row.text)
-        << "make the locale with localedef, and set LOCPATH to its folder";
+        << "make the locale with localedef, and set LOCPATH to its parent folder";
     EXPECT_EQ(readDate(row.text, host.form), Day);
     if (!row.isNumeric) continue;
     std::array<char, 100> localeDate{};
@@ -172,7 +172,7 @@ TEST(SystemHostTest, FormatsDatesAndTimesByTheLocale) {
 
 TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheLocale) {
   const struct {
-    DatePatterns host;
+    DatePatterns patterns;
     const char *longDate, *abbreviatedDate;
   } dates[] = {
       {{.program = "%A, %Y. gada %e. %B, %H:%M:%S %Z"},
@@ -195,11 +195,11 @@ TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheLocale) {
       {{.date = "%F"}, "%A, %Y %B %-d", "%a, %Y %b %-d"},
       {{}, "%A, %B %-d, %Y", "%a, %b %-d, %Y"}};
   for (const auto& row : dates) {
-    EXPECT_EQ(patternOf(DateText::LongDate, row.host), row.longDate);
-    EXPECT_EQ(patternOf(DateText::AbbreviatedDate, row.host), row.abbreviatedDate);
+    EXPECT_EQ(patternOf(DateText::LongDate, row.patterns), row.longDate);
+    EXPECT_EQ(patternOf(DateText::AbbreviatedDate, row.patterns), row.abbreviatedDate);
   }
   const struct {
-    DatePatterns host;
+    DatePatterns patterns;
     const char *shortTime, *longTime;
   } times[] = {
       {{.time = "%T"}, "%H:%M", "%H:%M:%S"},
@@ -209,8 +209,8 @@ TEST(DatePatternTest, KeepsTheOrderAndTheWordsOfTheLocale) {
       {{.time = "%H\uC2DC %M\uBD84 %S\uCD08"}, "%H\uC2DC %M\uBD84", "%H\uC2DC %M\uBD84 %S\uCD08"},
       {{.time = "%OH:%OM:%OS"}, "%OH:%OM", "%OH:%OM:%OS"}};
   for (const auto& row : times) {
-    EXPECT_EQ(patternOf(DateText::ShortTime, row.host), row.shortTime);
-    EXPECT_EQ(patternOf(DateText::LongTime, row.host), row.longTime);
+    EXPECT_EQ(patternOf(DateText::ShortTime, row.patterns), row.shortTime);
+    EXPECT_EQ(patternOf(DateText::LongTime, row.patterns), row.longTime);
   }
 }
 

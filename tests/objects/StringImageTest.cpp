@@ -41,22 +41,22 @@ TEST(StringImageTest, WritesAndReadsTheGoldenBytes) {
 TEST(StringImageTest, ACorruptImageReportsTheOffset) {
   const struct {
     const char* what;
-    std::size_t word;
+    std::size_t wordOffset;
     std::uint32_t value;
-    std::size_t offset;
+    std::size_t errorOffset;
   } rows[] = {{"count 0", 0, 0, 0},
               {"no record before the blocks", 4, Address, 4},
-              {"huge address of a whole number of records", 4, Address + 20 * 0x0CCCCCCCU, 4},
+              {"huge offset, a multiple of the record size", 4, Address + 20 * 0x0CCCCCCCU, 4},
               {"huge length", 12, 0xFFFFFFFF, 12},
-              {"length that overflows the allocation", 12, 0xFFFFFFFB, 12},
-              {"length with another allocation", 32, 3, 28},
+              {"length + 5 overflows 32 bits", 12, 0xFFFFFFFB, 12},
+              {"length that contradicts the allocation", 32, 3, 28},
               {"terminator", 43, 0x01000000, 46}};
   for (const auto& row : rows) {
     Image image = Golden;
-    putWord(image, row.word, row.value);
+    putWord(image, row.wordOffset, row.value);
     const auto [strings, error] = readStringImage(image, Address);
     ASSERT_TRUE(error.has_value()) << row.what;
-    EXPECT_EQ(error->offset, row.offset) << row.what << ": " << error->what;
+    EXPECT_EQ(error->offset, row.errorOffset) << row.what << ": " << error->what;
     EXPECT_FALSE(error->what.empty());
     EXPECT_TRUE(strings.empty()) << row.what;
   }

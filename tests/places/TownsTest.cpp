@@ -93,6 +93,7 @@ TEST(TownsTest, ATextFindsItsTownOrASentenceThatHelps) {
        "No town is named \"Freibur im Breisgau\"; similar names: Freiburg im Breisgau, "
        "Baden-Württemberg, DE."},
       {"xyzzyxx", "No town is named \"xyzzyxx\"."},
+      {"Xq", "No town is named \"Xq\"."},
       {std::string(29, 'x') + "яяяяяяяяяяяяяяяяя",
        "No town is named \"" + std::string(29, 'x') + "яяяяяяяяяяяяяяя...\"."},
       // Texts that cannot be names.

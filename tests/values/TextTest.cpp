@@ -19,7 +19,8 @@ class TextTest : public testing::TestWithParam<const char*> {
  protected:
   void SetUp() override {
     ASSERT_NE(std::setlocale(LC_ALL, GetParam()), nullptr)
-        << GetParam() << " is missing: make it with localedef, and set LOCPATH to its folder";
+        << GetParam()
+        << " is missing: make it with localedef, and set LOCPATH to its parent folder";
   }
   void TearDown() override { std::setlocale(LC_ALL, "C"); }
 };

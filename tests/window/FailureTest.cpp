@@ -3,10 +3,12 @@
 #include <cerrno>
 #include <csignal>
 #include <functional>
+#include <new>
 #include <string>
 #include <system_error>
 #include <utility>
 
+#include "apps/ProgramMain.h"
 #include "shell/host/StopSignal.h"
 #include "tests/support/ProcessTest.h"
 
@@ -214,6 +216,23 @@ TEST_F(FailureTest, AFailureAtTheStartIsReportedAndFinalized) {
 
   // A failed run does not affect the next one.
   EXPECT_EQ(run([] {}), 0);
+}
+
+TEST_F(FailureTest, AProgramReportsAnyExceptionInOneSentence) {
+  const struct {
+    int (*body)();
+    int status;
+    std::string_view told;
+  } rows[] = {{[] { return 3; }, 3, ""},
+              {[]() -> int { throw FatalFault("No."); }, 1, "name: No.\n"},
+              {[]() -> int { Raise<IOException>(5); }, 1, "name: IOException\n"},
+              {[]() -> int { throw std::bad_alloc(); }, 1, "name: There is not enough memory.\n"},
+              {[]() -> int { throw 7; }, 1, "name: An unknown error occurred.\n"}};
+  for (const auto& row : rows) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(runProgram("name", row.body), row.status);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), row.told);
+  }
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ void writeLine(const QString& line) {
 
 /// Whether the message may explain a missing display; such messages are held back. Warnings about
 /// missing plugins (qt.qpa.plugin) are not.
-bool isPlatformMessage(QtMsgType type, std::string_view category) {
+bool isHeldBack(QtMsgType type, std::string_view category) {
   return type == QtInfoMsg || (category.starts_with("qt.qpa.") && category != "qt.qpa.plugin");
 }
 
@@ -41,7 +41,7 @@ void DisplayErrorGuard::handleMessage(QtMsgType type, const QMessageLogContext& 
     // Runs no destructors: the application object is only partly constructed.
     std::_Exit(EXIT_FAILURE);
   }
-  if (isPlatformMessage(type, context.category == nullptr ? "" : context.category)) {
+  if (isHeldBack(type, context.category == nullptr ? "" : context.category)) {
     current->heldBack_.push_back(qFormatLogMessage(type, context, text));
   } else {
     current->previousHandler_(type, context, text);

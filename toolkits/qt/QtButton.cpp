@@ -15,7 +15,7 @@ QtButton::QtButton(Ref<PushButton> button, Delivery& delivery, QWidget& parent)
           [this, &delivery] { delivery.deliver(*button_, [&] { button_->userPressed(); }); });
 }
 
-void QtButton::followKind() {
+void QtButton::followOwnProperties() {
   setText(plainCaption(button_->Caption()));
 }
 

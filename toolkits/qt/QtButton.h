@@ -15,7 +15,7 @@ class QtButton final : public QPushButton, public QtControl {
   QWidget& widget() override { return *this; }
 
  protected:
-  void followKind() override;
+  void followOwnProperties() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   void keyPressEvent(QKeyEvent* event) override;
 

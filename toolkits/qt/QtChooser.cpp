@@ -14,7 +14,7 @@ QtChooser::QtChooser(Ref<PopupMenu> chooser, Delivery& delivery, QWidget& parent
   setFocusPolicy(Qt::StrongFocus);
   connect(this, &QComboBox::currentIndexChanged, this, [this, &delivery](int row) {
     delivery.deliver(*chooser_, [&] { chooser_->userChose(row); });
-    followKind();  // undoes a choice that was not delivered
+    followOwnProperties();  // undoes a choice that was not delivered
   });
 }
 
@@ -23,7 +23,7 @@ void QtChooser::setSpokenName(const QString& name) {
   setAccessibleDescription(name);
 }
 
-void QtChooser::followKind() {
+void QtChooser::followOwnProperties() {
   const QSignalBlocker blocker(this);
   QStringList rows;
   for (std::int32_t row = 0; row < chooser_->ListCount(); ++row) {

@@ -17,7 +17,7 @@ class QtChooser final : public QComboBox, public QtControl {
   void setSpokenName(const QString& name) override;
 
  protected:
-  void followKind() override;
+  void followOwnProperties() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   void wheelEvent(QWheelEvent* event) override;
 

@@ -57,7 +57,7 @@ void QtControl::follow() {
   if (shown.focusPolicy() != Qt::NoFocus) {
     shown.setFocusPolicy(rect.TabStop() ? Qt::StrongFocus : Qt::ClickFocus);
   }
-  followKind();
+  followOwnProperties();
   applyColours();
   const bool hasOwnSize = hasOwnSize_ || ownSizeInPoints() > 0.0;
   if (hasFont_ && (hasOwnSize || styledFont(windowFont_) != styledFont_)) applyFont(windowFont_);

@@ -55,7 +55,7 @@ class QtControl {
       : control_(std::move(control)), style_(style) {}
 
   /// Updates the properties that only this kind of control has.
-  virtual void followKind() {}
+  virtual void followOwnProperties() {}
   /// Whether the texts of the control fit in this font.
   [[nodiscard]] virtual bool showsWhole(const QFont& /*font*/) const { return true; }
   /// Whether desktop styles frame this control in a darkened background colour.

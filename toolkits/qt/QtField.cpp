@@ -45,7 +45,7 @@ void QtField::takeFirstFocus() {
   selectAll();
 }
 
-void QtField::followKind() {
+void QtField::followOwnProperties() {
   const QString wanted = toQt(field_->Text());
   // Blocks textChanged: the control keeps its text even if Qt changes the text for display.
   const QSignalBlocker blocker(this);

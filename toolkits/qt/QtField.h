@@ -18,7 +18,7 @@ class QtField final : public QLineEdit, public QtControl {
   void takeFirstFocus() override;
 
  protected:
-  void followKind() override;
+  void followOwnProperties() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   [[nodiscard]] bool isFramed() const override { return true; }
   void addOwnColours(QPalette& palette) const override;

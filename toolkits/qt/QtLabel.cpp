@@ -30,7 +30,7 @@ void QtLabel::nameField(QtControl& field) {
                         middle < named.Top() + named.Height();
   if (!isBeside || buddy() != nullptr) return;
   setBuddy(&field.widget());
-  followKind();
+  followOwnProperties();
 }
 
 QString QtLabel::lines() const {
@@ -42,7 +42,7 @@ void QtLabel::addOwnColours(QPalette& palette) const {
   palette.setColor(QPalette::WindowText, toQt(text_->TextColor()));
 }
 
-void QtLabel::followKind() {
+void QtLabel::followOwnProperties() {
   setAlignment(alignmentOf(*text_));
   // In a label with a buddy, "&" would mark a shortcut letter.
   const QString shown = buddy() == nullptr ? lines() : lines().replace('&', "&&");

@@ -17,7 +17,7 @@ class QtLabel final : public QLabel, public QtControl {
   void nameField(QtControl& field) override;
 
  protected:
-  void followKind() override;
+  void followOwnProperties() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   void addOwnColours(QPalette& palette) const override;
 

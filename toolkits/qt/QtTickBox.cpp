@@ -11,11 +11,11 @@ QtTickBox::QtTickBox(Ref<CheckBox> box, Delivery& delivery, QWidget& parent)
   connect(this, &QCheckBox::toggled, this, [this, &delivery](bool isTicked) {
     if (isTicked == box_->Value()) return;  // the program made the change
     delivery.deliver(*box_, [&] { box_->userTicked(isTicked); });
-    followKind();  // undoes a tick that was not delivered
+    followOwnProperties();  // undoes a tick that was not delivered
   });
 }
 
-void QtTickBox::followKind() {
+void QtTickBox::followOwnProperties() {
   setText(plainCaption(box_->Caption()));
   setChecked(box_->Value());
 }

@@ -18,7 +18,7 @@ class QtTickBox final : public QCheckBox, public QtControl {
   [[nodiscard]] QString spokenName() const { return toQt(box_->Caption()); }
 
  protected:
-  void followKind() override;
+  void followOwnProperties() override;
   [[nodiscard]] bool showsWhole(const QFont& font) const override;
   [[nodiscard]] bool isFramed() const override { return true; }
   [[nodiscard]] bool hitButton(const QPoint& place) const override {
