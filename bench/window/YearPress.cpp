@@ -31,7 +31,7 @@ constexpr int Presses = 100;
 
 Clock::time_point answerTime;
 
-/// Answers the open dialog. Stops its folder watch first: ending the watch takes about 15 ms in the
+/// Answers the save dialog. Stops its folder watch first: ending the watch takes about 15 ms in the
 /// kernel, which would be measured with the handler.
 void answer(const QString& path) {
   auto& dialog = dynamic_cast<QFileDialog&>(*QApplication::activeModalWidget());

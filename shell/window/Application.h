@@ -48,7 +48,7 @@ class Application : public Described<Application, Object> {
   virtual void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
 
   /// Called after the front window when the user chooses a menu item, see
-  /// `Session::handlesMenuCommand`. An override returns true for handled.
+  /// `Session::handleMenuCommand`. An override returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 
   /// Calls `function`, a `void (*)()`, and catches framework exceptions. Reports those that

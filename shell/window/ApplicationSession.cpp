@@ -60,7 +60,7 @@ void ApplicationSession::menuItemChanged(const MenuItem& item) {
   if (!isEnabling_ && isShown(item)) InForce<Toolkit>::get().menusChanged();
 }
 
-bool ApplicationSession::handlesMenuCommand(const Ref<MenuItem>& item) {
+bool ApplicationSession::handleMenuCommand(const Ref<MenuItem>& item) {
   const Ref<Window> window = frontWindow();
   if (window && window->_HandleMenuCommand(item)) return true;
   const Ref<Application> application = registeredApplication();

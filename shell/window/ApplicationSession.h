@@ -15,7 +15,7 @@ class ApplicationSession final : public Session {
  public:
   /// Tells the toolkit if the item is in the bar of an open window or of the application.
   void menuItemChanged(const MenuItem& item) override;
-  bool handlesMenuCommand(const Ref<MenuItem>& item) override;
+  bool handleMenuCommand(const Ref<MenuItem>& item) override;
   void enableMenuItems() override;
   void windowClosed() override;
   bool endApplication() override;

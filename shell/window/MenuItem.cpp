@@ -57,7 +57,7 @@ Ref<MenuItem> MenuItem::_Lookup(const String& name) const {
 
 bool MenuItem::userChose() {
   if (!Enabled()) return true;
-  return InForce<Session>::get().handlesMenuCommand(Ref<MenuItem>(this)) ||
+  return InForce<Session>::get().handleMenuCommand(Ref<MenuItem>(this)) ||
          callHandler(*this, Events::Action);
 }
 

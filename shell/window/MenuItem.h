@@ -36,7 +36,7 @@ class MenuItem : public Described<MenuItem, Object> {
   [[nodiscard]] bool contains(const MenuItem& item) const;
   [[nodiscard]] bool isSeparator() const { return Text() == "-"; }
 
-  /// The user has chosen the item. Offers it to `Session::handlesMenuCommand`, then to its own
+  /// The user has chosen the item. Offers it to `Session::handleMenuCommand`, then to its own
   /// "Action". Returns true if one of them handled it or the item is disabled. If false, the
   /// toolkit does the editing command of the item's name, if any.
   bool userChose();

@@ -25,7 +25,7 @@ class Session {
   /// Handles an item that the user has chosen. Tries `_HandleMenuCommand` of the front window, then
   /// `_HandleMenuCommand` of the application, then the window's handler for the item's name.
   /// Returns whether one of them has handled the item.
-  virtual bool handlesMenuCommand(const Ref<MenuItem>& item) = 0;
+  virtual bool handleMenuCommand(const Ref<MenuItem>& item) = 0;
 
   /// Recomputes which items are enabled in the front window's menu bar, or in the application's if
   /// the window has none. Tells the toolkit once.

@@ -124,7 +124,7 @@ class Window : public Described<Window, Object> {
   [[nodiscard]] bool hasMenuHandler(const String& name) const;
   /// Raises "EnableMenuItems" and enables the items for which `hasMenuHandler` is true.
   virtual void _EnableMenuItems(const Ref<Array<Ref<MenuItem>>>& items);
-  /// Called first when the user chooses a menu item, see `Session::handlesMenuCommand`. An override
+  /// Called first when the user chooses a menu item, see `Session::handleMenuCommand`. An override
   /// returns true for handled.
   virtual bool _HandleMenuCommand(const Ref<MenuItem>& /*item*/) { return false; }
 

@@ -14,7 +14,7 @@ namespace {
 class RegistryTest : public RuntimeTest {
  protected:
   static void SetUpTestSuite() { initializeClasses(); }
-  // Reading some properties of reflection objects creates descriptions.
+  // Releases the descriptions that the checks have created.
   void TearDown() override { Introspection::finalizeReflection(); }
 
   /// Calls the check with every record, oldest first.
@@ -106,10 +106,12 @@ TEST_F(RegistryTest, NamesAndFieldsAreUnique) {
       EXPECT_TRUE(fields.emplace(row.fieldOffset, getter).second);
       EXPECT_EQ(FindProperty(record, row.name.view()), &row);
     }
-    const bool isQuit = record.name == "QuitMenuItem" ||
-                        (record.baseClass != nullptr && record.baseClass->name == "QuitMenuItem");
+    const bool hasRedeclaredAction =
+        record.name == "QuitMenuItem" ||
+        (record.baseClass != nullptr && record.baseClass->name == "QuitMenuItem");
     for (const EventRow& row : record.eventRows) {
-      EXPECT_EQ(std::ranges::count(record.eventRows, row.name, &EventRow::name), isQuit ? 2 : 1)
+      EXPECT_EQ(std::ranges::count(record.eventRows, row.name, &EventRow::name),
+                hasRedeclaredAction ? 2 : 1)
           << text(row.name);
     }
   });
@@ -164,9 +166,9 @@ TEST_F(RegistryTest, EveryRowIsComplete) {
         if (method != record.methodRows.end()) {
           EXPECT_EQ(method->function, function);
         }
-        const bool isStored =
+        const bool needsNoMethod =
             row.fieldOffset != 0 || (row.flags & Flags::Shared) != 0 || function == nullptr;
-        EXPECT_TRUE(isStored || method != record.methodRows.end());
+        EXPECT_TRUE(needsNoMethod || method != record.methodRows.end());
       }
     }
     for (const EventRow& row : record.eventRows) {

@@ -26,8 +26,8 @@ TEST(TypeCodeGrammarTest, ASignatureHasAResultAndParameters) {
 TEST(TypeCodeGrammarTest, ParametersAreTakenOneByOne) {
   for (const std::string parameters :
        {"i4,s", "&o<Date>,&f8", "A1o<Pair>", "&A12s,v", "o<A.B<C<D>>>,?<CString>,u1<E>",
-        "A1A1,s",                           // an array of arrays is split
-        "f8,&", "A1", "o<Date", ">,>8"}) {  // malformed text is split too
+        "A1A1,s",                           // an array of arrays is split wrongly
+        "f8,&", "A1", "o<Date", ">,>8"}) {  // malformed text is used up too
     std::string list = parameters;
     std::erase(list, ',');
     std::string taken;

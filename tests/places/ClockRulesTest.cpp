@@ -19,7 +19,7 @@ constexpr double at(std::int64_t year, std::int32_t month, std::int32_t day, dou
 const ClockRules LordHowe(660.0,
                           {{at(2026, 4, 4, 15, 0), 630.0}, {at(2026, 10, 3, 15, 30), 660.0}});
 
-TEST(ClockRulesTest, ARepeatedTimeIsItsFirstMomentAndASkippedTimeALaterOne) {
+TEST(ClockRulesTest, ARepeatedTimeMeansItsFirstMomentASkippedOneUsesTheOldOffset) {
   const struct {
     std::int32_t month, day;
     double hour, minute, moment;
@@ -70,8 +70,8 @@ TEST(ClockRulesTest, DaysAndMomentsAgree) {
         ASSERT_EQ(rules->dayAt(span->begin + 1e-6), day);
         ASSERT_EQ(rules->dayAt(span->end - 1e-6), day);
       }
-      for (int half = 0; half < 2 * MinutesOfDay; half += 59) {
-        const double minute = half / 2.0;
+      for (int halfMinutes = 0; halfMinutes < 2 * MinutesOfDay; halfMinutes += 59) {
+        const double minute = halfMinutes / 2.0;
         const double moment = rules->momentOf(day, minute);
         const double shown = moment + rules->offsetAt(moment);
         const double asked = static_cast<double>(day * MinutesOfDay) + minute;

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -52,6 +53,7 @@ TEST_F(ActsOnDesktopTest, KeysPressTickAndChoose) {
   QTest::keyClick(&widget("BackOneDay"), Qt::Key_Space);
   QTest::keyClick(&widget("DaylightSavings"), Qt::Key_Space);
   EXPECT_EQ(status(), "6/20/2024\rSunrise = 04:12\rSunset = 20:11");
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(&widget("DaylightSavings"))->state().checkable);
   QTest::keyClick(&widget("WhichYear"), Qt::Key_Down);
   EXPECT_EQ(person->shown("WhichYear"), "2009");
   EXPECT_EQ(person->shown("DSTEnd"), "11/1/2009");

@@ -19,7 +19,7 @@ void QtButton::followOwnProperties() {
   setText(plainCaption(button_->Caption()));
 }
 
-bool QtButton::showsWhole(const QFont& font) const {
+bool QtButton::showsAllText(const QFont& font) const {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

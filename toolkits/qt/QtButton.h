@@ -16,7 +16,7 @@ class QtButton final : public QPushButton, public QtControl {
 
  protected:
   void followOwnProperties() override;
-  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool showsAllText(const QFont& font) const override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:

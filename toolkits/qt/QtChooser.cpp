@@ -38,7 +38,7 @@ void QtChooser::followOwnProperties() {
   setCurrentIndex(chooser_->ListIndex());
 }
 
-bool QtChooser::showsWhole(const QFont& font) const {
+bool QtChooser::showsAllText(const QFont& font) const {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

@@ -18,7 +18,7 @@ class QtChooser final : public QComboBox, public QtControl {
 
  protected:
   void followOwnProperties() override;
-  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool showsAllText(const QFont& font) const override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:

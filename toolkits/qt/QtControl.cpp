@@ -99,7 +99,7 @@ QFont QtControl::styledFont(const QFont& font) const {
 }
 
 bool QtControl::fits(const QFont& font) {
-  return ownSizeInPoints() > 0.0 || showsWhole(styledFont(font));
+  return ownSizeInPoints() > 0.0 || showsAllText(styledFont(font));
 }
 
 void QtControl::applyFont(const QFont& font) {
@@ -113,7 +113,7 @@ void QtControl::applyFont(const QFont& font) {
   hasOwnSize_ = points > 0.0;
   if (hasOwnSize_) {
     own.setPointSizeF(points);
-    while (points > Step && !showsWhole(own)) own.setPointSizeF(points -= Step);
+    while (points > Step && !showsAllText(own)) own.setPointSizeF(points -= Step);
   }
   widget().setFont(own);
 }

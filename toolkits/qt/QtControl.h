@@ -57,8 +57,8 @@ class QtControl {
   /// Updates the properties that only this kind of control has.
   virtual void followOwnProperties() {}
   /// Whether the texts of the control fit in this font.
-  [[nodiscard]] virtual bool showsWhole(const QFont& /*font*/) const { return true; }
-  /// Whether desktop styles frame this control in a darkened background colour.
+  [[nodiscard]] virtual bool showsAllText(const QFont& /*font*/) const { return true; }
+  /// Whether some desktop styles draw its frame in a darkened background colour.
   [[nodiscard]] virtual bool isFramed() const { return false; }
   /// Adds the control's own colours to the palette.
   virtual void addOwnColours(QPalette& /*palette*/) const {}

@@ -64,7 +64,7 @@ void QtField::addOwnColours(QPalette& palette) const {
   if (!(field_->BackColor() == White)) palette.setColor(QPalette::Base, toQt(field_->BackColor()));
 }
 
-bool QtField::showsWhole(const QFont& font) const {
+bool QtField::showsAllText(const QFont& font) const {
   QStyleOptionFrame option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

@@ -19,7 +19,7 @@ class QtField final : public QLineEdit, public QtControl {
 
  protected:
   void followOwnProperties() override;
-  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool showsAllText(const QFont& font) const override;
   [[nodiscard]] bool isFramed() const override { return true; }
   void addOwnColours(QPalette& palette) const override;
   void focusInEvent(QFocusEvent* event) override;

@@ -57,7 +57,7 @@ void QtLabel::followOwnProperties() {
 #endif
 }
 
-bool QtLabel::showsWhole(const QFont& font) const {
+bool QtLabel::showsAllText(const QFont& font) const {
   return textFits(font, lines(), contentsRect().size());
 }
 

@@ -18,7 +18,7 @@ class QtLabel final : public QLabel, public QtControl {
 
  protected:
   void followOwnProperties() override;
-  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool showsAllText(const QFont& font) const override;
   void addOwnColours(QPalette& palette) const override;
 
  private:

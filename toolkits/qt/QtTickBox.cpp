@@ -20,7 +20,7 @@ void QtTickBox::followOwnProperties() {
   setChecked(box_->Value());
 }
 
-bool QtTickBox::showsWhole(const QFont& font) const {
+bool QtTickBox::showsAllText(const QFont& font) const {
   QStyleOptionButton option;
   initStyleOption(&option);
   option.fontMetrics = QFontMetrics(font);

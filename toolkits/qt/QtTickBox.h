@@ -19,7 +19,7 @@ class QtTickBox final : public QCheckBox, public QtControl {
 
  protected:
   void followOwnProperties() override;
-  [[nodiscard]] bool showsWhole(const QFont& font) const override;
+  [[nodiscard]] bool showsAllText(const QFont& font) const override;
   [[nodiscard]] bool isFramed() const override { return true; }
   [[nodiscard]] bool hitButton(const QPoint& place) const override {
     return rect().contains(place);
