@@ -119,7 +119,7 @@ void writeField(const Ref<Date>& date, FuzzedDataProvider& input) {
   const bool isSmall = input.ConsumeBool();
   const auto value = isSmall ? input.ConsumeIntegralInRange<std::int32_t>(-400, 4000)
                              : input.ConsumeIntegral<std::int32_t>();
-  const bool isChecked = isChronoYear(*date) && small;
+  const bool isChecked = isChronoYear(*date) && isSmall;
   const std::chrono::sys_days before = isChecked ? daysOf(*date) : std::chrono::sys_days();
   const std::int32_t dayBefore = date->Day();
   const double secondsBefore = date->TotalSeconds();
