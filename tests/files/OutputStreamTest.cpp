@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -81,14 +82,26 @@ TEST_F(SavingTest, NoDescriptorLeaksOrIsInherited) {
   EXPECT_EQ(::fcntl(next, F_GETFL) & (O_ACCMODE | O_NONBLOCK), O_WRONLY);
 }
 
-TEST_F(OutputStreamTest, WritesWaitForAFullNonblockingPipe) {
+/// Whether the thread waits in the OS and uses no processor.
+bool isAsleep(pid_t thread) {
+  const std::string stat = readFile("/proc/self/task/" + std::to_string(thread) + "/stat");
+  return stat.substr(stat.rfind(')')).starts_with(") S");
+}
+
+TEST_F(OutputStreamTest, WritesSleepUntilAFullNonblockingPipeHasRoom) {
   std::array<int, 2> ends{};
   ASSERT_EQ(::pipe2(ends.data(), O_NONBLOCK), 0);
   ::fcntl(ends[0], F_SETFL, 0);
   std::string arrived;
+  bool hasSlept = false;
+  const pid_t writing = ::gettid();
   std::thread reader([&] {
-    // Starts reading when the pipe is full.
+    // Starts reading when the pipe is full and the writer sleeps, or has not slept in a second.
     for (pollfd writer{ends[1], POLLOUT, 0}; ::poll(&writer, 1, 0) == 1;) std::this_thread::yield();
+    for (int tries = 0; tries < 1000 && !hasSlept; ++tries) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      hasSlept = isAsleep(writing);
+    }
     std::array<char, 4096> piece{};
     for (ssize_t count; (count = ::read(ends[0], piece.data(), piece.size())) > 0;) {
       arrived.append(piece.data(), static_cast<std::size_t>(count));
@@ -104,6 +117,7 @@ TEST_F(OutputStreamTest, WritesWaitForAFullNonblockingPipe) {
     }
   }
   reader.join();
+  EXPECT_TRUE(hasSlept);
   ::close(ends[0]);
   EXPECT_TRUE(arrived == sent) << arrived.size() << " of " << sent.size();
 }
