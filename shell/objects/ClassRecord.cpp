@@ -112,11 +112,10 @@ Function FindVirtualOperation(const ClassRecord& record, const String& name) {
   return record.virtualTable[static_cast<std::size_t>(row->slot)];
 }
 
-std::int32_t FindEvent(const ClassRecord& record, const String& name) {
+std::optional<std::size_t> FindEvent(const ClassRecord& record, const String& name) {
   const auto row = std::ranges::find(record.eventRows, name, &EventRow::name);
-  return row == record.eventRows.end()
-             ? -1
-             : static_cast<std::int32_t>(std::distance(record.eventRows.begin(), row));
+  if (row == record.eventRows.end()) return std::nullopt;
+  return static_cast<std::size_t>(row - record.eventRows.begin());
 }
 
 const PropertyRow* FindProperty(const ClassRecord& record, std::string_view name) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -167,8 +169,8 @@ Ref<T> New() {
 /// assigning method may share its name with another method; prefix "=" selects the assigning one.
 Function FindVirtualOperation(const ClassRecord& record, const String& name);
 
-/// The index of the first event of that name in the class, or -1.
-std::int32_t FindEvent(const ClassRecord& record, const String& name);
+/// The index of the first event of that name in the class; nullopt if there is none.
+std::optional<std::size_t> FindEvent(const ClassRecord& record, const String& name);
 
 /// The property of that name, ignoring the case of ASCII letters; nil if there is none. A property
 /// of a derived class hides one of its base.

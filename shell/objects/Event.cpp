@@ -1,17 +1,17 @@
 #include "shell/objects/Event.h"
 
 #include <cstddef>
+#include <optional>
 
 #include "shell/objects/Failure.h"
 
 namespace veldrin {
 
 std::size_t RequireEvent(const ClassRecord& record, const String& name, const String& signature) {
-  const std::int32_t found = FindEvent(record, name);
-  if (found < 0) Raise<KeyNotFoundException>();
-  const auto index = static_cast<std::size_t>(found);
-  if (!(record.eventRows[index].signature == signature)) Raise<TypeMismatchException>();
-  return index;
+  const std::optional<std::size_t> index = FindEvent(record, name);
+  if (!index) Raise<KeyNotFoundException>();
+  if (!(record.eventRows[*index].signature == signature)) Raise<TypeMismatchException>();
+  return *index;
 }
 
 Function detail::handlerOf(const Object& object, const String& name, const String& signature,

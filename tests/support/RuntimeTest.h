@@ -118,8 +118,7 @@ class BoundEvent {
  public:
   template <class Handler>
   BoundEvent(ClassRecord* record, const String& event, Handler handler)
-      : row_(record->eventRows.at(static_cast<std::size_t>(FindEvent(*record, event)))),
-        before_(row_.handler) {
+      : row_(record->eventRows[FindEvent(*record, event).value()]), before_(row_.handler) {
     row_.handler = reinterpret_cast<Function>(+handler);
   }
   BoundEvent(const BoundEvent&) = delete;
