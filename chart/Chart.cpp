@@ -17,7 +17,7 @@ std::string chart(const Place& place, std::string_view zoneName, const ClockYear
                   const std::function<void()>& yield) {
   const std::int64_t first = dayNumber(year.year, 1, 1);
   const std::int64_t last = dayNumber(year.year, 12, 31);
-  // Local time differs from Universal Time by up to 25 hours.
+  // Two days more at each end: a zone of 24 hours with daylight saving is 25 hours from UTC.
   const Light light(place, first - 2, last + 2, yield);
   std::vector<DayColumn> columns;
   for (std::int64_t day = first; day <= last; ++day) {

@@ -59,7 +59,8 @@ double Light::minutesOfSun(const DaySpan& span) const {
   double sum = 0.0;
   double from = span.begin;
   Band band = bandAt(from);
-  for (auto change = firstAfter(from); change != firstAfter(span.end); ++change) {
+  const auto end = firstAfter(span.end);
+  for (auto change = firstAfter(from); change != end; ++change) {
     const auto to = static_cast<double>(change->minute);
     if (band == Band::Day) sum += to - from;
     from = to;

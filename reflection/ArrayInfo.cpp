@@ -50,8 +50,8 @@ void ArrayInfo::finalizeArrayMap() {
 void ArrayInfo::Constructor(std::int32_t rank, const Ref<TypeInfo>& element) {
   const String suffix = RankSuffix(rank);
   const bool isArray = RuntimeObjectIsa(element.get(), ArrayInfo::__Lookup());
-  depth_ = rank + (isArray ? static_cast<const ArrayInfo&>(*element).depth_ : 0);
-  if (depth_ > MaximumDepth) Raise<StackOverflowException>();
+  totalRank_ = rank + (isArray ? static_cast<const ArrayInfo&>(*element).totalRank_ : 0);
+  if (totalRank_ > MaximumTotalRank) Raise<StackOverflowException>();
   mFullyQualifiedName = element->QualifiedName() + suffix;
   mNameValue = element->Name() + suffix;
   mArrayRank = rank;

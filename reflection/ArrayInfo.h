@@ -17,11 +17,11 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
 
   /// The maximum total number of dimensions of nested arrays. Each level stores its full name, so
   /// 1,000 levels of one dimension use about 5 MB.
-  static constexpr std::int32_t MaximumDepth = 1000;
+  static constexpr std::int32_t MaximumTotalRank = 1000;
 
   /// The shared description of an array type, created on first use. Raises `NilObjectException` for
   /// a nil element, `OutOfBoundsException` for a rank outside 1 to `MaximumRank`,
-  /// `StackOverflowException` beyond `MaximumDepth`.
+  /// `StackOverflowException` beyond `MaximumTotalRank`.
   static Ref<TypeInfo> Lookup(std::int32_t rank, const Ref<TypeInfo>& element);
   /// "()", with a comma for each dimension after the first. Raises `OutOfBoundsException` for a
   /// rank outside 1 to `MaximumRank`.
@@ -39,7 +39,7 @@ class ArrayInfo final : public Described<ArrayInfo, TypeInfo> {
  private:
   std::int32_t mArrayRank = 0;
   Ref<TypeInfo> mElementType;
-  std::int32_t depth_ = 0;  ///< total dimensions, nested arrays included
+  std::int32_t totalRank_ = 0;  ///< total dimensions, nested arrays included
 };
 
 }  // namespace veldrin::Introspection

@@ -72,14 +72,15 @@ Ref<TypeInfo> infoOfName(CodeKind kind, const String& name) {
   }
 }
 
-/// The description of the type of a code. `depth` is the total number of dimensions of the arrays
-/// around it. The maps have no array codes, so only the innermost code is copied into a `String`.
-Ref<TypeInfo> infoOf(std::string_view code, std::int32_t depth) {
+/// The description of the type of a code. `totalRank` is the total number of dimensions of the
+/// arrays around it. The maps have no array codes, so only the innermost code is copied into a
+/// `String`.
+Ref<TypeInfo> infoOf(std::string_view code, std::int32_t totalRank) {
   RuntimeStackCheck();
   const auto parts = readTypeCode(code);
-  if (!parts || depth + parts->rank > ArrayInfo::MaximumDepth) return nullptr;
+  if (!parts || totalRank + parts->rank > ArrayInfo::MaximumTotalRank) return nullptr;
   if (parts->kind == CodeKind::Array) {
-    const Ref<TypeInfo> element = infoOf(parts->inner, depth + parts->rank);
+    const Ref<TypeInfo> element = infoOf(parts->inner, totalRank + parts->rank);
     return element ? ArrayInfo::Lookup(parts->rank, element) : nullptr;
   }
   if (Ref<TypeInfo> intrinsic = find(Registry::intrinsicTypeCodeMap, String(code)))

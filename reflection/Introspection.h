@@ -19,7 +19,7 @@ Ref<TypeInfo> GetType(const Ref<Object>& object);
 
 /// The type of a type code (grammar: `shell/objects/TypeCodeGrammar.h`).
 /// - A malformed or unknown code returns nil. So do nested arrays whose dimensions add up to more
-///   than `ArrayInfo::MaximumDepth`.
+///   than `ArrayInfo::MaximumTotalRank`.
 /// - An unknown or empty class name ("o<>") returns the root (see `ClassInfo::Lookup`).
 /// - A name of an enumeration or a structure returns a new description each time.
 /// - A hidden class returns nil the first time, but its description later, because the first call

@@ -12,7 +12,7 @@
 namespace veldrin {
 namespace {
 
-/// The state of the running process. `_Startup` takes no argument, so it is put in force.
+/// The state of the running process. It is in force, because `_Startup` takes no argument.
 struct ProcessState {
   static constexpr std::string_view Kind = "process";
 

@@ -24,7 +24,7 @@ void wake() {
 void recordSignal(int signal) {
   const int error = errno;
   lastSignal = signal;
-  repeatStop();
+  makeStopPending();
   errno = error;
 }
 
@@ -61,7 +61,7 @@ void dismissStop() {
   lastSignal = 0;
 }
 
-void repeatStop() {
+void makeStopPending() {
   detail::stopPending = 1;
   wake();
 }

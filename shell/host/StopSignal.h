@@ -34,7 +34,7 @@ String stopSignalName();
 void dismissStop();
 
 /// Makes an accepted stop signal pending again. Call if its `EndException` was dropped.
-void repeatStop();
+void makeStopPending();
 
 /// A descriptor that becomes readable when a stop signal arrives, for a toolkit's event loop. The
 /// guard's destructor closes it. -1 if the OS has no free descriptor.

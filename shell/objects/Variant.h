@@ -28,7 +28,7 @@ inline constexpr bool IsAlternative<T, std::variant<Alternatives...>> =
 }  // namespace detail
 
 /// A value of any type that has a type code. Arrays and objects are counted references; a nil
-/// reference becomes nil. An enumeration becomes its number.
+/// reference becomes a nil variant, which holds no value. An enumeration becomes its number.
 class Variant {
  public:
   using Storage =

@@ -53,7 +53,7 @@ void printCalls(const RuntimeException& exception) {
 /// again, so that the event loop ends.
 void passOnStop(const Ref<RuntimeException>& exception) {
   if (!exception->incompleteFile.isEmpty()) _UnhandledException(exception);
-  repeatStop();
+  makeStopPending();
 }
 
 }  // namespace

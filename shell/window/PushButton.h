@@ -22,7 +22,7 @@ class PushButton final : public Described<PushButton, RectControl>, public TextS
 
   Live<String> Caption{*this};
   Live<bool> Default{*this};  ///< whether Return should press it; no toolkit does that
-  Live<bool> Cancel{*this};   ///< Escape alike
+  Live<bool> Cancel{*this};   ///< whether Escape should press it; no toolkit does that
 
  private:
   [[nodiscard]] bool isFocusable() const override { return true; }

@@ -25,10 +25,10 @@ class Window : public Described<Window, Object> {
 
   /// The events of a window, in the order of its table. A handler with a result returns true for
   /// handled. The handler of "CancelClose" gets true if the application is quitting, and returns
-  /// true to refuse. "Activate" and "Deactivate" alternate, also around a dialog. "KeyDown" gets
-  /// the characters of a key that no control has handled. No toolkit raises "KeyUp", "Paint",
-  /// "Resizing", "Resized", "Maximize" or the events of the mouse, of dragging and of contextual
-  /// menus. They exist because the framework's conventions ask for them.
+  /// true to refuse. "Activate" and "Deactivate" alternate; a dialog deactivates an active window
+  /// while shown. "KeyDown" gets the characters of a key that no control has handled. No toolkit
+  /// raises "KeyUp", "Paint", "Resizing", "Resized", "Maximize" or the events of the mouse, of
+  /// dragging and of contextual menus. They exist because the framework's conventions ask for them.
   struct Events {
     static constexpr Event<void()> Layout{"Layout"_s};
     static constexpr Event<void()> CreateControls{"CreateControls"_s};
@@ -67,12 +67,14 @@ class Window : public Described<Window, Object> {
         "DragOver"_s};
   };
 
-  /// `RuntimeCreateWindow`: adds the window to `WindowSupport::Windows`.
+  /// Adds the window to `WindowSupport::Windows`. The framework's conventions call this hook
+  /// `RuntimeCreateWindow`.
   void __Init();
-  /// `RuntimeViewDestructor`: removes the window from the toolkit and releases the controls.
+  /// Removes the window from the toolkit and releases the controls. The framework's conventions
+  /// call this hook `RuntimeViewDestructor`.
   void __Exit();
-  /// `WindowDefaultConstructor`: raises the events of the opening and passes the window to the
-  /// toolkit.
+  /// Raises the events of the opening and passes the window to the toolkit. The framework's
+  /// conventions call this method `WindowDefaultConstructor`.
   virtual void Constructor();
 
   /// Makes an object of a class. The form makes its controls and dates with this method.
@@ -135,7 +137,7 @@ class Window : public Described<Window, Object> {
   [[nodiscard]] bool isOpen() const { return isOpen_; }
 
   std::int32_t Placement = 0;       ///< 0: the toolkit chooses the place on the screen
-  Live<std::int32_t> Width{*this};  ///< of the content, in pixels, like all sizes here
+  Live<std::int32_t> Width{*this};  ///< the width of the content, in pixels, like all sizes here
   Live<std::int32_t> Height{*this};
   Live<std::int32_t> MinWidth{*this};
   Live<std::int32_t> MinHeight{*this};

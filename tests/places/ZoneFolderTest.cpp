@@ -68,7 +68,7 @@ TEST(ZoneFolderTest, FindsNamesInTheSpellingOfUsers) {
       {"utc", "UTC"},
       {"etc/gmt+8", "Etc/GMT+8"},
       {"knox", "America/Indiana/Knox"},
-      // Of two names of a zone, only the present one has a town.
+      // If several names of a zone fit, the current one is found: only it has a town.
       {"buenos aires", "America/Argentina/Buenos_Aires"},
       {"istanbul", "Europe/Istanbul"},
       {"Eastern", "Several time zones have that name: Canada/Eastern, US/Eastern."},

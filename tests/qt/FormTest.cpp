@@ -42,7 +42,7 @@ TEST_F(FormOnDesktopTest, EveryTextFitsAtUsualFontSizes) {
   QApplication::setFont(before);
 }
 
-/// What differs from the defaults: alignment, font, colours, and kind of field.
+/// The properties that differ from the defaults: alignment, font, colours, and kind of field.
 std::string look(std::string_view name) {
   const QWidget& shown = QtPerson::widget(name);
   const bool isField = qobject_cast<const QLineEdit*>(&shown) != nullptr;
@@ -223,7 +223,7 @@ TEST_F(FormOnDesktopTest, TheWindowRaisesTheEventsOfTheDesktop) {
   QtPerson::window().move(30, 40);
   QtPerson::window().showMinimized();
   QtPerson::window().showNormal();
-  QEvent activation(QEvent::WindowActivate);
+  QEvent activation(QEvent::WindowActivate);  // raises neither "Moved" nor another of these
   QApplication::sendEvent(&QtPerson::window(), &activation);
   EXPECT_EQ(heard, "x left moved small large");
 }

@@ -1,4 +1,4 @@
-"""Files that cannot be written or exist already."""
+"""Files that already exist or cannot be written, and a signal while the save dialog is open."""
 
 import signal
 
@@ -7,7 +7,7 @@ from desktop import until
 
 
 class SavingTest(ScreenTest):
-    def test_a_failed_opening_shows_a_message_and_the_window_stays_open(self) -> None:
+    def test_a_file_that_fails_to_open_shows_a_message_and_keeps_the_window(self) -> None:
         before = self.status()
         nowhere = str(self.desktop.home / "no folder" / "Veldrin.ics")
         self.save_as(nowhere)
