@@ -21,6 +21,7 @@ struct FixedString {
   [[nodiscard]] static constexpr std::size_t size() { return Size; }
   [[nodiscard]] constexpr std::string_view view() const { return {characters.data(), Size}; }
 
+  /// A new text: this one, then `other`.
   template <std::size_t Other>
   constexpr FixedString<Size + Other> operator+(const FixedString<Other>& other) const {
     FixedString<Size + Other> sum;

@@ -18,10 +18,12 @@ static_assert(FLT_EVAL_METHOD == 0);
 // Angles are in radians. The build flags forbid the compiler to merge a sine and a cosine into one
 // call or to fold constants, because the last digit might differ from the result of the C library.
 
+/// The C library's sine of an angle.
 inline double Sin(double angle) {
   return std::sin(angle);
 }
 
+/// The C library's cosine of an angle.
 inline double Cos(double angle) {
   return std::cos(angle);
 }
@@ -46,6 +48,7 @@ inline double Floor(double value) {
   return std::floor(value);
 }
 
+/// The absolute value; 0.0 for -0.0, NaN for NaN.
 inline double Abs(double value) {
   return std::fabs(value);
 }

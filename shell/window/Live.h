@@ -25,6 +25,7 @@ class LiveProperty {
 
   [[nodiscard]] T operator()() const { return value_; }
 
+  /// Writes the property; calls `changed()` only if the value differs.
   void operator()(T value) {
     std::swap(value_, value);
     if (!(value_ == value)) owner_.changed();
