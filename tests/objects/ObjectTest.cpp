@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "shell/objects/BlockPool.h"
 #include "shell/values/Date.h"
 #include "shell/window/PaneChild.h"
 #include "shell/window/PushButton.h"
@@ -54,21 +53,6 @@ class Child final : public Described<Child, Parent> {
   }
   void __Exit() { hooks.emplace_back("Child.__Exit"); }
 };
-
-TEST(BlockPoolTest, AFreedBlockIsUsedAgain) {
-  for (const std::size_t size : {std::size_t{1}, detail::FreeList::LargestSize}) {
-    void* const block = allocateBlock(size);
-    void* const other = allocateBlock(size);
-    freeBlock(other, size);
-    freeBlock(block, size);
-    if (detail::Pooled) {
-      EXPECT_EQ(allocateBlock(size), block) << size;
-      EXPECT_EQ(allocateBlock(size), other) << size;
-      freeBlock(other, size);
-      freeBlock(block, size);
-    }
-  }
-}
 
 TEST_F(ObjectTest, AssignmentKeepsTheCountsBalanced) {
   const std::int64_t before = liveObjectCount();

@@ -1,9 +1,11 @@
 #include "shell/objects/String.h"
 
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "shell/objects/BlockPool.h"
 #include "tests/support/ValuesTest.h"
 
 namespace veldrin::test {
@@ -57,6 +59,16 @@ TEST(StringTest, CopiesKeepTheCountsBalanced) {
     EXPECT_EQ(record->count, before);
   }
   EXPECT_EQ("a constant"_s.record()->count, 1);
+}
+
+TEST(StringTest, TheBlockOfAReleasedTextIsUsedAgain) {
+  if (!detail::Pooled) GTEST_SKIP() << "the sanitizer has a heap of its own";
+  for (const std::size_t length : {1U, 60U}) {
+    const auto usedAddress = [length] {
+      return reinterpret_cast<std::uintptr_t>(String(std::string(length, 'x')).record());
+    };
+    EXPECT_EQ(usedAddress(), usedAddress()) << length;
+  }
 }
 
 TEST(StringTest, TextBlockHasASaturatingPrefixAndATerminator) {
